@@ -1,0 +1,450 @@
+/**
+ * @file orvel.h
+ * The whole interface of OrvelSDK, and its manual.
+ *
+ * A host creates a canvas in memory, draws on it, and saves it as a picture. The same calls give
+ * the same bytes on every machine.
+ *
+ * House rules, for every function unless it says otherwise:
+ *  - Null. A null object pointer is tolerated: the call does nothing, or returns its neutral value
+ *    (0 for sizes, the all-zero colour, -1 for a status, null for a constructor).
+ *  - Status. An int status is 0 for success and -1 for every failure. No error text is kept.
+ *  - Ownership. The host owns every canvas, theme and widget and destroys each canvas and widget
+ *    once. A widget borrows its canvas and its theme; both must outlive its last draw.
+ *  - Strings are zero-terminated bytes. The library copies those it keeps.
+ *  - Coordinates are pixels, the origin is the top left corner, y grows downward.
+ *  - Clipping. What lies outside the canvas is silently dropped, pixel by pixel. No call spends
+ * time on what cannot be seen: a shape with any int arguments costs no more than the rows and
+ * columns of the canvas that it crosses.
+ *  - No blending. A pixel drawn replaces the old one, alpha included; alpha is data.
+ *  - Arithmetic is 32-bit and wraps as two's complement where a sum or product leaves the range.
+ *  - Threads. No locks: one thread at a time, or one canvas, theme and set of widgets per thread.
+ *    The lifecycle, resource and sound functions share library-wide state: one thread for them all.
+ *  - Memory. A canvas or widget whose record cannot be allocated is null. Any other allocation that
+ *    fails raises std::bad_alloc, which a C host cannot catch: the process then ends.
+ *  - Order. No call needs orvel_init() to have been made, and all work after orvel_shutdown().
+ */
+#ifndef ORVEL_H
+#define ORVEL_H
+
+/** The version of this header; orvel_version() tells that of the library in use. */
+#define ORVEL_VERSION "0.1.0"
+
+#if defined(_WIN32)
+#define ORVEL_API
+#else
+#define ORVEL_API __attribute__((visibility("default")))
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/** A colour: red, green, blue and alpha (255 is opaque), four bytes in this order in memory. */
+typedef struct orvel_color {
+    unsigned char r, g, b, a;
+} orvel_color;
+
+/** A picture in memory; made by orvel_canvas_create(). */
+typedef struct orvel_canvas orvel_canvas;
+
+/** One piece of user interface; made by the orvel_widget_ constructors. */
+typedef struct orvel_widget orvel_widget;
+
+/**
+ * The nine colours that widgets are drawn in. Plain memory of the host's: the library never
+ * allocates one. The field names are also the keys of theme files.
+ */
+typedef struct orvel_theme {
+    orvel_color background;
+    orvel_color surface;
+    orvel_color text;
+    orvel_color accent;
+    orvel_color border;
+    orvel_color button;
+    orvel_color button_hover;
+    orvel_color button_text;
+    orvel_color error; /**< no widget uses it; for the host's own drawing */
+} orvel_theme;
+
+/** The kinds of widget. The codes are part of the interface. */
+typedef enum orvel_widget_kind {
+    ORVEL_WIDGET_WINDOW = 0,
+    ORVEL_WIDGET_PANEL = 1,
+    ORVEL_WIDGET_LABEL = 2,
+    ORVEL_WIDGET_BUTTON = 3,
+    ORVEL_WIDGET_TOGGLE = 4,
+    ORVEL_WIDGET_CHECKBOX = 5,
+    ORVEL_WIDGET_SLIDER = 6,
+    ORVEL_WIDGET_PROGRESS = 7,
+    ORVEL_WIDGET_TEXTBOX = 8,
+    ORVEL_WIDGET_ICON = 9,
+    ORVEL_WIDGET_IMAGE = 10,
+    ORVEL_WIDGET_SEPARATOR = 11,
+    ORVEL_WIDGET_CARD = 12,
+    ORVEL_WIDGET_RADIO = 13,
+    ORVEL_WIDGET_DROPDOWN = 14,
+    ORVEL_WIDGET_SPINNER = 15,
+    ORVEL_WIDGET_RATING = 16,
+    ORVEL_WIDGET_STEPPER = 17,
+    ORVEL_WIDGET_TABS = 18,
+    ORVEL_WIDGET_AVATAR = 19,
+    ORVEL_WIDGET_BADGE = 20,
+    ORVEL_WIDGET_TITLEBAR = 21,
+    ORVEL_WIDGET_LIST_ITEM = 22,
+    ORVEL_WIDGET_MENU = 23,
+    ORVEL_WIDGET_BARS = 24,
+    ORVEL_WIDGET_SEARCH = 25,
+    ORVEL_WIDGET_TOOLTIP = 26,
+    ORVEL_WIDGET_STATUSBAR = 27
+} orvel_widget_kind;
+
+/* ---- Lifecycle and resources ---- */
+
+/**
+ * Marks the library as initialised and, unless it already was, writes
+ * "[OrvelSDK] inizializzato (v0.1.0)" to the standard error stream. Always returns 0.
+ */
+ORVEL_API int orvel_init(void);
+
+/** The version of the library, "0.1.0". A static string: never null, never freed. */
+ORVEL_API const char* orvel_version(void);
+
+/**
+ * Clears the initialised mark and, if it was set, writes "[OrvelSDK] chiuso" to the standard error
+ * stream. Nothing is released: the resource root stays in force and music goes on.
+ */
+ORVEL_API void orvel_shutdown(void);
+
+/**
+ * Sets the resource root: the folder that holds "Sounds", "Music", "Icons" and "UI". The path is
+ * copied and used exactly as given; it need not exist. An empty path unsets the root, which then is
+ * the folder Resources under the directory named by the environment variable ORVELSDK_PATH or,
+ * where that is unset or empty, under the current working directory.
+ *
+ * A resource name without a dot stands for the first file that opens among name.wav, .mp3, .bmp,
+ * .json, .m4a, .aiff and .png; a name with a dot is used as it is.
+ *
+ * @return 0, or -1 when @p path is null, which leaves the old root in force.
+ */
+ORVEL_API int orvel_set_resource_path(const char* path);
+
+/* ---- Canvas ---- */
+
+/**
+ * Makes a canvas of @p width x @p height pixels, all opaque black. Null when a side is below 1 or
+ * the record cannot be allocated; raises std::bad_alloc when the pixels cannot.
+ */
+ORVEL_API orvel_canvas* orvel_canvas_create(int width, int height);
+
+/** Releases a canvas. No widget made for it may be drawn afterwards. */
+ORVEL_API void orvel_canvas_destroy(orvel_canvas* canvas);
+
+ORVEL_API int orvel_canvas_width(const orvel_canvas* canvas);  /**< in pixels; 0 for null */
+ORVEL_API int orvel_canvas_height(const orvel_canvas* canvas); /**< in pixels; 0 for null */
+
+/** Sets every pixel to @p color. */
+ORVEL_API void orvel_canvas_clear(orvel_canvas* canvas, orvel_color color);
+
+/** Sets the pixel (x, y); ignored outside the canvas. */
+ORVEL_API void orvel_canvas_pixel(orvel_canvas* canvas, int x, int y, orvel_color color);
+
+/** The pixel (x, y); all zero outside the canvas, which equals a stored transparent black. */
+ORVEL_API orvel_color orvel_canvas_pixel_get(const orvel_canvas* canvas, int x, int y);
+
+/* ---- Shapes ---- */
+
+/**
+ * A line of single pixels, both ends included, by Bresenham's integer algorithm
+ * (IBM Systems Journal 4(1), 1965) for all octants. Exact between any two points.
+ */
+ORVEL_API void orvel_canvas_line(orvel_canvas* canvas, int x0, int y0, int x1, int y1,
+                                 orvel_color color);
+
+/**
+ * The one-pixel outline of the @p w x @p h box at (x, y), inside the box: four lines. Nothing when
+ * @p w or @p h is below 1.
+ */
+ORVEL_API void orvel_canvas_rect(orvel_canvas* canvas, int x, int y, int w, int h,
+                                 orvel_color color);
+
+/** Fills the box [x, x + w) x [y, y + h). Nothing when @p w or @p h is below 1. */
+ORVEL_API void orvel_canvas_fill_rect(orvel_canvas* canvas, int x, int y, int w, int h,
+                                      orvel_color color);
+
+/**
+ * The outline of a circle around (cx, cy): a midpoint rule that starts from d = 3 - 2r and tests d
+ * before it is stepped. A radius of 0 is one pixel, a negative one nothing.
+ */
+ORVEL_API void orvel_canvas_circle(orvel_canvas* canvas, int cx, int cy, int r, orvel_color color);
+
+/**
+ * A filled disc: on each row dy the span of the truncated square root of r^2 - dy^2 to both sides,
+ * so its edge differs a little from that of orvel_canvas_circle(). The difference is formed in 32
+ * bits: a radius above 46340 leaves out the rows on which it wraps to a negative number. A radius
+ * of 0 is one pixel, a negative one nothing.
+ */
+ORVEL_API void orvel_canvas_fill_circle(orvel_canvas* canvas, int cx, int cy, int r,
+                                        orvel_color color);
+
+/**
+ * A filled triangle, its edges included, by edge functions (Pineda, SIGGRAPH 1988); both windings
+ * fill. Three points on one line fill that whole line within their rows: three points on one row
+ * fill the row from edge to edge of the canvas. The edge functions are formed in 32 bits; they are
+ * exact while all coordinates and sides lie within 16384 of zero.
+ */
+ORVEL_API void orvel_canvas_fill_triangle(orvel_canvas* canvas, int x0, int y0, int x1, int y1,
+                                          int x2, int y2, orvel_color color);
+
+/* ---- Pictures ---- */
+
+/**
+ * Writes the canvas to the file @p path as a 24-bit BMP, bottom row first, without alpha.
+ *
+ * @return 0 once the file was opened: what happens to the writes after that is not looked at. -1
+ *         for null arguments and when the file cannot be opened for writing.
+ */
+ORVEL_API int orvel_canvas_save_bmp(const orvel_canvas* canvas, const char* path);
+
+/**
+ * Writes the canvas as a 32-bit BMP with alpha. Its compression field holds 255, which many readers
+ * refuse; orvel_icon_draw_bitmap() reads it. Results as for orvel_canvas_save_bmp().
+ */
+ORVEL_API int orvel_canvas_save_bmp_rgba(const orvel_canvas* canvas, const char* path);
+
+/* ---- Text ---- */
+
+/**
+ * The width of @p text in pixels: 6 a byte, less the last gap; 0 for null or empty. Every byte
+ * counts, newlines too. The height of a text is always 7.
+ */
+ORVEL_API int orvel_text_width(const char* text);
+
+/**
+ * Draws @p text with the top left corner of its first cell at (x, y). A cell is 5 x 7 pixels, the
+ * next one starts 6 further right. Clear bits leave the canvas as it is. A newline (10) is skipped:
+ * it moves nothing and starts no new line. Every other byte outside 32 ... 126 is a blank cell.
+ *
+ * The shapes are the library's own and are not the letters: each cell shows seven consecutive bytes
+ * of a font stored by columns, read as rows.
+ */
+ORVEL_API void orvel_text_draw(orvel_canvas* canvas, const char* text, int x, int y,
+                               orvel_color color);
+
+/* ---- Icons ---- */
+
+/**
+ * The names of the 68 built-in icons, in their fixed order.
+ *
+ * @param count  receives 68; may be null.
+ * @return the library's own table, which lives as long as the library; do not write to it.
+ */
+ORVEL_API const char** orvel_icon_list(int* count);
+
+/** 1 when @p name is exactly one of the 68 names, else 0. */
+ORVEL_API int orvel_icon_exists(const char* name);
+
+/**
+ * Draws the built-in icon @p name in the square of side @p size at (x, y), in one colour. Its
+ * cut-outs take the colour of the canvas at (x, y), or opaque black where that is transparent or
+ * outside.
+ *
+ * @return 0; -1 for null arguments or a size below 1, which draw nothing, and for an unknown name,
+ *         which draws a one-pixel frame of the square.
+ */
+ORVEL_API int orvel_draw_icon(orvel_canvas* canvas, const char* name, int x, int y, int size,
+                              orvel_color color);
+
+/**
+ * As orvel_draw_icon(), with the colours of the design's details (@p accent) and of its cut-outs
+ * (@p background) given.
+ */
+ORVEL_API int orvel_draw_icon_ex(orvel_canvas* canvas, const char* name, int x, int y, int size,
+                                 orvel_color color, orvel_color accent, orvel_color background);
+
+/**
+ * Draws the BMP file @p name of the resource folder "Icons" at its own size, its top left corner at
+ * (x, y). 24 and 32 bits a pixel are read, rows in either order; every other header field is
+ * ignored. A pixel of a 32-bit file with alpha 0 is skipped, any other replaces the canvas pixel.
+ * The file is not trusted: any bytes are safe, and one that ends early shows the rows before the
+ * cut.
+ *
+ * @return 0 when the file was accepted; -1 for null arguments, a file that cannot be opened, a
+ * header shorter than 54 bytes or without "BM", and any other depth.
+ */
+ORVEL_API int orvel_icon_draw_bitmap(orvel_canvas* canvas, const char* name, int x, int y);
+
+/* ---- Themes ---- */
+
+ORVEL_API void orvel_theme_default(
+    orvel_theme* theme);                              /**< fills all nine fields: the dark theme */
+ORVEL_API void orvel_theme_light(orvel_theme* theme); /**< fills all nine fields: the light theme */
+
+/**
+ * Reads the theme file @p name of the resource folder "UI" over @p theme. For each of the nine keys
+ * in double quotes, the next quoted text after the next colon is its colour, "#rrggbb". A key that
+ * is missing or whose value is empty keeps its field, so fill the record first. A value shorter
+ * than six digits is white; a bad digit counts as 0; alpha becomes 255.
+ *
+ * @return 0 when the file was opened, whatever it held; -1 for null arguments or when it cannot be.
+ */
+ORVEL_API int orvel_theme_load(orvel_theme* theme, const char* name);
+
+/**
+ * Writes @p theme to the file @p name of the resource folder "UI", 264 bytes, without alpha. A name
+ * without a dot overwrites the file that loading it would find; if there is none, the file gets
+ * exactly that name. No folder is made.
+ *
+ * @return 0 once the file was opened; -1 for null arguments or when it cannot be.
+ */
+ORVEL_API int orvel_theme_save(const orvel_theme* theme, const char* name);
+
+/* ---- Widgets ---- */
+/*
+ * Every constructor returns null when canvas or theme is null or the record cannot be allocated.
+ * The text is copied; null counts as empty. A rectangle is stored as given, whatever its size or
+ * sign. Flags are on for any value but 0. Fractions are clamped to [0, 1]; NaN is kept and draws as
+ * 0. The theme is read at every draw: changing the record re-colours its widgets.
+ */
+
+ORVEL_API orvel_widget* orvel_widget_window(orvel_canvas* canvas, const orvel_theme* theme,
+                                            const char* title, int x, int y, int w, int h);
+ORVEL_API orvel_widget* orvel_widget_panel(orvel_canvas* canvas, const orvel_theme* theme, int x,
+                                           int y, int w, int h);
+ORVEL_API orvel_widget* orvel_widget_label(orvel_canvas* canvas, const orvel_theme* theme,
+                                           const char* text, int x, int y);
+/** Reacts to hover. */
+ORVEL_API orvel_widget* orvel_widget_button(orvel_canvas* canvas, const orvel_theme* theme,
+                                            const char* text, int x, int y, int w, int h);
+ORVEL_API orvel_widget* orvel_widget_toggle(orvel_canvas* canvas, const orvel_theme* theme, int x,
+                                            int y, int w, int h, int on);
+ORVEL_API orvel_widget* orvel_widget_checkbox(orvel_canvas* canvas, const orvel_theme* theme,
+                                              const char* text, int x, int y, int checked);
+/** 9 pixels high. Reacts to hover. */
+ORVEL_API orvel_widget* orvel_widget_slider(orvel_canvas* canvas, const orvel_theme* theme, int x,
+                                            int y, int w, double value);
+ORVEL_API orvel_widget* orvel_widget_progress(orvel_canvas* canvas, const orvel_theme* theme, int x,
+                                              int y, int w, int h, double value);
+/** Reacts to hover. */
+ORVEL_API orvel_widget* orvel_widget_textbox(orvel_canvas* canvas, const orvel_theme* theme,
+                                             const char* text, int x, int y, int w, int h);
+/** @p name is one of the built-in icons. */
+ORVEL_API orvel_widget* orvel_widget_icon(orvel_canvas* canvas, const orvel_theme* theme,
+                                          const char* name, int x, int y, int size);
+/** @p name is a bitmap of the resource folder "Icons", drawn at its own size. */
+ORVEL_API orvel_widget* orvel_widget_image(orvel_canvas* canvas, const orvel_theme* theme,
+                                           const char* name, int x, int y);
+/** A line from x to x + w, that is w + 1 pixels. */
+ORVEL_API orvel_widget* orvel_widget_separator(orvel_canvas* canvas, const orvel_theme* theme,
+                                               int x, int y, int w);
+ORVEL_API orvel_widget* orvel_widget_card(orvel_canvas* canvas, const orvel_theme* theme, int x,
+                                          int y, int w, int h);
+ORVEL_API orvel_widget* orvel_widget_radio(orvel_canvas* canvas, const orvel_theme* theme,
+                                           const char* text, int x, int y, int selected);
+/** An open dropdown differs by its frame; its list is the host's to draw. */
+ORVEL_API orvel_widget* orvel_widget_dropdown(orvel_canvas* canvas, const orvel_theme* theme,
+                                              const char* text, int x, int y, int w, int h,
+                                              int open);
+/** @p value is the fraction of a clockwise turn from 3 o'clock. */
+ORVEL_API orvel_widget* orvel_widget_spinner(orvel_canvas* canvas, const orvel_theme* theme, int x,
+                                             int y, int size, double value);
+/** @p value is the fraction of five stars. */
+ORVEL_API orvel_widget* orvel_widget_rating(orvel_canvas* canvas, const orvel_theme* theme, int x,
+                                            int y, double value);
+ORVEL_API orvel_widget* orvel_widget_stepper(orvel_canvas* canvas, const orvel_theme* theme, int x,
+                                             int y, int w, int h, int value);
+/** @p items are the captions, joined with "|"; @p selected counts from 0. */
+ORVEL_API orvel_widget* orvel_widget_tabs(orvel_canvas* canvas, const orvel_theme* theme,
+                                          const char* items, int x, int y, int w, int h,
+                                          int selected);
+/** Null @p initials count as "?". */
+ORVEL_API orvel_widget* orvel_widget_avatar(orvel_canvas* canvas, const orvel_theme* theme,
+                                            const char* initials, int x, int y, int size);
+ORVEL_API orvel_widget* orvel_widget_badge(orvel_canvas* canvas, const orvel_theme* theme, int x,
+                                           int y, int count);
+ORVEL_API orvel_widget* orvel_widget_titlebar(orvel_canvas* canvas, const orvel_theme* theme,
+                                              const char* title, int x, int y, int w, int h);
+/** @p icon is one of the built-in icons; null or empty for none. */
+ORVEL_API orvel_widget* orvel_widget_list_item(orvel_canvas* canvas, const orvel_theme* theme,
+                                               const char* text, const char* icon, int x, int y,
+                                               int w, int h, int selected);
+/** Items side by side, joined with "|"; @p selected counts from 0. */
+ORVEL_API orvel_widget* orvel_widget_menu(orvel_canvas* canvas, const orvel_theme* theme,
+                                          const char* items, int x, int y, int w, int h,
+                                          int selected);
+/** Draws nothing until orvel_widget_set_data() has given it values. */
+ORVEL_API orvel_widget* orvel_widget_bars(orvel_canvas* canvas, const orvel_theme* theme, int x,
+                                          int y, int w, int h);
+ORVEL_API orvel_widget* orvel_widget_search(orvel_canvas* canvas, const orvel_theme* theme,
+                                            const char* text, int x, int y, int w, int h);
+ORVEL_API orvel_widget* orvel_widget_tooltip(orvel_canvas* canvas, const orvel_theme* theme,
+                                             const char* text, int x, int y);
+ORVEL_API orvel_widget* orvel_widget_statusbar(orvel_canvas* canvas, const orvel_theme* theme,
+                                               const char* text, int x, int y, int w, int h);
+
+/** Releases a widget and its copies; not its canvas or theme. */
+ORVEL_API void orvel_widget_destroy(orvel_widget* widget);
+
+/* Every setter works on every kind; state that a kind does not show is kept and not drawn. */
+
+/** The pointer is over the widget: button, slider, textbox. */
+ORVEL_API void orvel_widget_set_hover(orvel_widget* widget, int on);
+/** On, checked, selected, open or focused: toggle, checkbox, radio, dropdown, search, list item. */
+ORVEL_API void orvel_widget_set_active(orvel_widget* widget, int on);
+/** A fraction, clamped to [0, 1], NaN kept: slider, progress, spinner, rating. */
+ORVEL_API void orvel_widget_set_value(orvel_widget* widget, double value);
+/** A number, not clamped: stepper, badge; the selected index of tabs and menu, none if out of
+ * range. */
+ORVEL_API void orvel_widget_set_amount(orvel_widget* widget, int amount);
+/**
+ * Replaces the values of a bar chart by a copy of @p count values, drawn clamped to [0, 1]. A count
+ * of 0 empties the list. Null @p values or a negative count do nothing. All or nothing: when memory
+ * runs out, the old values stay.
+ */
+ORVEL_API void orvel_widget_set_data(orvel_widget* widget, const double* values, int count);
+
+/** Draws the widget on its canvas in the colours of its theme. Never changes the widget. */
+ORVEL_API void orvel_widget_draw(orvel_widget* widget);
+
+/* ---- Sound ---- */
+
+/**
+ * Plays the file @p name of the resource folder "Sounds" once, without waiting. Writes
+ * "[OrvelSDK] suono: PATH" or "[OrvelSDK] suono non trovato: PATH" to the standard error stream.
+ *
+ * @return 0 when the system took the sound; -1 for null, a file that does not open, or a file that
+ *         the system refuses.
+ */
+ORVEL_API int orvel_play_sound(const char* name);
+
+/**
+ * Stops the music, then plays the file @p name of the resource folder "Music" once in a player
+ * process. Writes "[OrvelSDK] musica: PATH" or "[OrvelSDK] musica non trovata: PATH" to the
+ * standard error stream. The old music stops even when the new file is missing.
+ *
+ * @return 0 when the player process was started, whether or not it can play the file; -1 for null
+ *         (the music goes on), a file that does not open, or when no process can be started.
+ */
+ORVEL_API int orvel_play_music(const char* name);
+
+/** Stops the music player, if one was started, and waits for it to end. */
+ORVEL_API void orvel_stop_music(void);
+
+/**
+ * Plays a sine tone beside whatever else is playing. It is written as a 16-bit mono WAV file of
+ * 44100 samples a second to /tmp/orvelsdk_tone.wav and played in a player process of its own, which
+ * the library neither stops nor waits for. Writes "[OrvelSDK] tone: HZ Hz x MS ms" to the standard
+ * error stream. Keep durations below 97392 ms: from there the 32-bit sample count wraps.
+ *
+ * @param frequency_hz  above 0.
+ * @param duration_ms   at least 1.
+ * @return 0 when the player process was started; -1 for arguments out of range or when no process
+ *         can be started.
+ */
+ORVEL_API int orvel_play_tone(double frequency_hz, int duration_ms);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif /* ORVEL_H */

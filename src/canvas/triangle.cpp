@@ -1,0 +1,115 @@
+// Filled triangles by edge functions.
+//
+// A pixel is inside unless one edge function is negative there and another positive. The three add
+// up to twice the signed area at every pixel, so inside means that none has the sign opposite to
+// the area's, or that all are zero where the area is. Each edge thus bounds x on a row by one
+// division.
+#include <algorithm>
+#include <cstdint>
+#include <initializer_list>
+
+#include "canvas/canvas.h"
+
+namespace {
+
+/// Up to this distance from zero every edge function fits 32 bits at every pixel of a canvas.
+constexpr int kExact = 16384;
+
+struct Point {
+    int x, y;
+};
+
+/// The edge function of the line from @p a to @p b, in wrapping 32-bit arithmetic.
+struct Edge {
+    int per_column, per_row, value;  // value is that of the first pixel of the current row
+
+    Edge(Point a, Point b, int first_row)
+        : per_column(b.y - a.y),
+          per_row(a.x - b.x),
+          value(-a.x * per_column + (first_row - a.y) * per_row) {}
+
+    Edge operator-() const {
+        Edge opposite = *this;
+        opposite.per_column = -per_column;
+        opposite.per_row = -per_row;
+        opposite.value = -value;
+        return opposite;
+    }
+};
+
+/// Columns, both ends included; empty when first > last.
+struct Columns {
+    int first, last;
+
+    /// Drops the columns at which @p edge is negative.
+    void keep_nonnegative(const Edge& edge) {
+        const int slope = edge.per_column;
+        if (slope > 0) {
+            if (edge.value < 0) first = std::max(first, (slope - 1 - edge.value) / slope);
+        } else if (edge.value < 0) {
+            last = -1;
+        } else if (slope < 0) {
+            last = std::min(last, edge.value / -slope);
+        }
+    }
+};
+
+/// The plain rule, for what the arithmetic may wrap in: looks at every pixel of a row.
+Columns scan(const Edge (&edges)[3], int width) {
+    Columns found = {width, -1};
+    int e0 = edges[0].value, e1 = edges[1].value, e2 = edges[2].value;
+    for (int x = 0; x < width; ++x) {
+        const bool negative = (e0 | e1 | e2) < 0;
+        const bool positive = e0 > 0 || e1 > 0 || e2 > 0;
+        if (!(negative && positive)) {
+            found.first = std::min(found.first, x);
+            found.last = x;
+        }
+        e0 += edges[0].per_column;
+        e1 += edges[1].per_column;
+        e2 += edges[2].per_column;
+    }
+    return found;
+}
+
+bool is_exact(const orvel_canvas& canvas, std::initializer_list<Point> points) {
+    return canvas.width <= kExact && canvas.height <= kExact &&
+           std::all_of(points.begin(), points.end(), [](Point p) {
+               return p.x >= -kExact && p.x <= kExact && p.y >= -kExact && p.y <= kExact;
+           });
+}
+
+}  // namespace
+
+void orvel_canvas_fill_triangle(orvel_canvas* canvas, int x0, int y0, int x1, int y1, int x2,
+                                int y2, orvel_color color) {
+    if (!canvas) return;
+    const int top = std::max(std::min({y0, y1, y2}), 0);
+    const int bottom = std::min(std::max({y0, y1, y2}), canvas->height - 1);
+    if (top > bottom) return;
+
+    const Point p0 = {x0, y0}, p1 = {x1, y1}, p2 = {x2, y2};
+    Edge edges[3] = {{p0, p2, top}, {p2, p1, top}, {p1, p0, top}};
+    const int width = canvas->width;
+    const bool exact = is_exact(*canvas, {p0, p1, p2});
+    const std::int64_t area = std::int64_t(edges[0].value) + edges[1].value + edges[2].value;
+    if (exact && area < 0) {
+        for (Edge& edge : edges) edge = -edge;
+    }
+    for (int row = top; row <= bottom; ++row) {
+        Columns columns = {0, width - 1};
+        if (exact) {
+            for (const Edge& edge : edges) {
+                columns.keep_nonnegative(edge);
+                if (area == 0) columns.keep_nonnegative(-edge);
+            }
+        } else {
+            columns = scan(edges, width);
+        }
+        if (columns.first <= columns.last) {
+            orvel::fill_run(orvel::pixel_at(*canvas, columns.first, row),
+                            columns.last - columns.first + 1, color);
+        }
+        for (Edge& edge : edges) edge.value += edge.per_row;
+    }
+}

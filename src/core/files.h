@@ -1,0 +1,21 @@
+// Opening files the way a library inside someone else's process must.
+#pragma once
+
+#include <cstdio>
+#include <memory>
+
+namespace orvel {
+
+struct CloseFile {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, CloseFile>;
+
+/// Opens @p path for binary reading, or returns null. Never waits for the other end of a FIFO, and
+/// the descriptor does not reach child processes. Folders open where the platform opens them.
+File open_for_reading(const char* path);
+
+/// Whether open_for_reading() would open @p path.
+bool opens_for_reading(const char* path);
+
+}  // namespace orvel

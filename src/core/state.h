@@ -1,0 +1,26 @@
+// The library-wide state and the functions that the library exports for its own callers.
+#pragma once
+
+#include <string>
+
+#include "orvel.h"
+
+namespace orvel {
+
+/// All that the library remembers between calls, the music player's process id aside.
+struct GlobalState {
+    bool initialized = false;
+    std::string custom_resource_path;  // the root that the host set; empty when it set none
+};
+
+ORVEL_API GlobalState& state();
+
+/// The resource root: the host's as it was given, else "Resources" under the directory that
+/// ORVELSDK_PATH names, else under the current one. The environment is read at every call.
+ORVEL_API std::string resource_path();
+
+/// The path of the resource @p name in @p folder. A name with a dot is joined and not looked for.
+/// Any other gets the first extension under which a file opens, or none when there is no such file.
+ORVEL_API std::string resolve_resource(const std::string& folder, const std::string& name);
+
+}  // namespace orvel

@@ -1,0 +1,20 @@
+// Pictures kept as text files under tests/golden.
+#pragma once
+
+#include <string>
+
+#include "support/picture.h"
+
+namespace orvel_test {
+
+/// Fails unless the canvas, as a picture, equals the section @p name of the file tests/golden/@p
+/// file. On failure it names the first differing pixel, shows both pictures and leaves actual,
+/// expected and difference images in the build folder's golden-failures. With ORVEL_UPDATE_GOLDEN=1
+/// in the environment the section is written instead, and must then be read like code.
+void expect_golden(const std::string& file, const std::string& name, const orvel_canvas* canvas,
+                   const Palette& palette);
+
+/// The same for text that is not a picture, such as a list of checksums.
+void expect_golden_text(const std::string& file, const std::string& name, const std::string& text);
+
+}  // namespace orvel_test
