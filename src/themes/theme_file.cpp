@@ -1,0 +1,130 @@
+// Theme files look like JSON and are read as plain text: a key in quotes, then the next quoted text
+// after the next colon.
+#include <array>
+#include <cstddef>
+#include <cstdio>
+#include <cstring>
+#include <string>
+#include <string_view>
+
+#include "core/files.h"
+#include "core/state.h"
+#include "themes/hex.h"
+
+namespace orvel {
+namespace {
+
+constexpr std::size_t kNone = std::string_view::npos;
+
+struct ThemeKey {
+    std::string_view key;
+    std::size_t offset;  // of the field in orvel_theme
+};
+
+constexpr ThemeKey kThemeKeys[] = {
+    {"background", offsetof(orvel_theme, background)},
+    {"surface", offsetof(orvel_theme, surface)},
+    {"text", offsetof(orvel_theme, text)},
+    {"accent", offsetof(orvel_theme, accent)},
+    {"border", offsetof(orvel_theme, border)},
+    {"button", offsetof(orvel_theme, button)},
+    {"button_hover", offsetof(orvel_theme, button_hover)},
+    {"button_text", offsetof(orvel_theme, button_text)},
+    {"error", offsetof(orvel_theme, error)},
+};
+constexpr std::size_t kKeyCount = sizeof kThemeKeys / sizeof *kThemeKeys;
+
+std::string read_all(std::FILE* file) {
+    std::string text;
+    char block[4096];
+    while (const std::size_t size = std::fread(block, 1, sizeof block, file)) {
+        text.append(block, size);
+    }
+    return text;
+}
+
+/// For each key the position of the quote that closes its first appearance in quotes, or kNone.
+/// A key holds no quote, so it appears just where it is all there is between one quote and the
+/// next: one pass finds them all, whatever the text.
+std::array<std::size_t, kKeyCount> find_keys(std::string_view text) {
+    std::array<std::size_t, kKeyCount> ends;
+    ends.fill(kNone);
+    std::size_t open = text.find('"');
+    if (open == kNone) return ends;
+    for (std::size_t close; (close = text.find('"', open + 1)) != kNone; open = close) {
+        const std::string_view word = text.substr(open + 1, close - open - 1);
+        for (std::size_t i = 0; i < kKeyCount; ++i) {
+            if (word == kThemeKeys[i].key && ends[i] == kNone) ends[i] = close;
+        }
+    }
+    return ends;
+}
+
+/// The quoted text after the first colon at or after @p from; empty when there is none.
+std::string value_after(std::string_view text, std::size_t from) {
+    const std::size_t colon = text.find(':', from);
+    if (colon == kNone) return {};
+    const std::size_t open = text.find('"', colon + 1);
+    if (open == kNone) return {};
+    const std::size_t close = text.find('"', open + 1);
+    if (close == kNone) return {};
+    return std::string(text.substr(open + 1, close - open - 1));
+}
+
+/// The text of a colour, without its alpha.
+struct HexText {
+    char text[8];
+    explicit HexText(orvel_color c) {
+        std::snprintf(text, sizeof text, "#%02x%02x%02x", c.r, c.g, c.b);
+    }
+};
+
+}  // namespace
+}  // namespace orvel
+
+int orvel_theme_load(orvel_theme* theme, const char* name) {
+    if (!theme || !name) return -1;
+    orvel::File file = orvel::open_for_reading(orvel::resolve_resource("UI", name).c_str());
+    if (!file) return -1;
+    const std::string text = orvel::read_all(file.get());
+    file.reset();
+
+    const auto ends = orvel::find_keys(text);
+    for (std::size_t i = 0; i < orvel::kKeyCount; ++i) {
+        if (ends[i] == orvel::kNone) continue;
+        const std::string value = orvel::value_after(text, ends[i] + 1);
+        // Deliberate: an empty value keeps the colour, a short one makes it white.
+        if (value.empty()) continue;
+        const orvel_color color = orvel::color_from_hex(value.c_str());
+        std::memcpy(reinterpret_cast<char*>(theme) + orvel::kThemeKeys[i].offset, &color,
+                    sizeof color);
+    }
+    return 0;
+}
+
+int orvel_theme_save(const orvel_theme* theme, const char* name) {
+    using orvel::HexText;
+    if (!theme || !name) return -1;
+    const std::string path = orvel::resolve_resource("UI", name);
+    const orvel::File file(std::fopen(path.c_str(), "wbe"));
+    if (!file) return -1;
+    // Deliberate: neither the writes nor the close are checked, and alpha is not stored.
+    std::fprintf(file.get(),
+                 "{\n"
+                 "  \"background\":   \"%s\",\n"
+                 "  \"surface\":      \"%s\",\n"
+                 "  \"text\":         \"%s\",\n"
+                 "  \"accent\":       \"%s\",\n"
+                 "  \"border\":       \"%s\",\n"
+                 "  \"button\":       \"%s\",\n"
+                 "  \"button_hover\": \"%s\",\n"
+                 "  \"button_text\":  \"%s\",\n"
+                 "  \"error\":        \"%s\"\n"
+                 "}\n",
+                 HexText(theme->background).text, HexText(theme->surface).text,
+                 HexText(theme->text).text, HexText(theme->accent).text,
+                 HexText(theme->border).text, HexText(theme->button).text,
+                 HexText(theme->button_hover).text, HexText(theme->button_text).text,
+                 HexText(theme->error).text);
+    return 0;
+}
