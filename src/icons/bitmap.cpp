@@ -1,0 +1,157 @@
+// Icons from BMP files.
+//
+// The file may hold anything. All sizes are bounded before a byte is read for them: rows by the
+// canvas and by what the file has of them, columns by the canvas and by the row.
+#include <sys/types.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdio>
+#include <vector>
+
+#include "canvas/canvas.h"
+#include "core/bytes.h"
+#include "core/files.h"
+#include "core/state.h"
+
+namespace orvel {
+namespace {
+
+using std::int32_t;
+using std::int64_t;
+
+constexpr int64_t kBlockBytes = 64 * 1024;
+
+/// What is read of a file's header.
+struct Header {
+    static constexpr std::size_t kBytes = 54;
+
+    int32_t data;  // where in the file the first stored row begins
+    int32_t width;
+    int32_t height;  // negative when the top row is stored first
+    int32_t bits;    // a pixel
+
+    explicit Header(const unsigned char (&bytes)[kBytes])
+        : data(static_cast<int32_t>(get_u32(bytes + 10))),
+          width(static_cast<int32_t>(get_u32(bytes + 18))),
+          height(static_cast<int32_t>(get_u32(bytes + 22))),
+          bits(static_cast<int32_t>(get_u16(bytes + 28))) {}
+
+    int32_t pixel_bytes() const { return bits / 8; }
+
+    /// Bytes from one stored row to the next, a multiple of 4; wraps to anything, also below 0.
+    int32_t stride() const { return (width * pixel_bytes() + 3) & ~3; }
+
+    /// The number of stored rows. Deliberate: -2^31 has no opposite, which leaves it without rows.
+    int64_t rows() const { return std::max(height, -height); }
+
+    bool top_first() const { return height < 0; }
+    int64_t image_row(int64_t stored) const { return top_first() ? stored : rows() - 1 - stored; }
+};
+
+/// Numbers from first on, last excluded.
+struct Range {
+    int64_t first, last;
+
+    bool empty() const { return first >= last; }
+    int64_t count() const { return last - first; }
+};
+
+/// Which of @p count positions from @p start on lie in [0, @p size).
+Range visible(int64_t start, int64_t count, int64_t size) {
+    return {std::max<int64_t>(0, -start), std::min(count, size - start)};
+}
+
+/// Deliberate: a row of so many bytes cannot be had, and the container says so to the host.
+void raise_length_error(int32_t stride) {
+    std::vector<unsigned char> row(static_cast<std::size_t>(stride));
+}
+
+/// 0 for what has no size, such as a FIFO.
+int64_t size_of(std::FILE* file) {
+    return fseeko(file, 0, SEEK_END) == 0 ? static_cast<int64_t>(ftello(file)) : 0;
+}
+
+bool read_at(std::FILE* file, int64_t position, unsigned char* bytes, int64_t count) {
+    const auto wanted = static_cast<std::size_t>(count);
+    return fseeko(file, static_cast<off_t>(position), SEEK_SET) == 0 &&
+           std::fread(bytes, 1, wanted, file) == wanted;
+}
+
+/// Blue, green, red; opaque.
+void draw_row_24(const unsigned char* from, orvel_color* to, int64_t count) {
+    for (int64_t i = 0; i < count; ++i, from += 3) to[i] = {from[2], from[1], from[0], 255};
+}
+
+/// Blue, green, red, alpha; where alpha is 0 the canvas stays as it is.
+void draw_row_32(const unsigned char* from, orvel_color* to, int64_t count) {
+    for (int64_t i = 0; i < count; ++i, from += 4) {
+        if (from[3] != 0) to[i] = {from[2], from[1], from[0], from[3]};
+    }
+}
+
+/// What is drawn of a bitmap: columns, and rows in the order in which they are stored.
+struct Part {
+    Range columns, stored;
+};
+
+/// The part that the canvas shows and the file holds whole rows of. Behind the first row that is
+/// not whole there is no other that is.
+Part drawn_part(const orvel_canvas& canvas, const Header& header, int64_t file_bytes, int x,
+                int y) {
+    const int64_t stride = header.stride();
+    const int64_t rows = header.rows();
+    // A row has fewer columns than the width where the stride wrapped.
+    const int64_t row_columns = std::min<int64_t>(header.width, stride / header.pixel_bytes());
+    const Range seen = visible(y, rows, canvas.height);
+    Range stored = seen;
+    if (!header.top_first()) stored = {rows - seen.last, rows - seen.first};
+    stored.last = std::min(stored.last, (file_bytes - header.data) / stride);
+    return {visible(x, row_columns, canvas.width), stored};
+}
+
+/// Draws the bitmap, reading as many rows at once as fit a block.
+void draw_rows(const orvel_canvas& canvas, std::FILE* file, const Header& header, int x, int y) {
+    const int64_t stride = header.stride();
+    if (header.width < 1 || stride == 0 || header.data < 0) return;
+    const auto [columns, stored] = drawn_part(canvas, header, size_of(file), x, y);
+    if (columns.empty() || stored.empty()) return;
+
+    const int64_t last_bytes = columns.count() * header.pixel_bytes();  // of a block's last row
+    const int64_t rows_a_block =
+        std::min(stored.count(), std::max<int64_t>(1, kBlockBytes / stride));
+    std::vector<unsigned char> block(
+        static_cast<std::size_t>((rows_a_block - 1) * stride + last_bytes));
+    for (int64_t first = stored.first; first < stored.last; first += rows_a_block) {
+        const int64_t rows = std::min(rows_a_block, stored.last - first);
+        const int64_t position =
+            header.data + first * stride + columns.first * header.pixel_bytes();
+        if (!read_at(file, position, block.data(), (rows - 1) * stride + last_bytes)) return;
+        for (int64_t i = 0; i < rows; ++i) {
+            const unsigned char* const from = block.data() + i * stride;
+            orvel_color* const to =
+                pixel_at(canvas, x + columns.first, y + header.image_row(first + i));
+            if (header.bits == 24) draw_row_24(from, to, columns.count());
+            if (header.bits == 32) draw_row_32(from, to, columns.count());
+        }
+    }
+}
+
+}  // namespace
+}  // namespace orvel
+
+int orvel_icon_draw_bitmap(orvel_canvas* canvas, const char* name, int x, int y) {
+    if (!canvas || !name) return -1;
+    const orvel::File file =
+        orvel::open_for_reading(orvel::resolve_resource("Icons", name).c_str());
+    if (!file) return -1;
+    std::setvbuf(file.get(), nullptr, _IONBF, 0);  // each read is a block of its own
+    unsigned char bytes[orvel::Header::kBytes];
+    if (std::fread(bytes, 1, sizeof bytes, file.get()) != sizeof bytes) return -1;
+    if (bytes[0] != 'B' || bytes[1] != 'M') return -1;
+    const orvel::Header header(bytes);
+    if (header.bits != 24 && header.bits != 32) return -1;
+    if (header.stride() < 0) orvel::raise_length_error(header.stride());
+    orvel::draw_rows(*canvas, file.get(), header, x, y);
+    return 0;
+}
