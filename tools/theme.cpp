@@ -1,0 +1,99 @@
+// orvel-theme: says what the library makes of a theme file.
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "command_line.h"
+#include "theme_check.h"
+
+namespace {
+
+using orvel_tools::Finding;
+using orvel_tools::Pair;
+
+std::optional<std::string> read_text(const std::string& path, std::string& error) {
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream text;
+    if (!std::filesystem::is_directory(path) && file && (file.peek() < 0 || text << file.rdbuf())) {
+        return text.str();
+    }
+    error = path + ": " + (file.is_open() ? "not a file" : std::strerror(errno));
+    return std::nullopt;
+}
+
+/// The dark theme with @p text loaded over it by the library, which reads from its "UI" folder
+/// only.
+bool load(const std::string& text, orvel_theme& theme, std::string& error) {
+    std::string root = (std::filesystem::temp_directory_path() / "orvel-theme-XXXXXX").string();
+    if (!mkdtemp(root.data())) {
+        error = root + ": " + std::strerror(errno);
+        return false;
+    }
+    const std::filesystem::path folder = std::filesystem::path(root) / "UI";
+    std::error_code ignored;
+    std::filesystem::create_directory(folder, ignored);
+    std::ofstream(folder / "theme.json", std::ios::binary) << text;
+    orvel_theme_default(&theme);
+    orvel_set_resource_path(root.c_str());
+    const int status = orvel_theme_load(&theme, "theme.json");
+    std::filesystem::remove_all(root, ignored);
+    if (status != 0) error = root + ": cannot be used for the theme";
+    return status == 0;
+}
+
+void print(const std::string& file, const std::vector<Finding>& findings) {
+    for (const Finding& finding : findings) {
+        const std::string line = finding.line ? std::to_string(finding.line) + ":" : "";
+        std::printf("%s:%s %s: %s\n", file.c_str(), line.c_str(), finding.key.c_str(),
+                    finding.message.c_str());
+    }
+    if (findings.empty()) std::printf("%s: all nine colours are there\n", file.c_str());
+}
+
+/// Prints the ratio of every pair; returns how many are below @p wanted.
+int print_contrasts(const orvel_theme& theme, double wanted) {
+    int below = 0;
+    for (const Pair& pair : orvel_tools::text_pairs()) {
+        const double ratio = orvel_tools::contrast(theme.*pair.text, theme.*pair.ground);
+        if (ratio < wanted) ++below;
+        std::printf("  %5.2f  %-28s %s%s\n", ratio, pair.name, pair.where,
+                    ratio < wanted ? "  <- too low" : "");
+    }
+    return below;
+}
+
+int check(const CLI::App& app, const std::string& file, double wanted) {
+    std::string error;
+    const auto text = read_text(file, error);
+    if (!text) return orvel_tools::fail(app, error);
+    orvel_theme theme;
+    if (!load(*text, theme, error)) return orvel_tools::fail(app, error);
+    const auto findings = orvel_tools::check_theme(*text);
+    print(file, findings);
+    const int below = print_contrasts(theme, wanted);
+    return findings.empty() && below == 0 ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    CLI::App app(
+        "Says what the library makes of a theme file. Loading one never complains: what is "
+        "missing or wrong just shows.",
+        "orvel-theme");
+    app.footer("Exit status: 0 when all is well, 1 when something was found, 2 on an error.");
+    app.require_subcommand(1);
+    CLI::App* command = app.add_subcommand(
+        "check",
+        "List the keys that are missing, empty, too short or otherwise misread, and the "
+        "contrast of every pair of colours that words are drawn in");
+    std::string file;
+    double wanted = 0;
+    command->add_option("FILE", file, "A theme file, wherever it is")->required();
+    command->add_option("--min-contrast", wanted, "Also object to ratios below this one");
+    if (const auto done = orvel_tools::parse(app, argc, argv)) return *done;
+    return check(app, file, wanted);
+}
