@@ -29,3 +29,21 @@ function(orvel_sound_test name)
 endfunction()
 
 orvel_sound_test(tone_test support/fake_system_sound.cpp)
+orvel_sound_test(player_test support/fake_system_sound.cpp)
+orvel_sound_test(sound_test support/fake_system_sound.cpp)
+
+# Each platform's own source, against a recorder of what it calls.
+orvel_test(system_sound_apple_test ${PROJECT_SOURCE_DIR}/src/sound/system_sound_apple.cpp)
+target_include_directories(system_sound_apple_test BEFORE PRIVATE support/apple)
+
+if(NOT APPLE)
+    orvel_test(effect_file_test
+        ${PROJECT_SOURCE_DIR}/src/sound/effect_file.cpp ${PROJECT_SOURCE_DIR}/src/core/files.cpp)
+
+    add_library(recorded_canberra OBJECT ${PROJECT_SOURCE_DIR}/src/sound/system_sound_linux.cpp)
+    target_link_libraries(recorded_canberra PRIVATE test_support)
+    target_compile_definitions(recorded_canberra PRIVATE dlopen=recorded_dlopen dlsym=recorded_dlsym)
+    orvel_test(system_sound_linux_test
+        ${PROJECT_SOURCE_DIR}/src/sound/effect_file.cpp ${PROJECT_SOURCE_DIR}/src/core/files.cpp)
+    target_link_libraries(system_sound_linux_test PRIVATE recorded_canberra)
+endif()
