@@ -304,7 +304,8 @@ ORVEL_API int orvel_theme_save(const orvel_theme* theme, const char* name);
  * Every constructor returns null when canvas or theme is null or the record cannot be allocated.
  * The text is copied; null counts as empty. A rectangle is stored as given, whatever its size or
  * sign. Flags are on for any value but 0. Fractions are clamped to [0, 1]; NaN is kept and draws as
- * 0. The theme is read at every draw: changing the record re-colours its widgets.
+ * 0, a spinner's dot in the middle. The theme is read at every draw: changing the record re-colours
+ * its widgets.
  */
 
 ORVEL_API orvel_widget* orvel_widget_window(orvel_canvas* canvas, const orvel_theme* theme,

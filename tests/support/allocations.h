@@ -1,0 +1,21 @@
+// Replaces operator new in the test program, and with it in the library, to count allocations and
+// to make one fail. Needs allocations.cpp among the sources of the test.
+#pragma once
+
+namespace orvel_test {
+
+/// Allocations made so far.
+long allocations_made();
+/// Allocations made and not yet released.
+long allocations_live();
+
+/// Makes one allocation fail while it lives: the next one for 1, the one after that for 2.
+class FailingAllocation {
+public:
+    explicit FailingAllocation(long number);
+    ~FailingAllocation();
+    FailingAllocation(const FailingAllocation&) = delete;
+    FailingAllocation& operator=(const FailingAllocation&) = delete;
+};
+
+}  // namespace orvel_test
