@@ -1,0 +1,15 @@
+// The separate process in which music and tones play.
+#pragma once
+
+#include <string>
+
+namespace orvel {
+
+/// Starts the platform's audio player on the file at @p path and returns its process id at once;
+/// -1 when no process can be started. A player that cannot be run ends with status 127.
+int start_player(const std::string& path);
+
+/// Reaps the player @p pid if it has ended; otherwise asks it to end and waits until it has.
+void stop_player(int pid);
+
+}  // namespace orvel
