@@ -46,4 +46,19 @@ if(NOT APPLE)
     orvel_test(system_sound_linux_test
         ${PROJECT_SOURCE_DIR}/src/sound/effect_file.cpp ${PROJECT_SOURCE_DIR}/src/core/files.cpp)
     target_link_libraries(system_sound_linux_test PRIVATE recorded_canberra)
+
+    # The library as it is shipped. Timed by what is heard: nothing else runs beside these.
+    add_library(private_system OBJECT support/private_system.cpp)
+    target_link_libraries(private_system PUBLIC test_support)
+    find_package(Threads REQUIRED)
+    add_executable(audio_server_test audio_server_test.cpp support/audio_server.cpp)
+    target_link_libraries(audio_server_test PRIVATE private_system Threads::Threads)
+    gtest_discover_tests(audio_server_test DISCOVERY_TIMEOUT 60
+                         PROPERTIES TIMEOUT 300 RUN_SERIAL TRUE)
+
+    orvel_test(player_program_test)
+    target_link_libraries(player_program_test PRIVATE private_system)
+    target_compile_definitions(player_program_test PRIVATE
+        ORVEL_STAND_IN_PLAYER="$<TARGET_FILE:stand_in_player>")
+    add_dependencies(player_program_test stand_in_player)
 endif()
