@@ -183,7 +183,7 @@ void Icon::bell() const {
 void Icon::check() const {
     const unsigned kx = cx - s / 10;
     thick_line(x, cy, kx, cy + s / 3, c);
-    // Deliberate: the long stroke ends half a box right of the centre, not of the corner.
+    // Deliberate: the long stroke ends half a box right of the centre, not of where it begins.
     thick_line(kx, cy + s / 3, cx + h, cy - s / 3, c);
 }
 

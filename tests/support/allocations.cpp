@@ -1,5 +1,6 @@
 #include "support/allocations.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <new>
 
@@ -8,8 +9,10 @@ namespace {
 long s_made = 0;
 long s_live = 0;
 long s_countdown = 0;
+std::size_t s_largest = 0;
 
 void* allocate(std::size_t size) {
+    s_largest = std::max(s_largest, size);
     if (s_countdown > 0 && --s_countdown == 0) return nullptr;
     void* const memory = std::malloc(size ? size : 1);
     if (memory) {
@@ -47,6 +50,9 @@ namespace orvel_test {
 
 long allocations_made() { return s_made; }
 long allocations_live() { return s_live; }
+
+std::size_t largest_allocation() { return s_largest; }
+void forget_largest_allocation() { s_largest = 0; }
 
 FailingAllocation::FailingAllocation(long number) { s_countdown = number; }
 FailingAllocation::~FailingAllocation() { s_countdown = 0; }

@@ -2,12 +2,18 @@
 // to make one fail. Needs allocations.cpp among the sources of the test.
 #pragma once
 
+#include <cstddef>
+
 namespace orvel_test {
 
 /// Allocations made so far.
 long allocations_made();
 /// Allocations made and not yet released.
 long allocations_live();
+
+/// The most bytes asked for at once, also in vain.
+std::size_t largest_allocation();
+void forget_largest_allocation();
 
 /// Makes one allocation fail while it lives: the next one for 1, the one after that for 2.
 class FailingAllocation {
