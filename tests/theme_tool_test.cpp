@@ -6,6 +6,7 @@
 
 #include "support/files.h"
 #include "support/picture.h"
+#include "support/png.h"
 #include "support/process.h"
 #include "theme_check.h"
 
@@ -254,6 +255,30 @@ TEST_F(ThemeTool, RatiosBelowTheWantedOneExitWith1) {
               std::string::npos)
         << done.output;
     EXPECT_EQ(check(kComplete, {"--min-contrast", "6.3"}).status, 0);
+}
+
+TEST_F(ThemeTool, ThePreviewShowsTheNineColoursInOrderUnderWidgetsInTheTheme) {
+    const std::string lagoon = std::string(kThemes) + "/lagoon.json";
+    const Finished done = run({kTheme, "check", lagoon, "--preview", folder / "sheet.png"});
+    EXPECT_EQ(done.status, 0) << done.error;
+    const orvel_tools::Picture sheet = orvel_test::read_png(folder / "sheet.png");
+    ASSERT_EQ(sheet.width, 480);
+    ASSERT_EQ(sheet.height, 320);
+    constexpr orvel_color kBackground = {0xee, 0xf8, 0xf8, 255}, kAccent = {0x00, 0x6a, 0x73, 255};
+    constexpr orvel_color kHover = {0xb0, 0xd5, 0xd7, 255}, kError = {0xa8, 0x12, 0x3a, 255};
+    const orvel_color swatches[] = {kBackground, {0xdc, 0xef, 0xef, 255}, {0x12, 0x36, 0x3b, 255},
+                                    kAccent,     {0x9c, 0xc3, 0xc6, 255}, {0xc8, 0xe3, 0xe4, 255},
+                                    kHover,      {0x0d, 0x2c, 0x30, 255}, kError};
+    for (int i = 0; i < 9; ++i) EXPECT_EQ(sheet.at(36 + 51 * i, 284), swatches[i]) << i;
+    EXPECT_EQ(sheet.at(2, 2), kBackground);
+    EXPECT_EQ(sheet.at(200, 13), kAccent);  // the window's title band
+    EXPECT_EQ(sheet.at(136, 40), kHover);   // the button under the pointer
+}
+
+TEST_F(ThemeTool, APreviewThatCannotBeWrittenIsAnError) {
+    const Finished done = check(kComplete, {"--preview", folder / "none/sheet.png"});
+    EXPECT_EQ(done.status, 2);
+    EXPECT_EQ(done.error.rfind("orvel-theme: " + (folder / "none/sheet.png"), 0), 0u) << done.error;
 }
 
 TEST_F(ThemeTool, LeavesNoFilesBehind) {

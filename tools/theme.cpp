@@ -8,6 +8,7 @@
 
 #include "command_line.h"
 #include "theme_check.h"
+#include "theme_preview.h"
 
 namespace {
 
@@ -65,7 +66,7 @@ int print_contrasts(const orvel_theme& theme, double wanted) {
     return below;
 }
 
-int check(const CLI::App& app, const std::string& file, double wanted) {
+int check(const CLI::App& app, const std::string& file, double wanted, const std::string& preview) {
     std::string error;
     const auto text = read_text(file, error);
     if (!text) return orvel_tools::fail(app, error);
@@ -74,6 +75,10 @@ int check(const CLI::App& app, const std::string& file, double wanted) {
     const auto findings = orvel_tools::check_theme(*text);
     print(file, findings);
     const int below = print_contrasts(theme, wanted);
+    if (!preview.empty() &&
+        !orvel_tools::write_png(orvel_tools::theme_preview(theme), preview, error)) {
+        return orvel_tools::fail(app, error);
+    }
     return findings.empty() && below == 0 ? 0 : 1;
 }
 
@@ -90,10 +95,12 @@ int main(int argc, char** argv) {
         "check",
         "List the keys that are missing, empty, too short or otherwise misread, and the "
         "contrast of every pair of colours that words are drawn in");
-    std::string file;
+    std::string file, preview;
     double wanted = 0;
     command->add_option("FILE", file, "A theme file, wherever it is")->required();
     command->add_option("--min-contrast", wanted, "Also object to ratios below this one");
+    command->add_option("--preview", preview,
+                        "Write a PNG of widgets in the theme and its nine colours");
     if (const auto done = orvel_tools::parse(app, argc, argv)) return *done;
-    return check(app, file, wanted);
+    return check(app, file, wanted, preview);
 }

@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "picture.h"
+#include <picture.h>  // the tools', not the one beside this file
 
 namespace orvel_test {
 

@@ -1,0 +1,78 @@
+#include "files.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "picture.h"
+
+namespace manual {
+
+void Output::save(const orvel_canvas* canvas, const std::string& name, int scale) const {
+    const orvel_tools::Picture small = orvel_tools::picture_of(canvas);
+    orvel_tools::Picture large;
+    large.width = small.width * scale;
+    large.height = small.height * scale;
+    for (int y = 0; y < large.height; ++y) {
+        for (int x = 0; x < large.width; ++x)
+            large.pixels.push_back(small.at(x / scale, y / scale));
+    }
+    std::string error;
+    if (orvel_tools::write_png(large, folder + "/" + name + ".png", error)) return;
+    std::fprintf(stderr, "orvel-manual-pictures: %s\n", error.c_str());
+    std::exit(1);
+}
+
+std::ofstream Output::list(const std::string& name) const {
+    std::ofstream file(folder + "/" + name + ".md");
+    if (file) return file;
+    std::fprintf(stderr, "orvel-manual-pictures: cannot write into %s\n", folder.c_str());
+    std::exit(1);
+}
+
+orvel_theme dark() {
+    orvel_theme theme;
+    orvel_theme_default(&theme);
+    return theme;
+}
+
+orvel_theme light() {
+    orvel_theme theme;
+    orvel_theme_light(&theme);
+    return theme;
+}
+
+void save_both(const Output& out, const std::string& name, int width, int height, int scale,
+               const Drawing& drawing) {
+    for (const bool is_dark : {true, false}) {
+        const orvel_theme theme = is_dark ? dark() : light();
+        const CanvasPtr canvas(orvel_canvas_create(width, height));
+        orvel_canvas_clear(canvas.get(), theme.background);
+        drawing(canvas.get(), theme);
+        out.save(canvas.get(), name + (is_dark ? "-dark" : "-light"), scale);
+    }
+}
+
+std::string picture_element(const std::string& name, const std::string& alt, int width,
+                            int height) {
+    const std::string size =
+        "width=\"" + std::to_string(width) + "\" height=\"" + std::to_string(height) + "\"";
+    return "<picture><source srcset=\"pictures/" + name +
+           "-dark.png\" media=\"(prefers-color-scheme: dark)\"><img src=\"pictures/" + name +
+           "-light.png\" alt=\"" + escaped(alt) + "\" " + size + " loading=\"lazy\"></picture>";
+}
+
+std::string escaped(const std::string& text) {
+    std::string out;
+    for (const char letter : text) {
+        switch (letter) {
+        case '&': out += "&amp;"; break;
+        case '<': out += "&lt;"; break;
+        case '>': out += "&gt;"; break;
+        case '"': out += "&quot;"; break;
+        default: out += letter;
+        }
+    }
+    return out;
+}
+
+}  // namespace manual

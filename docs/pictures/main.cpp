@@ -1,0 +1,38 @@
+// Draws the manual's pictures with the library that the manual is about.
+#include <cstdio>
+
+#include "files.h"
+
+namespace {
+
+/// A bitmap for the image widget to find.
+void save_sunset(const std::string& resources) {
+    const manual::CanvasPtr canvas(orvel_canvas_create(32, 32));
+    orvel_canvas_clear(canvas.get(), {69, 43, 92, 255});
+    orvel_canvas_fill_rect(canvas.get(), 0, 10, 32, 12, {196, 84, 90, 255});
+    orvel_canvas_fill_circle(canvas.get(), 16, 21, 8, {255, 209, 102, 255});
+    orvel_canvas_fill_rect(canvas.get(), 0, 22, 32, 10, {30, 36, 66, 255});
+    orvel_canvas_fill_rect(canvas.get(), 8, 25, 17, 1, {255, 209, 102, 255});
+    orvel_canvas_fill_rect(canvas.get(), 12, 28, 9, 1, {255, 209, 102, 255});
+    orvel_canvas_save_bmp(canvas.get(), (resources + "/Icons/sunset.bmp").c_str());
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 3) {
+        std::fprintf(stderr,
+                     "usage: orvel-manual-pictures FOLDER RESOURCES\n"
+                     "Writes pictures and lists into FOLDER. RESOURCES/UI holds the themes,\n"
+                     "RESOURCES/Icons takes a bitmap.\n");
+        return 2;
+    }
+    orvel_set_resource_path(argv[2]);
+    save_sunset(argv[2]);
+    const manual::Output out = {argv[1]};
+    manual::write_glyphs(out);
+    manual::write_icons(out);
+    manual::write_themes(out);
+    manual::write_widgets(out);
+    return 0;
+}
