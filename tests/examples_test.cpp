@@ -66,6 +66,57 @@ TEST(Examples, TheGlyphSheetShowsTheCellOf21Enlarged) {
               "..###\n");
 }
 
+TEST(Examples, TheIconSheetsShowEveryIconAtFiveSizesOnBothThemes) {
+    const TempFolder folder;
+    const Finished done = run({kExamples + "icon_sheets", folder.path()});
+    EXPECT_EQ(done.status, 0);
+    EXPECT_EQ(done.output, folder / "icons-dark.bmp\n" + folder / "icons-light.bmp\n");
+    for (const std::string name : {"icons-dark.bmp", "icons-light.bmp"}) {
+        const Picture sheet = read_bmp(folder / name);
+        for (int icon = 0; icon < 68; ++icon) {
+            const int left = 10 + icon / 17 * 314, top = 10 + icon % 17 * 84;
+            int drawn = 0, box = left + 74;
+            for (const int side : {16, 24, 32, 48, 64}) {
+                int i = 0;
+                while (i < side * 64 &&
+                       sheet.at(box + i % side, top + i / side) == sheet.at(0, 0)) {
+                    ++i;
+                }
+                drawn += i < side * 64;
+                box += side + 10;
+            }
+            EXPECT_EQ(drawn, 5) << name << ", icon " << icon;
+        }
+    }
+}
+
+TEST(Examples, AHostShowsItsOwnBitmapsInTheColoursOfItsOwnTheme) {
+    const TempFolder folder;
+    const Finished done = run({kExamples + "own_icons", folder.path()});
+    EXPECT_EQ(done.status, 0) << done.error;
+    EXPECT_EQ(done.output, folder / "own-icons.bmp\n");
+    const Picture screen = read_bmp(folder / "own-icons.bmp");
+    const orvel_color background = {0x1f, 0x2a, 0x2e, 255}, yolk = {0xf7, 0xb7, 0x33, 255};
+    EXPECT_EQ(screen.at(0, 30), background);
+    EXPECT_EQ(screen.at(8 + 20 + 16, 36 + 10 + 15), yolk);
+}
+
+TEST(Examples, AHostWithoutItsResourcesSaysWhichOneIsMissing) {
+    const TempFolder folder;
+    const auto run_there = [&folder] {
+        return run(
+            {"env", "ORVELSDK_PATH=" + folder.path(), kExamples + "own_icons", folder.path()});
+    };
+    Finished done = run_there();
+    EXPECT_EQ(done.status, 1);
+    EXPECT_EQ(done.error, "no theme \"kitchen\" in the folder UI of the resources\n");
+    orvel_test::write_file(folder / "Resources/UI/kitchen.json", "{}");
+    done = run_there();
+    EXPECT_EQ(done.status, 1);
+    EXPECT_EQ(done.error, "no bitmap \"egg\" in the folder Icons of the resources\n");
+    EXPECT_FALSE(std::filesystem::exists(folder / "own-icons.bmp"));
+}
+
 TEST(Examples, AFolderThatIsMissingIsSaidInOneLine) {
     for (const std::string name : {"showcase", "glyphs"}) {
         const Finished done = run({kExamples + name, "/nonexistent"});
@@ -77,7 +128,7 @@ TEST(Examples, AFolderThatIsMissingIsSaidInOneLine) {
 }
 
 TEST(Examples, AFolderIsNeededToDrawInto) {
-    for (const std::string name : {"showcase", "glyphs"}) {
+    for (const std::string name : {"showcase", "glyphs", "icon_sheets", "own_icons"}) {
         const Finished done = run({kExamples + name});
         EXPECT_EQ(done.status, 2);
         EXPECT_EQ(done.error, "usage: " + kExamples + name + " FOLDER\n");
