@@ -135,7 +135,67 @@ TEST(Examples, AFolderIsNeededToDrawInto) {
     }
 }
 
+TEST(Examples, ScreensRenderedOnAllCoresAreThoseOfOneThread) {
+    const Finished done = run({kExamples + "threads", "300"});
+    EXPECT_EQ(done.status, 0);
+    EXPECT_EQ(done.error, "");
+    EXPECT_EQ(done.output.rfind("300 screens of 320 x 240 pixels, 16 widgets and an icon each\n"
+                                "  1 worker: ",
+                                0),
+              0u)
+        << done.output;
+}
+
+TEST(Examples, ThreadsNeedsAtLeastOneScreen) {
+    for (const std::string screens : {"0", "-3", "many"}) {
+        const Finished done = run({kExamples + "threads", screens});
+        EXPECT_EQ(done.status, 2);
+        EXPECT_EQ(done.error, "usage: threads [SCREENS]\n");
+    }
+}
+
+#ifdef ORVEL_HAS_LETTERS
+const std::string kPages[] = {"settings_page", "music_player", "weather_energy"};
+
+TEST(Examples, AnApplicationDrawsItsPicturesAndSaysWhere) {
+    const TempFolder folder;
+    const Finished done = run({kExamples + "settings_page", folder.path()});
+    EXPECT_EQ(done.status, 0);
+    EXPECT_EQ(done.error, "");
+    EXPECT_EQ(done.output, folder / "settings_dark.bmp\n" + folder / "settings_light.bmp\n");
+    EXPECT_EQ(read_bmp(folder / "settings_dark.bmp").width, 640);
+}
+
+TEST(Examples, AnApplicationTakesItsFontsFromTheCommandLine) {
+    const TempFolder folder;
+    for (const std::string& name : kPages) {
+        const Finished done = run({kExamples + name, folder.path(), folder / "a", folder / "b"});
+        EXPECT_EQ(done.status, 1);
+        EXPECT_EQ(done.error, "letters: " + folder / "a, 11 pixels: cannot be opened as a font\n");
+        EXPECT_EQ(done.output, "");
+    }
+}
+
+TEST(Examples, AnApplicationSaysWhatItsArgumentsAre) {
+    for (const std::string& name : kPages) {
+        const Finished done = run({kExamples + name});
+        EXPECT_EQ(done.status, 2);
+        EXPECT_EQ(done.error, "usage: " + kExamples + name + " FOLDER [REGULAR_FONT BOLD_FONT]\n");
+    }
+}
+
+TEST(Examples, AnApplicationSaysInOneLineThatItsFolderIsMissing) {
+    const Finished done = run({kExamples + "music_player", "/nonexistent"});
+    EXPECT_EQ(done.status, 1);
+    EXPECT_EQ(done.error,
+              "cannot write /nonexistent/music_player.bmp: No such file or directory\n");
+}
+#endif
+
 TEST(Examples, ThePicturesOfTheReadmeAreWhatTheProgramsDrawNow) {
+#ifndef ORVEL_HAS_LETTERS
+    GTEST_SKIP() << "some are drawn with FreeType and fontconfig, which are missing here";
+#endif
     const TempFolder folder;
     const Finished done = run({kDraw, ORVEL_BINARY_DIR, folder.path()});
     ASSERT_EQ(done.status, 0) << done.error;

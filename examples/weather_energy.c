@@ -1,0 +1,234 @@
+/* A weather and energy dashboard. Usage: weather_energy FOLDER [REGULAR_FONT BOLD_FONT] */
+#include <stdio.h>
+
+#include "page.h"
+
+enum { WIDTH = 800, HEIGHT = 480, LEFT = 20, MIDDLE = 300, RIGHT = 780, TOP = 64, FOOT = 454 };
+
+static const orvel_color kSun = {0xdf, 0x8e, 0x1d, 255};
+static const orvel_color kGreen = {0x40, 0xa0, 0x2b, 255};
+static const orvel_color kRain = {0x20, 0x9f, 0xb5, 255};
+
+static orvel_color quiet(const page* p) { return between(p->theme.text, p->theme.surface, 30); }
+
+static void draw_header(const page* p) {
+    static const char* const sections[] = {"Overview", "Rooms", "Energy", "History"};
+    const orvel_theme* t = &p->theme;
+    orvel_canvas_fill_rect(p->canvas, 0, 0, WIDTH, 44, t->surface);
+    stamp(p, "home", LEFT, 8, 28, t->accent);
+    say(p, p->heading, "Lindenhof", (box){LEFT + 38, 0, 200, 44}, LETTERS_LEFT, t->text);
+
+    show(orvel_widget_menu(p->canvas, t, "|||", MIDDLE, 0, 320, 44, 0));
+    for (int i = 0; i < 4; ++i) {
+        say(p, i == 0 ? p->strong : p->body, sections[i], (box){MIDDLE + 80 * i, 0, 80, 43},
+            LETTERS_CENTRE, i == 0 ? t->text : quiet(p));
+    }
+    show(orvel_widget_separator(p->canvas, t, 0, 44, WIDTH));
+
+    orvel_draw_icon(p->canvas, "mail", RIGHT - 72, 11, 24, t->text);
+    orvel_theme blank = *t; /* a badge whose own figure cannot be told from its ground */
+    blank.accent = blank.background = t->error;
+    show(orvel_widget_badge(p->canvas, &blank, RIGHT - 55, 8, 2));
+    say(p, p->small, "2", (box){RIGHT - 55, 8, 15, 11}, LETTERS_CENTRE, t->surface);
+    show(orvel_widget_avatar(p->canvas, t, "", RIGHT - 26, 9, 26));
+    say(p, p->strong, "A", (box){RIGHT - 25, 9, 26, 26}, LETTERS_CENTRE, t->background);
+}
+
+/* A sun behind a cloud: two icons, the cloud first widened by a rim of the ground's colour. */
+static void draw_sky_icon(const page* p, int x, int y) {
+    orvel_draw_icon(p->canvas, "sun", x + 18, y - 8, 60, kSun);
+    for (int dy = -2; dy <= 2; dy += 2) {
+        for (int dx = -2; dx <= 2; dx += 2) {
+            orvel_draw_icon(p->canvas, "cloud", x + dx, y + 12 + dy, 64, p->theme.surface);
+        }
+    }
+    orvel_draw_icon(p->canvas, "cloud", x, y + 12, 64, quiet(p));
+}
+
+static void draw_fact(const page* p, int x, const char* name, const char* value) {
+    say(p, p->strong, value, (box){x, TOP + 106, 82, 16}, LETTERS_LEFT, p->theme.text);
+    say(p, p->small, name, (box){x, TOP + 122, 82, 16}, LETTERS_LEFT, quiet(p));
+}
+
+static void draw_now(const page* p) {
+    const orvel_theme* t = &p->theme;
+    show(orvel_widget_panel(p->canvas, t, LEFT, TOP, MIDDLE - LEFT - 20, 152));
+    say(p, p->display, "18°", (box){LEFT + 16, TOP + 14, 120, 40}, LETTERS_LEFT, t->text);
+    say(p, p->strong, "Mostly cloudy", (box){LEFT + 16, TOP + 60, 140, 16}, LETTERS_LEFT, t->text);
+    say(p, p->small, "High 21°, low 12°", (box){LEFT + 16, TOP + 76, 140, 16}, LETTERS_LEFT,
+        quiet(p));
+    draw_sky_icon(p, LEFT + 160, TOP + 16);
+    show(orvel_widget_separator(p->canvas, t, LEFT + 16, TOP + 98, MIDDLE - LEFT - 53));
+    draw_fact(p, LEFT + 16, "Wind", "14 km/h");
+    draw_fact(p, LEFT + 104, "Humidity", "62 %");
+    draw_fact(p, LEFT + 184, "Rain", "10 %");
+}
+
+static void draw_day(const page* p, int index, int y) {
+    static const struct {
+        const char *name, *icon, *low, *high;
+        int from, to;
+    } days[] = {
+        {"Sunday", "sun", "12°", "23°", 12, 23},    {"Monday", "sun", "14°", "26°", 14, 26},
+        {"Tuesday", "cloud", "15°", "22°", 15, 22}, {"Wednesday", "cloud", "11°", "18°", 11, 18},
+        {"Thursday", "sun", "9°", "19°", 9, 19},
+    };
+    enum { SCALE = 3, START = LEFT + 156 };
+    const orvel_color color = days[index].icon[0] == 's' ? kSun : quiet(p);
+    say(p, p->body, days[index].name, (box){LEFT + 16, y, 80, 30}, LETTERS_LEFT, p->theme.text);
+    orvel_draw_icon(p->canvas, days[index].icon, LEFT + 94, y + 3, 24, color);
+    say(p, p->small, days[index].low, (box){LEFT + 118, y, 30, 30}, LETTERS_RIGHT, quiet(p));
+    orvel_canvas_fill_rect(p->canvas, START, y + 13, 20 * SCALE, 4, p->theme.border);
+    orvel_canvas_fill_rect(p->canvas, START + (days[index].from - 8) * SCALE, y + 13,
+                           (days[index].to - days[index].from) * SCALE, 4, p->theme.accent);
+    say(p, p->strong, days[index].high, (box){START + 20 * SCALE, y, 28, 30}, LETTERS_RIGHT,
+        p->theme.text);
+}
+
+static void draw_forecast(const page* p) {
+    const int y = TOP + 164;
+    show(orvel_widget_panel(p->canvas, &p->theme, LEFT, y, MIDDLE - LEFT - 20, FOOT - 12 - y));
+    say(p, p->strong, "Next five days", (box){LEFT + 16, y + 12, 200, 16}, LETTERS_LEFT,
+        p->theme.text);
+    for (int i = 0; i < 5; ++i) draw_day(p, i, y + 34 + 34 * i);
+}
+
+static void draw_source(const page* p, int index, const char* icon, const char* name,
+                        const char* value, const char* unit, orvel_color color) {
+    const int x = MIDDLE + 123 * index;
+    orvel_theme stripe = p->theme;
+    stripe.accent = color;
+    show(orvel_widget_card(p->canvas, &stripe, x, TOP, 111, 72));
+    stamp(p, icon, x + 12, TOP + 9, 24, color);
+    say(p, p->small, name, (box){x + 42, TOP + 12, 66, 18}, LETTERS_LEFT, quiet(p));
+    say(p, p->heading, value, (box){x + 14, TOP + 40, 60, 20}, LETTERS_LEFT, p->theme.text);
+    say(p, p->small, unit, (box){x + 20 + letters_width(p->heading, value), TOP + 43, 40, 20},
+        LETTERS_LEFT, quiet(p));
+}
+
+static void draw_key(const page* p, const char* name, int x, int y, orvel_color color) {
+    orvel_canvas_fill_rect(p->canvas, x, y + 4, 9, 9, color);
+    say(p, p->small, name, (box){x + 15, y, 90, 16}, LETTERS_LEFT, quiet(p));
+}
+
+/* Two bar charts in one place: each has zeros where the other has its values and in the gaps. */
+static void draw_bars(const page* p, box at, const int* values, int place, orvel_color color) {
+    double data[72] = {0};
+    orvel_theme theme = p->theme;
+    theme.accent = color;
+    theme.border = theme.surface;
+    for (int hour = 0; hour < 24; ++hour) data[3 * hour + place] = values[hour] / 50.0;
+    orvel_widget* bars = orvel_widget_bars(p->canvas, &theme, at.x, at.y, at.w, at.h);
+    orvel_widget_set_data(bars, data, 72);
+    show(bars);
+}
+
+/* A rule behind the bars: it fills only what still shows the panel. */
+static void draw_grid_line(const page* p, int from, int to, int y) {
+    const orvel_color ground = p->theme.surface;
+    for (int x = from; x < to; ++x) {
+        const orvel_color here = orvel_canvas_pixel_get(p->canvas, x, y);
+        if (here.r == ground.r && here.g == ground.g && here.b == ground.b) {
+            orvel_canvas_pixel(p->canvas, x, y, p->theme.border);
+        }
+    }
+}
+
+static void draw_chart(const page* p) {
+    static const int made[24] = {0,  0,  0,  0,  0,  0,  2,  7, 14, 22, 31, 38,
+                                 43, 45, 42, 36, 29, 20, 11, 4, 0,  0,  0,  0};
+    static const int used[24] = {6,  5,  5,  5,  6,  9,  17, 21, 16, 12, 11, 13,
+                                 19, 15, 12, 12, 14, 20, 27, 31, 26, 19, 12, 8};
+    static const char* const hours[] = {"0:00", "6:00", "12:00", "18:00"};
+    const orvel_theme* t = &p->theme;
+    const box at = {MIDDLE + 24, TOP + 118, 432, 112};
+    show(orvel_widget_panel(p->canvas, t, MIDDLE, TOP + 84, RIGHT - MIDDLE, 176));
+    say(p, p->strong, "Power today", (box){MIDDLE + 16, TOP + 96, 100, 16}, LETTERS_LEFT, t->text);
+    draw_key(p, "Solar", RIGHT - 120, TOP + 96, kSun);
+    draw_key(p, "Use", RIGHT - 56, TOP + 96, t->accent);
+    draw_bars(p, at, made, 0, kSun);
+    draw_bars(p, at, used, 1, t->accent);
+    for (int kilowatts = 0; kilowatts <= 4; kilowatts += 2) {
+        const int y = at.y + at.h - 2 - kilowatts * 22;
+        char power[8];
+        snprintf(power, sizeof power, "%d kW", kilowatts);
+        if (kilowatts > 0) {
+            say(p, p->small, power, (box){at.x, y - 15, 40, 14}, LETTERS_LEFT, quiet(p));
+        }
+        draw_grid_line(p, MIDDLE + 16, RIGHT - 16, y);
+    }
+    for (int i = 0; i < 4; ++i) {
+        say(p, p->small, hours[i], (box){at.x + 108 * i, at.y + at.h + 4, 48, 18}, LETTERS_LEFT,
+            quiet(p));
+    }
+}
+
+static box draw_device(const page* p, int index, const char* icon, const char* name,
+                       const char* state, int on) {
+    const box at = {MIDDLE + 164 * index, TOP + 272, 152, 106};
+    show(orvel_widget_panel(p->canvas, &p->theme, at.x, at.y, at.w, at.h));
+    orvel_draw_icon(p->canvas, icon, at.x + 12, at.y + 11, 24, on ? p->theme.accent : quiet(p));
+    show(orvel_widget_toggle(p->canvas, &p->theme, at.x + at.w - 44, at.y + 15, 30, 16, on));
+    say(p, p->strong, name, (box){at.x + 14, at.y + 42, at.w - 28, 16}, LETTERS_LEFT,
+        p->theme.text);
+    say(p, p->small, state, (box){at.x + 14, at.y + 57, at.w - 28, 16}, LETTERS_LEFT, quiet(p));
+    return (box){at.x + 14, at.y + 78, at.w - 28, 18};
+}
+
+static void draw_devices(const page* p) {
+    const orvel_theme* t = &p->theme;
+    box at = draw_device(p, 0, "sun", "Heating", "Now 20.8°", 1);
+    show(orvel_widget_stepper(p->canvas, t, at.x, at.y, at.w, at.h, 21));
+    orvel_canvas_fill_rect(p->canvas, at.x + at.h, at.y, at.w - 2 * at.h, at.h, t->surface);
+    say(p, p->strong, "21.0°", at, LETTERS_CENTRE, t->text);
+
+    at = draw_device(p, 1, "battery", "Car charger", "Full at 16:40", 1);
+    show(orvel_widget_progress(p->canvas, t, at.x, at.y + 4, at.w - 40, 10, 0.64));
+    say(p, p->small, "64 %", at, LETTERS_RIGHT, t->text);
+
+    at = draw_device(p, 2, "settings", "Dishwasher", "Waits for the sun", 0);
+    show(orvel_widget_button(p->canvas, t, "", at.x, at.y - 2, at.w, at.h + 3));
+    say(p, p->body, "Start now", (box){at.x, at.y - 2, at.w, at.h + 3}, LETTERS_CENTRE,
+        t->button_text);
+}
+
+static void draw_footer(const page* p) {
+    const box at = {LEFT, FOOT, RIGHT - LEFT, HEIGHT - FOOT};
+    show(orvel_widget_statusbar(p->canvas, &p->theme, "", 0, FOOT, WIDTH, HEIGHT - FOOT));
+    orvel_canvas_fill_circle(p->canvas, LEFT + 4, FOOT + 13, 4, kGreen);
+    say(p, p->small, "All systems normal", (box){LEFT + 16, at.y, 200, at.h}, LETTERS_LEFT,
+        p->theme.text);
+    say(p, p->small, "Saved today 3.84 €   ·   Own power 91 %   ·   Updated 14:05", at,
+        LETTERS_RIGHT, quiet(p));
+}
+
+static void draw_page(const page* p) {
+    orvel_canvas_clear(p->canvas, p->theme.background);
+    draw_header(p);
+    draw_now(p);
+    draw_forecast(p);
+    draw_source(p, 0, "sun", "Solar", "4.2", "kW", kSun);
+    draw_source(p, 1, "home", "House", "1.4", "kW", p->theme.accent);
+    draw_source(p, 2, "battery", "Battery", "76", "%", kGreen);
+    draw_source(p, 3, "upload", "To the grid", "1.1", "kW", kRain);
+    draw_chart(p);
+    draw_devices(p);
+    draw_footer(p);
+}
+
+int main(int argc, char** argv) {
+    if (argc != 2 && argc != 4) {
+        fprintf(stderr, "usage: %s FOLDER [REGULAR_FONT BOLD_FONT]\n", argv[0]);
+        return 2;
+    }
+    page p;
+    if (page_open(&p, WIDTH, HEIGHT, argv[2], argc == 4 ? argv[3] : NULL) != 0) return 1;
+    orvel_theme_light(&p.theme);
+    draw_page(&p);
+    int result = page_save(&p, argv[1], "weather_energy_light.bmp");
+    orvel_theme_default(&p.theme);
+    draw_page(&p);
+    if (result == 0) result = page_save(&p, argv[1], "weather_energy_dark.bmp");
+    page_close(&p);
+    return result == 0 ? 0 : 1;
+}
