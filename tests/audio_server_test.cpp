@@ -7,6 +7,8 @@
 #include <chrono>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
+#include <iterator>
 #include <string>
 
 #include "orvel.h"
@@ -69,6 +71,19 @@ protected:
         EXPECT_GT(share, 0.99);
     }
 
+    int status_of_a_host_that_plays_and_exits(const char* effect, bool with_streams) const {
+        const pid_t host = fork();
+        if (host == 0) {
+            for (int stream = 0; stream < 3 && !with_streams; ++stream) close(stream);
+            execl("/proc/self/exe", s_arguments[0], "--play-and-exit", folder.path().c_str(),
+                  effect, static_cast<char*>(nullptr));
+            _exit(127);
+        }
+        int status = -1;
+        waitpid(host, &status, 0);
+        return status;
+    }
+
     void play_and_expect(const char* effect, double frequency_hz, double duration_ms) const {
         const Recorder recorder;
         EXPECT_EQ(quietly(orvel_play_sound, effect), 0);
@@ -97,15 +112,7 @@ TEST_F(AudioServerTest, AnEffectIsHeard) {
 TEST_F(AudioServerTest, AnEffectIsHeardWholeWhenTheHostEndsAtOnce) {
     add_sound("click.wav", wav_file(sine(660.0, 500)));
     const Recorder recorder;
-    const pid_t host = fork();
-    if (host == 0) {
-        execl("/proc/self/exe", s_arguments[0], "--play-and-exit", folder.path().c_str(), "click",
-              static_cast<char*>(nullptr));
-        _exit(127);
-    }
-    int status = -1;
-    waitpid(host, &status, 0);
-    EXPECT_EQ(status, 0);
+    EXPECT_EQ(status_of_a_host_that_plays_and_exits("click", true), 0);
     expect_sound(recorder, 660.0, 500.0);
 }
 
@@ -178,18 +185,44 @@ TEST_F(AudioServerTest, RefusedEffectsAreSilentAndLeaveNoDescriptorOpen) {
     for (const char* name : {"text", "deep", "cut", "other", "long"}) {
         for (int i = 0; i < 5; ++i) EXPECT_EQ(quietly(orvel_play_sound, name), -1) << name;
     }
-    EXPECT_LE(count_descriptors(false), before);
+    EXPECT_EQ(count_descriptors(false), before);
     recorder.wait(200);
     EXPECT_TRUE(heard(recorder.samples()).empty());
     play_and_expect("click", 660.0, 100.0);
 }
 
-TEST_F(AudioServerTest, NothingOfTheSoundServiceReachesAPlayer) {
+TEST_F(AudioServerTest, TheSoundServiceLeavesNothingBehindThatAPlayerCouldGet) {
     add_sound("click.wav", wav_file(sine(660.0, 100)));
-    const int before = count_descriptors(true), open_before = count_descriptors(false);
+    const int before = count_descriptors(true);
     EXPECT_EQ(quietly(orvel_play_sound, "click"), 0);
-    EXPECT_GT(count_descriptors(false), open_before);
     EXPECT_EQ(count_descriptors(true), before);
+    server.stop();
+    EXPECT_EQ(count_descriptors(true), before);
+    EXPECT_EQ(quietly(orvel_play_sound, "click"), -1);
+    EXPECT_EQ(count_descriptors(true), before);
+}
+
+TEST_F(AudioServerTest, TheSoundServiceLeavesNoThreadInTheHost) {
+    add_sound("click.wav", wav_file(sine(660.0, 100)));
+    EXPECT_EQ(quietly(orvel_play_sound, "click"), 0);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator("/proc/self/task"), {}), 1);
+}
+
+TEST_F(AudioServerTest, AHostWithoutStandardStreamsIsHeardAndKeepsThemClosed) {
+    add_sound("click.wav", wav_file(sine(660.0, 200)));
+    const Recorder recorder;
+    EXPECT_EQ(status_of_a_host_that_plays_and_exits("click", false), 0);
+    expect_sound(recorder, 660.0, 200.0);
+}
+
+TEST_F(AudioServerTest, AChildForkedAfterASoundIsRefusedAtOnce) {
+    add_sound("click.wav", wav_file(sine(660.0, 100)));
+    EXPECT_EQ(quietly(orvel_play_sound, "click"), 0);
+    const pid_t child = fork();
+    if (child == 0) _exit(quietly(orvel_play_sound, "click") == -1 ? 0 : 1);
+    int status = -1;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
 }
 
 TEST_F(AudioServerTest, MusicIsHeard) {
@@ -271,9 +304,19 @@ TEST_F(AudioServerTest, MusicGoesOnUnderAToneAndStopEndsOnlyTheMusic) {
     EXPECT_EQ(story, "mbt");
 }
 
+std::string open_streams() {
+    std::string numbers;
+    for (int stream = 0; stream < 3; ++stream) {
+        if (fcntl(stream, F_GETFD) >= 0) numbers += std::to_string(stream);
+    }
+    return numbers;
+}
+
+/// What main() does in place of the tests, as a host that ends right after its sound.
 int play_and_exit(const char* root, const char* name) {
     orvel_set_resource_path(root);
-    return orvel_play_sound(name) == 0 ? 0 : 1;
+    const std::string streams = open_streams();
+    return orvel_play_sound(name) == 0 && open_streams() == streams ? 0 : 1;
 }
 
 }  // namespace

@@ -3,8 +3,6 @@
 #include "sound/system_sound.h"
 
 #include <dlfcn.h>
-#include <fcntl.h>
-#include <unistd.h>
 
 #include <cstdint>
 #include <cstdio>
@@ -24,68 +22,24 @@ struct Canberra {
     int (*destroy)(ca_context*);
 };
 
-Canberra s_canberra;
-bool s_loaded = false;
-ca_context* s_context = nullptr;  // the connection to the sound server, kept between sounds
-pid_t s_owner = -1;               // the process that made it
-
 template <typename Function>
 bool find(void* library, const char* name, Function*& function) {
     function = reinterpret_cast<Function*>(dlsym(library, name));
     return function != nullptr;
 }
 
-bool load() {
-    if (s_loaded) return true;
+/// libcanberra, loaded at the first call that finds it; null when it is not installed.
+const Canberra* canberra() {
+    static Canberra functions;
+    static bool loaded = false;
+    if (loaded) return &functions;
     void* library = dlopen("libcanberra.so.0", RTLD_NOW | RTLD_LOCAL);
-    s_loaded = library && find(library, "ca_context_create", s_canberra.create) &&
-               find(library, "ca_context_set_driver", s_canberra.set_driver) &&
-               find(library, "ca_context_cache", s_canberra.cache) &&
-               find(library, "ca_context_play", s_canberra.play) &&
-               find(library, "ca_context_destroy", s_canberra.destroy);
-    return s_loaded;
-}
-
-/// Keeps the standard descriptors taken while it lives. In a host that closed them a socket of the
-/// sound service would otherwise get their numbers, and then every status line.
-class StandardDescriptors {
-public:
-    StandardDescriptors() {
-        do {
-            last_ = open("/dev/null", O_RDWR | O_CLOEXEC);
-            if (last_ >= 0 && last_ <= STDERR_FILENO) held_[last_] = true;
-        } while (last_ >= 0 && last_ <= STDERR_FILENO);
-        if (last_ >= 0) close(last_);
-    }
-    ~StandardDescriptors() {
-        for (int i = 0; i <= STDERR_FILENO; ++i) {
-            if (held_[i]) close(i);
-        }
-    }
-    StandardDescriptors(const StandardDescriptors&) = delete;
-    StandardDescriptors& operator=(const StandardDescriptors&) = delete;
-
-private:
-    int last_ = -1;
-    bool held_[STDERR_FILENO + 1] = {};
-};
-
-void disconnect() {
-    if (s_context) s_canberra.destroy(s_context);
-    s_context = nullptr;
-}
-
-bool prepare() {
-    if (s_context) return true;
-    if (s_canberra.create(&s_context) != 0) {
-        s_context = nullptr;
-        return false;
-    }
-    s_owner = getpid();
-    // Left to choose, libcanberra falls back to a driver that plays nothing and says all is well.
-    if (s_canberra.set_driver(s_context, "pulse") == 0) return true;
-    disconnect();
-    return false;
+    loaded = library && find(library, "ca_context_create", functions.create) &&
+             find(library, "ca_context_set_driver", functions.set_driver) &&
+             find(library, "ca_context_cache", functions.cache) &&
+             find(library, "ca_context_play", functions.play) &&
+             find(library, "ca_context_destroy", functions.destroy);
+    return loaded ? &functions : nullptr;
 }
 
 /// What the server knows a file by: ASCII, whatever bytes the path is made of (FNV-1a).
@@ -97,36 +51,35 @@ std::string event_id(const std::string& path) {
     return id;
 }
 
-/// Uploads the file to the server's cache, from where a sound is heard to its end even when the
-/// host exits at once.
-bool upload(const std::string& id, const std::string& path) {
-    const StandardDescriptors taken;
-    return prepare() && s_canberra.cache(s_context, "event.id", id.c_str(), "media.filename",
-                                         path.c_str(), "canberra.cache-control", "permanent",
-                                         static_cast<const char*>(nullptr)) == 0;
+/// Uploads the file to the server's cache and plays it from there: such a sound is heard to its end
+/// even when the host is gone.
+bool upload_and_play(const Canberra& ca, ca_context* context, const std::string& path) {
+    const std::string id = event_id(path);
+    const char* const end = nullptr;
+    if (ca.cache(context, "event.id", id.c_str(), "media.filename", path.c_str(),
+                 "canberra.cache-control", "permanent", end) != 0) {
+        return false;
+    }
+    ca.play(context, 0, "event.id", id.c_str(), "media.filename", path.c_str(),
+            "canberra.cache-control", "permanent", end);
+    return true;
 }
 
 }  // namespace
 
 int play_system_sound(const std::string& path) {
     // libcanberra waits at a FIFO, and never closes a file that it refuses.
-    if (!is_playable_effect(path.c_str()) || !load()) return -1;
-    // The connection does not work in a child of the process that made it, nor can it be ended
-    // there.
-    if (s_context && s_owner != getpid()) return -1;
-
-    const std::string id = event_id(path);
-    const bool was_connected = s_context != nullptr;
-    bool uploaded = upload(id, path);
-    if (!uploaded) disconnect();
-    if (!uploaded && was_connected) {  // the server may have been restarted since the last sound
-        uploaded = upload(id, path);
-        if (!uploaded) disconnect();
-    }
-    if (!uploaded) return -1;
-    s_canberra.play(s_context, 0, "event.id", id.c_str(), "media.filename", path.c_str(),
-                    "canberra.cache-control", "permanent", static_cast<const char*>(nullptr));
-    return 0;
+    if (!is_playable_effect(path.c_str())) return -1;
+    const Canberra* ca = canberra();
+    ca_context* context = nullptr;
+    if (!ca || ca->create(&context) != 0) return -1;
+    // Left to choose, libcanberra falls back to a driver that plays nothing and says all is well.
+    const bool played =
+        ca->set_driver(context, "pulse") == 0 && upload_and_play(*ca, context, path);
+    // A connection costs a millisecond. A kept one would leave a thread and descriptors in the
+    // host, some of them open to its child processes, and would not survive a fork or the server.
+    ca->destroy(context);
+    return played ? 0 : -1;
 }
 
 }  // namespace orvel
