@@ -91,6 +91,12 @@ protected:
         return pid;
     }
 
+    /// Ends one player, and never, by a wrong number, everything.
+    static void end(int pid) {
+        ASSERT_GT(pid, 0);
+        kill(pid, SIGTERM);
+    }
+
     Lines logged() const { return lines_of(read_file(log)); }
 
     /// Plays and waits until the player can hear signals; its pid.
@@ -263,7 +269,7 @@ TEST_F(PlayerTest, OnlyTheHostsOwnDescriptorsReachThePlayer) {
     ASSERT_EQ(orvel_play_tone(440.0, 10), 0);
     wait_for("ready " + std::to_string(last_pid()));
     EXPECT_EQ(logged({"descriptors"}), (Lines{expected, expected}));
-    kill(last_pid(), SIGTERM);
+    end(last_pid());
     close(inherited);
     close(own);
 }
@@ -353,11 +359,11 @@ TEST_F(PlayerTest, AToneIsNeitherStoppedNorReapedAndLeavesTheMusicPlaying) {
     EXPECT_TRUE(is_child(tone));
     EXPECT_EQ(logged({"SIGTERM"}), Lines{"SIGTERM " + std::to_string(music)});
 
-    kill(tone, SIGTERM);
+    end(tone);
     EXPECT_EQ(status_when_ended(tone), 0);
     EXPECT_EQ(beep(), 0);
     EXPECT_EQ(status_when_ended(tone), 0);  // still unreaped: that is the host's to do
-    kill(last_pid(), SIGTERM);
+    end(last_pid());
 }
 
 TEST_F(PlayerTest, TonesPlaySideBySide) {
@@ -371,8 +377,8 @@ TEST_F(PlayerTest, TonesPlaySideBySide) {
               (Lines{"argument /tmp/orvelsdk_tone.wav", "argument /tmp/orvelsdk_tone.wav"}));
     EXPECT_TRUE(is_child(first));
     EXPECT_TRUE(is_child(second));
-    kill(first, SIGTERM);
-    kill(second, SIGTERM);
+    end(first);
+    end(second);
 }
 
 TEST_F(PlayerTest, ShutdownDoesNotStopTheMusic) {
@@ -410,7 +416,7 @@ TEST_F(PlayerTest, AHostWithoutStandardErrorIsServed) {
     EXPECT_EQ(tone, 0);
     EXPECT_EQ(missing, -1);
     EXPECT_EQ(read_file(folder / "tone.wav").size(), 44u + 2 * 441);
-    kill(last_pid(), SIGTERM);
+    end(last_pid());
 }
 
 // Which program plays what.

@@ -28,7 +28,8 @@ pid_t run(const std::vector<std::string>& command, int output, int error) {
     for (const std::string& word : command) arguments.push_back(const_cast<char*>(word.c_str()));
     arguments.push_back(nullptr);
     const pid_t pid = fork();
-    if (pid != 0) return pid;
+    if (pid < 0) throw std::runtime_error("no process for " + command[0]);
+    if (pid > 0) return pid;
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     dup2(output, STDOUT_FILENO);
     dup2(error, STDERR_FILENO);

@@ -106,7 +106,7 @@ void recorded__exit(int status) {
 }
 
 int recorded_kill(pid_t pid, int signal) {
-    const int result = kill(pid, signal);
+    const int result = pid > 0 ? kill(pid, signal) : -1;  // -1 would be every process
     note("kill " + number(pid) + " " + number(signal) + " = " + outcome(result));
     return result;
 }
