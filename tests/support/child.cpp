@@ -1,0 +1,39 @@
+#include "support/child.h"
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <stdexcept>
+
+namespace orvel_test {
+
+int in_child(const std::function<int()>& call) {
+    std::fflush(nullptr);
+    const pid_t child = fork();
+    if (child < 0) throw std::runtime_error("cannot fork");
+    if (child == 0) _exit(call());
+    int status = 0;
+    if (waitpid(child, &status, 0) != child) throw std::runtime_error("cannot wait");
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+}
+
+int as_another_user(const std::function<int()>& call) {
+    return in_child([&call] {
+        constexpr uid_t kNobody = 65534;
+        if (getuid() == 0 && setuid(kNobody) != 0) return 99;
+        return call();
+    });
+}
+
+int open_descriptors() {
+    constexpr int kLimit = 1024;
+    int count = 0;
+    for (int descriptor = 0; descriptor < kLimit; ++descriptor) {
+        if (fcntl(descriptor, F_GETFD) >= 0) ++count;
+    }
+    return count;
+}
+
+}  // namespace orvel_test

@@ -1,0 +1,17 @@
+// Child processes for what a test must not do to itself.
+#pragma once
+
+#include <functional>
+
+namespace orvel_test {
+
+/// Runs @p call in a forked child and returns what it returned, or minus the signal that ended it.
+int in_child(const std::function<int()>& call);
+
+/// The same as a user whom file permissions bind, also when the tests run as root.
+int as_another_user(const std::function<int()>& call);
+
+/// How many descriptors this child.has open.
+int open_descriptors();
+
+}  // namespace orvel_test
