@@ -2,7 +2,7 @@
 // Where a rule is 32-bit the models wrap on purpose, in unsigned arithmetic.
 #pragma once
 
-#include "models/model_canvas.h"
+#include "models/canvas_model.h"
 
 namespace model {
 

@@ -1,4 +1,4 @@
-#include "models/text.h"
+#include "models/text_model.h"
 
 #include "models/printed_font.h"
 

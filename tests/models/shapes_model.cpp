@@ -1,4 +1,4 @@
-#include "models/shapes.h"
+#include "models/shapes_model.h"
 
 #include <algorithm>
 #include <cmath>

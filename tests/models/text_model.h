@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "models/model_canvas.h"
+#include "models/canvas_model.h"
 
 namespace model {
 

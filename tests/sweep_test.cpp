@@ -1,0 +1,74 @@
+// Every drawing function against its model, over random calls. Each call has a number:
+//   ORVEL_SWEEP_CALLS=10000000 makes that many calls of each function,
+//   ORVEL_SWEEP_CASE=n makes only the call n, to look at a failure.
+#include "support/sweep.h"
+
+#include <gtest/gtest.h>
+
+#include "models/shapes_model.h"
+#include "models/text_model.h"
+#include "support/picture.h"
+
+namespace {
+
+using namespace orvel_test;
+
+constexpr std::uint64_t kCalls = 100000;
+
+TEST(SweepTest, Pixel) { sweep(kPixel, kCalls); }
+TEST(SweepTest, Clear) { sweep(kClear, kCalls); }
+TEST(SweepTest, Line) { sweep(kLine, kCalls); }
+TEST(SweepTest, Rect) { sweep(kRect, kCalls); }
+TEST(SweepTest, FillRect) { sweep(kFillRect, kCalls); }
+TEST(SweepTest, Circle) { sweep(kCircle, kCalls); }
+TEST(SweepTest, Disc) { sweep(kDisc, kCalls); }
+TEST(SweepTest, Triangle) { sweep(kTriangle, kCalls); }
+TEST(SweepTest, Text) { sweep(kText, kCalls); }
+
+// A sweep proves nothing unless its calls draw, and a difference is worth nothing unless it is
+// seen.
+TEST(SweepTest, ManyCallsOfEverySweepDrawSomething) {
+    for (const Primitive* primitive :
+         {&kPixel, &kClear, &kLine, &kRect, &kFillRect, &kCircle, &kDisc, &kTriangle, &kText}) {
+        int drawing = 0;
+        for (std::uint64_t number = 0; number < 1000; ++number) {
+            drawing += draws(*primitive, numbered_call(*primitive, number));
+        }
+        EXPECT_GT(drawing, 300) << primitive->name;
+    }
+}
+
+TEST(SweepTest, ADifferenceIsSeenAndToldInWords) {
+    Primitive wrong = kLine;
+    wrong.model = [](model::Canvas& canvas, const Call&) { canvas.put(2, 1, {1, 2, 3, 4}); };
+    Call call;
+    call.width = 4;
+    call.height = 3;
+    call.arguments = {0, 9, 3, 9};
+    EXPECT_EQ(
+        difference(wrong, call),
+        "orvel_canvas_line(0, 9, 3, 9, (255, 255, 255, 255)) on a canvas of 4 x 3 with "
+        "background 0\nfirst difference at (2, 1): expected (1, 2, 3, 4), got (0, 0, 0, 255)");
+}
+
+TEST(SweepTest, TheWidthOfATextEqualsTheModels) {
+    for (std::uint64_t number = 0; number < 10000; ++number) {
+        const Call call = numbered_call(kText, number);
+        ASSERT_EQ(orvel_text_width(call.text.c_str()), model::text_width(call.text)) << number;
+    }
+}
+
+TEST(SweepTest, ReadingAPixelEqualsTheModel) {
+    for (std::uint64_t number = 0; number < 100000; ++number) {
+        const Call call = numbered_call(kPixel, number);
+        const CanvasPtr canvas = make_canvas(call.width, call.height);
+        model::Canvas plain(call.width, call.height);
+        orvel_canvas_clear(canvas.get(), call.color);
+        model::clear(plain, call.color);
+        const int x = call.arguments[0], y = call.arguments[1];
+        ASSERT_EQ(orvel_canvas_pixel_get(canvas.get(), x, y), model::pixel_get(plain, x, y))
+            << number;
+    }
+}
+
+}  // namespace
