@@ -117,6 +117,55 @@ TEST(Examples, AHostWithoutItsResourcesSaysWhichOneIsMissing) {
     EXPECT_FALSE(std::filesystem::exists(folder / "own-icons.bmp"));
 }
 
+TEST(Examples, TheTypicalScreenGoesFromStartToShutdown) {
+    const TempFolder folder;
+    const Finished done =
+        run({"env", "ORVELSDK_PATH=" + folder.path(), kExamples + "typical_screen", folder.path()});
+    EXPECT_EQ(done.status, 0);
+    EXPECT_EQ(done.output, folder / "typical-screen.bmp\n");
+    EXPECT_EQ(done.error, "[OrvelSDK] inizializzato (v0.1.0)\n[OrvelSDK] suono non trovato: " +
+                              (folder / "Resources/Sounds/click\n[OrvelSDK] chiuso\n"));
+    const Picture screen = read_bmp(folder / "typical-screen.bmp");
+    const orvel_color black = {0, 0, 0, 255}, hover = {69, 71, 90, 255},
+                      accent = {137, 180, 250, 255};
+    EXPECT_EQ(screen.width, 320);
+    EXPECT_EQ(screen.height, 240);
+    EXPECT_EQ(screen.at(109, 119), black);
+    EXPECT_EQ(screen.at(110, 120), hover);
+    EXPECT_EQ(screen.at(209, 143), hover);
+    EXPECT_EQ(screen.at(210, 144), black);
+    EXPECT_EQ(screen.at(136 + 24, 64 + 20), accent);
+}
+
+TEST(Examples, TheTypicalScreenShipsItsClick) {
+    EXPECT_EQ(
+        orvel_test::read_file(ORVEL_SOURCE_DIR "/examples/resources/Sounds/click.wav").substr(0, 4),
+        "RIFF");
+}
+
+TEST(Examples, TheGalleryShowsEveryKindBesideItsCall) {
+    const TempFolder folder;
+    const Finished done = run({kExamples + "gallery", folder.path()});
+    EXPECT_EQ(done.status, 0);
+    EXPECT_EQ(done.error, "");
+    EXPECT_EQ(done.output, folder / "Icons/target.bmp\n" + folder / "gallery-dark.bmp\n" +
+                               folder / "gallery-light.bmp\n" + folder / "gallery.html\n");
+    const orvel_color dark = {30, 30, 46, 255}, light = {239, 241, 245, 255};
+    EXPECT_EQ(read_bmp(folder / "gallery-dark.bmp").at(0, 0), dark);
+    EXPECT_EQ(read_bmp(folder / "gallery-light.bmp").at(0, 0), light);
+    const std::string page = orvel_test::read_file(folder / "gallery.html");
+    for (const char* kind :
+         {"window",   "panel",     "label",  "button",  "toggle",    "checkbox", "slider",
+          "progress", "textbox",   "icon",   "image",   "separator", "card",     "radio",
+          "dropdown", "spinner",   "rating", "stepper", "tabs",      "avatar",   "badge",
+          "titlebar", "list_item", "menu",   "bars",    "search",    "tooltip",  "statusbar"}) {
+        EXPECT_NE(page.find("<code>orvel_widget_" + std::string(kind) + "(canvas, theme, "),
+                  std::string::npos)
+            << kind;
+    }
+    EXPECT_NE(page.find("<br>orvel_widget_set_hover(widget, 1)</code>"), std::string::npos);
+}
+
 TEST(Examples, AFolderThatIsMissingIsSaidInOneLine) {
     for (const std::string name : {"showcase", "glyphs"}) {
         const Finished done = run({kExamples + name, "/nonexistent"});
@@ -128,7 +177,8 @@ TEST(Examples, AFolderThatIsMissingIsSaidInOneLine) {
 }
 
 TEST(Examples, AFolderIsNeededToDrawInto) {
-    for (const std::string name : {"showcase", "glyphs", "icon_sheets", "own_icons"}) {
+    for (const std::string name :
+         {"showcase", "glyphs", "icon_sheets", "own_icons", "typical_screen", "gallery"}) {
         const Finished done = run({kExamples + name});
         EXPECT_EQ(done.status, 2);
         EXPECT_EQ(done.error, "usage: " + kExamples + name + " FOLDER\n");

@@ -74,6 +74,7 @@ TEST_F(ControlTest, TheKnobOfASliderStandsOnTheEndOfTheFilledPart) {
     EXPECT_EQ(row(3, 8, 12), "..AAA");
     EXPECT_EQ(row(5, 8, 12), "..AAA");
     EXPECT_EQ(row(2, 8, 12), ".....");
+    EXPECT_EQ(row(6, 8, 12), ".....");
     EXPECT_EQ(row(3, 107, 111), "###..");
 }
 

@@ -220,6 +220,7 @@ TEST_F(StaticWidgetTest, ABadgeShowsItsSign) {
     // A sign and two digits are 17 pixels wide: the body at 4 to 20, the right cap around (20, 5).
     draw(orvel_widget_badge(on(30, 12), &theme_, 0, 0, -12));
     EXPECT_EQ(row(0, 0, 29), ".....A..............A.........");
+    EXPECT_EQ(row(8, 0, 29), ".AAAAAAAAAAAAAAAAAAAAAAAA.....");
     EXPECT_EQ(row(9, 0, 29), "..AAAAAAA........AAAAAAA......");
     EXPECT_EQ(at(25, 5), 'A');
     EXPECT_EQ(at(26, 5), '.');
