@@ -23,7 +23,7 @@ inline std::optional<int> parse(CLI::App& app, int argc, const char* const* argv
     app.set_version_flag("--version", ORVEL_VERSION, "Print the version and exit");
     app.set_help_flag("-h,--help", "Print this help and exit");
     app.failure_message([](const CLI::App* failed, const CLI::Error& error) {
-        const std::string name = failed->get_name();
+        const std::string& name = failed->get_name();
         return name + ": " + error.what() + " (" + name + " --help tells more)\n";
     });
     try {
