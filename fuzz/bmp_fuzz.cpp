@@ -1,54 +1,20 @@
 // Any bytes as a bitmap icon: no crash, no finding of the sanitizers, and the pixels of the model.
-#include <unistd.h>
-
 #include <climits>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <stdexcept>
 #include <string>
 
+#include "harness.h"
 #include "models/bitmap_model.h"
 #include "orvel.h"
 
 namespace {
 
+using fuzz::require;
+
 constexpr int kSide = 16;
 constexpr struct { int x, y; } kPlaces[] = {{0, 0}, {-5, -3}, {12, 13}, {INT_MAX, INT_MIN}};
-
-void require(bool held, const char* what) {
-    if (held) return;
-    std::fprintf(stderr, "bmp_fuzz: %s\n", what);
-    std::abort();
-}
-
-/// A resource root with the one icon "input.bmp", in memory where the system has such a folder.
-class Resources {
-public:
-    Resources() {
-        const bool in_memory = access("/dev/shm", W_OK) == 0;
-        const std::filesystem::path parent =
-            in_memory ? "/dev/shm" : std::filesystem::temp_directory_path();
-        root_ = parent / ("orvel-bmp-fuzz-" + std::to_string(getpid()));
-        std::filesystem::create_directories(root_ / "Icons");
-        orvel_set_resource_path(root_.c_str());
-    }
-    ~Resources() { std::filesystem::remove_all(root_); }
-    Resources(const Resources&) = delete;
-    Resources& operator=(const Resources&) = delete;
-
-    void put(const std::string& bytes) const {
-        std::ofstream file(root_ / "Icons" / "input.bmp", std::ios::binary);
-        file << bytes;
-        require(bool(file.flush()), "cannot write the input");
-    }
-
-private:
-    std::filesystem::path root_;
-};
 
 /// Draws the input; whether a row of it had a negative number of bytes.
 bool raised(orvel_canvas* canvas, int x, int y, bool accepted) {
@@ -80,9 +46,9 @@ void check_at(const orvel_test::BitmapModel& model, int x, int y) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    static const Resources resources;
+    static const fuzz::Resources resources;
     const std::string bytes(data, data + size);
-    resources.put(bytes);
+    resources.put("Icons/input.bmp", bytes);
     const orvel_test::BitmapModel model(bytes);
     for (const auto& place : kPlaces) check_at(model, place.x, place.y);
     return 0;

@@ -89,7 +89,9 @@ TEST_F(ThemeFileTest, SavingAndLoadingRestoresEveryColour) {
     ASSERT_EQ(orvel_theme_save(&saved, "t.json"), 0);
     orvel_theme theme = before();
     ASSERT_EQ(orvel_theme_load(&theme, "t.json"), 0);
-    for (orvel_color* color = &saved.background; color <= &saved.error; ++color) color->a = 255;
+    for (std::size_t i = 3; i < sizeof saved; i += 4) {
+        reinterpret_cast<unsigned char*>(&saved)[i] = 255;
+    }
     EXPECT_TRUE(theme == saved);
 }
 
@@ -115,8 +117,11 @@ TEST_F(ThemeFileTest, EachKeyFillsItsOwnField) {
         "\"button\":\"#000006\" \"border\":\"#000005\" \"accent\":\"#000004\""
         "\"text\":\"#000003\" \"surface\":\"#000002\" \"background\":\"#000001\"");
     unsigned char number = 1;
-    for (const orvel_color* color = &theme.background; color <= &theme.error; ++color, ++number) {
-        EXPECT_EQ(*color, (orvel_color{0, 0, number, 255}));
+    for (const orvel_color& color :
+         {theme.background, theme.surface, theme.text, theme.accent, theme.border, theme.button,
+          theme.button_hover, theme.button_text, theme.error}) {
+        EXPECT_EQ(color, (orvel_color{0, 0, number, 255}));
+        ++number;
     }
 }
 

@@ -9,6 +9,7 @@
 #include "canvas/canvas.h"
 #include "support/files.h"
 #include "support/golden.h"
+#include "support/random.h"
 #include "support/random_widgets.h"
 #include "support/widget_samples.h"
 #include "widgets/widget.h"

@@ -5,6 +5,8 @@
 #include <iterator>
 #include <sstream>
 
+#include "support/random.h"
+
 namespace orvel_test {
 namespace {
 

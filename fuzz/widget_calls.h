@@ -1,0 +1,27 @@
+// Widgets made, changed and drawn by the bytes of an input, and what they should then hold.
+#pragma once
+
+#include <memory>
+
+#include "input.h"
+#include "models/widget_model.h"
+
+namespace fuzz {
+
+struct DestroyWidget {
+    void operator()(orvel_widget* widget) const { orvel_widget_destroy(widget); }
+};
+
+/// A widget of the library's and the state that it should have.
+struct WidgetPair {
+    std::unique_ptr<orvel_widget, DestroyWidget> actual;
+    orvel_test::WidgetState expected;
+};
+
+/// Makes a widget of any kind and calls up to three of its setters.
+WidgetPair any_widget(Input& input, orvel_canvas* canvas, const orvel_theme* theme);
+
+/// One of the built-in names, or no name of an icon.
+std::string any_icon(Input& input);
+
+}  // namespace fuzz
