@@ -8,6 +8,13 @@ install(TARGETS OrvelSDK EXPORT OrvelSDKTargets
                 COMPONENT runtime NAMELINK_COMPONENT development
         INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 
+if(APPLE)
+    # A program looks for its library by the install name, which is not the name that linkers look for.
+    file(CREATE_LINK libOrvelSDK.dylib ${PROJECT_BINARY_DIR}/OrvelSDK SYMBOLIC)
+    install(FILES ${PROJECT_BINARY_DIR}/OrvelSDK DESTINATION ${CMAKE_INSTALL_LIBDIR}
+            COMPONENT runtime)
+endif()
+
 # The .pc file finds its prefix from its own place, so that an installed tree can be moved.
 file(RELATIVE_PATH orvel_pc_to_prefix
      /prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefix)

@@ -100,6 +100,7 @@ install_name_on_macos)
         install_into "$work/prefix"
         for library in "$build_folder/libOrvelSDK.dylib" "$work/prefix/lib/libOrvelSDK.dylib"; do
             [ "$(otool -D "$library" | tail -n 1)" = OrvelSDK ] || fail "$(otool -D "$library")"
+            [ -e "$(dirname "$library")/OrvelSDK" ] || fail "programs do not find $library"
         done
     else
         cmake -S "$source_folder" -B build -G Ninja -DCMAKE_SYSTEM_NAME=Darwin \
@@ -113,6 +114,8 @@ install_name_on_macos)
         if grep -r install_name build/cmake_install.cmake build/src/cmake_install.cmake; then
             fail "the installation changes the install name"
         fi
+        [ "$(readlink build/OrvelSDK)" = libOrvelSDK.dylib ] ||
+            fail "programs do not find the library by its install name"
     fi
     ;;
 *) fail "unknown case $3" ;;
