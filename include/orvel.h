@@ -408,13 +408,31 @@ ORVEL_API void orvel_widget_set_data(orvel_widget* widget, const double* values,
 ORVEL_API void orvel_widget_draw(orvel_widget* widget);
 
 /* ---- Sound ---- */
+/*
+ * Sounds play in the system's sound service, music and tones in processes of the system's player;
+ * no call waits for them.
+ *
+ *  - macOS: effects are what the system-sound service takes (WAV, AIFF or CAF of at most 30
+ *    seconds); music is what /usr/bin/afplay takes (WAV, AIFF, MP3, M4A).
+ *  - Linux with PulseAudio or PipeWire: effects are PCM WAV of 8 or 16 bits, or Ogg Vorbis, up to
+ *    16 MiB of samples, through libcanberra and its PulseAudio driver (Debian: libcanberra-pulse).
+ *    Music is what paplay or else pw-play takes (WAV, AIFF, MP3, Ogg); M4A needs mpv.
+ *  - Without a sound server or these programs: effects are -1; music and tones are silent, and
+ *    their calls still return 0, since a player fails in its own process.
+ *
+ * A 16-bit WAV file plays everywhere, as effect and as music.
+ *
+ * Players inherit the host's signal mask, and are children of the host: one that waits for any
+ * child can meet them.
+ */
 
 /**
  * Plays the file @p name of the resource folder "Sounds" once, without waiting. Writes
  * "[OrvelSDK] suono: PATH" or "[OrvelSDK] suono non trovato: PATH" to the standard error stream.
+ * It cannot be stopped; on Linux it is heard to its end even when the host has exited.
  *
  * @return 0 when the system took the sound; -1 for null, a file that does not open, or a file that
- *         the system refuses.
+ *         the system refuses. On Linux, always -1 in a child process forked after a first sound.
  */
 ORVEL_API int orvel_play_sound(const char* name);
 
@@ -428,7 +446,10 @@ ORVEL_API int orvel_play_sound(const char* name);
  */
 ORVEL_API int orvel_play_music(const char* name);
 
-/** Stops the music player, if one was started, and waits for it to end. */
+/**
+ * Stops the music player with SIGTERM, if one was started, and waits for it to end: to the end of
+ * the track when it inherited a signal mask that blocks SIGTERM. Does nothing otherwise.
+ */
 ORVEL_API void orvel_stop_music(void);
 
 /**
@@ -436,6 +457,10 @@ ORVEL_API void orvel_stop_music(void);
  * 44100 samples a second to /tmp/orvelsdk_tone.wav and played in a player process of its own, which
  * the library neither stops nor waits for. Writes "[OrvelSDK] tone: HZ Hz x MS ms" to the standard
  * error stream. Keep durations below 97392 ms: from there the 32-bit sample count wraps.
+ *
+ * A file that cannot be written is not reported; the player then plays whatever lies at that path.
+ * Nothing is written to a link, a FIFO, a file with a second name or a file of another user. NaN
+ * and infinite frequencies are silence.
  *
  * @param frequency_hz  above 0.
  * @param duration_ms   at least 1.

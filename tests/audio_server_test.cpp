@@ -15,6 +15,7 @@
 #include "support/audio_server.h"
 #include "support/files.h"
 #include "support/private_system.h"
+#include "support/process.h"
 #include "support/wav.h"
 
 namespace {
@@ -236,6 +237,17 @@ TEST_F(AudioServerTest, MusicIsHeard) {
     }
 }
 
+TEST_F(AudioServerTest, Mp3MusicIsHeard) {
+    add_music("track.mp3", read_file(ORVEL_SOURCE_DIR "/tests/sounds/440hz.mp3"));
+    const Recorder recorder;
+    EXPECT_EQ(quietly(orvel_play_music, "track"), 0);
+    ASSERT_TRUE(recorder.wait_for_sound());
+    ASSERT_TRUE(recorder.wait_for_silence(200));
+    const Samples sound = heard(recorder.samples());
+    EXPECT_NEAR(milliseconds(sound), 340.0, 40.0);  // 300 ms and what the coding adds
+    EXPECT_GT(share_at(440.0, part(sound, 50.0, 250.0)), 0.99);
+}
+
 TEST_F(AudioServerTest, JunkInPlaceOfMusicIsSilent) {
     add_music("track.wav", std::string(100000, 'x'));
     const Recorder recorder;
@@ -253,6 +265,26 @@ TEST_F(AudioServerTest, AToneIsHeard) {
     const Recorder recorder;
     EXPECT_EQ(play_tone(1000.0, 400), 0);
     expect_sound(recorder, 1000.0, 400.0);
+}
+
+TEST_F(AudioServerTest, TheExampleBeepsAScaleRingsABellAndStopsItsMusic) {
+    const Recorder recorder;
+    const Finished done = run({ORVEL_BINARY_DIR "/examples/sounds", folder.path()});
+    EXPECT_EQ(done.status, 0) << done.error;
+    ASSERT_TRUE(recorder.wait_for_silence(200));
+
+    const double scale[] = {261.63, 293.66, 329.63, 349.23, 392.00, 440.00, 493.88, 523.25, 1046.5};
+    const Samples sound = heard(recorder.samples());
+    std::string notes;
+    for (double at = 0.0; at + 50.0 <= 2900.0; at += 10.0) {
+        for (int note = 0; note < 9; ++note) {
+            const char letter = "CDEFGAHcB"[note];
+            if (share_at(scale[note], part(sound, at, at + 50.0)) < 0.75) continue;
+            if (notes.empty() || notes.back() != letter) notes += letter;
+        }
+    }
+    EXPECT_EQ(notes, "CDEFGAHcBC");  // the last is the music's first
+    EXPECT_NEAR(milliseconds(sound), 8 * 250.0 + 600.0 + 1250.0, 200.0);
 }
 
 TEST_F(AudioServerTest, MusicEndsWithinAFifthOfASecondOfStop) {

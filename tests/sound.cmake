@@ -53,6 +53,9 @@ if(NOT APPLE)
     find_package(Threads REQUIRED)
     add_executable(audio_server_test audio_server_test.cpp support/audio_server.cpp)
     target_link_libraries(audio_server_test PRIVATE private_system Threads::Threads)
+    if(TARGET sounds)
+        add_dependencies(audio_server_test sounds)
+    endif()
     gtest_discover_tests(audio_server_test DISCOVERY_TIMEOUT 60
                          PROPERTIES TIMEOUT 300 RUN_SERIAL TRUE)
 
