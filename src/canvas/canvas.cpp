@@ -1,21 +1,6 @@
 #include "canvas/canvas.h"
 
-#include <cstddef>
-#include <cstring>
-#include <cwchar>
 #include <new>
-
-namespace orvel {
-
-// wmemset picks the processor's widest stores at run time; a loop over four-byte records does not.
-void fill_run(orvel_color* first, std::int64_t count, orvel_color color) {
-    static_assert(sizeof(wchar_t) == sizeof(orvel_color) && sizeof(orvel_color) == 4);
-    wchar_t word;
-    std::memcpy(&word, &color, sizeof word);
-    std::wmemset(reinterpret_cast<wchar_t*>(first), word, static_cast<std::size_t>(count));
-}
-
-}  // namespace orvel
 
 orvel_canvas* orvel_canvas_create(int width, int height) {
     if (width < 1 || height < 1) return nullptr;

@@ -20,8 +20,9 @@ void orvel_canvas_fill_rect(orvel_canvas* canvas, int x, int y, int w, int h, or
     const int top = std::max(y, 0);
     const int right = std::min(x + w, canvas->width);
     const int bottom = std::min(y + h, canvas->height);
-    if (left >= right) return;
-    for (int row = top; row < bottom; ++row) {
-        orvel::fill_run(orvel::pixel_at(*canvas, left, row), right - left, color);
+    if (left >= right || top >= bottom) return;
+    orvel_color* pixels = orvel::pixel_at(*canvas, left, top);
+    for (int row = top; row < bottom; ++row, pixels += canvas->width) {
+        orvel::fill_run(pixels, right - left, color);
     }
 }
