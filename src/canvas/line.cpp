@@ -49,21 +49,17 @@ Steps visible(const Axis& axis) {
             std::min(static_cast<uint64_t>(far), axis.extent())};
 }
 
-}  // namespace
+/// What is added to the steps made along the shorter axis before they are rounded down.
+uint64_t half_of(uint64_t extent) { return extent ? (extent - 1) / 2 : 0; }
 
-void orvel_canvas_line(orvel_canvas* canvas, int x0, int y0, int x1, int y1, orvel_color color) {
-    if (!canvas) return;
-    Axis major = {x0, x1, canvas->width, 1};
-    Axis minor = {y0, y1, canvas->height, canvas->width};
-    if (minor.extent() > major.extent()) std::swap(major, minor);
-
+/// The numbers of steps at which a line is inside the canvas.
+Steps visible(const Axis& major, const Axis& minor) {
     Steps steps = visible(major);
     const Steps sideways = visible(minor);
-    if (steps.empty() || sideways.empty()) return;
-
+    if (steps.empty() || sideways.empty()) return kNone;
     const uint64_t M = major.extent();
     const uint64_t m = minor.extent();
-    const uint64_t half = M ? (M - 1) / 2 : 0;
+    const uint64_t half = half_of(M);
     if (sideways.first > 0) {
         const uint64_t needed = sideways.first * M - half;
         steps.first = std::max(steps.first, (needed + m - 1) / m);
@@ -71,27 +67,47 @@ void orvel_canvas_line(orvel_canvas* canvas, int x0, int y0, int x1, int y1, orv
     if (sideways.last < m) {
         steps.last = std::min(steps.last, ((sideways.last + 1) * M - half - 1) / m);
     }
-    if (steps.empty()) return;
+    return steps;
+}
 
-    const uint64_t begun = steps.first ? (steps.first * m + half) / M : 0;
-    uint64_t error = steps.first * m + half - begun * M;
-    orvel_color* pixel = canvas->pixels.get() + major.offset(steps.first) + minor.offset(begun);
-    const uint64_t count = steps.last - steps.first + 1;
-    if (m == 0 && major.stride == 1) {
-        const uint64_t leftmost = major.forward() ? 0 : count - 1;
-        orvel::fill_run(pixel - leftmost, static_cast<int64_t>(count), color);
-        return;
+}  // namespace
+
+void orvel_canvas_line(orvel_canvas* canvas, int x0, int y0, int x1, int y1, orvel_color color) {
+    if (!canvas) return;
+    const auto [left, right] = std::minmax(x0, x1);
+    const auto [top, bottom] = std::minmax(y0, y1);
+    if (right < 0 || bottom < 0 || left >= canvas->width || top >= canvas->height) return;
+    if (top == bottom) {
+        return orvel::fill_span(*canvas, left, int64_t(right) + 1, top, color);
     }
-    const int64_t along = major.step();
-    const int64_t aside = minor.step();
-    for (uint64_t left = count;;) {
+    Axis major = {x0, x1, canvas->width, 1};
+    Axis minor = {y0, y1, canvas->height, canvas->width};
+    if (minor.extent() > major.extent()) std::swap(major, minor);
+
+    const uint64_t M = major.extent();
+    const uint64_t m = minor.extent();
+    Steps steps = {0, M};
+    if (left < 0 || top < 0 || right >= canvas->width || bottom >= canvas->height) {
+        steps = visible(major, minor);
+        if (steps.empty()) return;
+    }
+    const uint64_t half = half_of(M);
+    const uint64_t begun = steps.first ? (steps.first * m + half) / M : 0;
+    const bool is_straight = m == 0 || m == M;
+    const int64_t ahead_and_aside = major.step() + minor.step();
+    const int64_t ahead = m == M ? ahead_and_aside : major.step();
+    orvel_color* pixel = canvas->pixels.get() + major.offset(steps.first) + minor.offset(begun);
+    int64_t error = static_cast<int64_t>(steps.first * m + half - begun * M - M);
+    for (uint64_t left_over = steps.last - steps.first;; --left_over) {
         *pixel = color;
-        if (--left == 0) return;
-        pixel += along;
-        error += m;
-        if (error >= M) {
-            error -= M;
-            pixel += aside;
+        if (left_over == 0) return;
+        if (is_straight) {
+            pixel += ahead;
+            continue;
         }
+        error += static_cast<int64_t>(m);
+        const bool steps_aside = error >= 0;
+        pixel += steps_aside ? ahead_and_aside : ahead;
+        if (steps_aside) error -= static_cast<int64_t>(M);
     }
 }
