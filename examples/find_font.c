@@ -35,6 +35,7 @@ char* find_font(const char* name) {
         FcStrFree(family);
     }
     if (wanted) FcPatternDestroy(wanted);
+    FcFini(); /* gives all of its memory back; leave this out where fontconfig has other users */
     if (!file) fprintf(stderr, "find_font: %s: not installed\n", name);
     return file;
 }
