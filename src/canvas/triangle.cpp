@@ -2,10 +2,11 @@
 //
 // A pixel is inside unless one edge function is negative there and another positive. The three add
 // up to twice the signed area at every pixel, so inside means that none has the sign opposite to
-// the area's, or that all are zero where the area is. Each edge thus bounds x on a row by one
-// division.
+// the area's, or that all are zero where the area is. Each edge thus bounds x on a row, by a
+// quotient that is carried from row to row.
 #include <algorithm>
 #include <cstdint>
+#include <cstdlib>
 #include <initializer_list>
 
 #include "canvas/canvas.h"
@@ -40,18 +41,65 @@ struct Edge {
 /// Columns, both ends included; empty when first > last.
 struct Columns {
     int first, last;
+};
 
-    /// Drops the columns at which @p edge is negative.
-    void keep_nonnegative(const Edge& edge) {
-        const int slope = edge.per_column;
-        if (slope > 0) {
-            if (edge.value < 0) first = std::max(first, (slope - 1 - edge.value) / slope);
-        } else if (edge.value < 0) {
-            last = -1;
-        } else if (slope < 0) {
-            last = std::min(last, edge.value / -slope);
-        }
+/// The quotient of an edge's value and its slope, rounded down and followed from row to row without
+/// a division: the edge is not negative up to this column, or from its opposite on.
+class Bound {
+public:
+    Bound() = default;
+    explicit Bound(const Edge& edge) : slope_(std::abs(edge.per_column)) {
+        column_ = divide(edge.value, rest_);
+        column_step_ = divide(edge.per_row, rest_step_);
     }
+
+    int column() const { return column_; }
+
+    void next_row() {
+        column_ += column_step_;
+        rest_ += rest_step_;
+        if (rest_ < slope_) return;
+        rest_ -= slope_;
+        ++column_;
+    }
+
+private:
+    int divide(int value, int& rest) const {
+        rest = value % slope_;
+        const int quotient = value / slope_;
+        if (rest >= 0) return quotient;
+        rest += slope_;
+        return quotient - 1;
+    }
+
+    int slope_, column_, column_step_, rest_, rest_step_;
+};
+
+/// The bounds of all edges that are not horizontal; those hold on every row of their triangle.
+class Bounds {
+public:
+    void add(const Edge& edge) {
+        if (edge.per_column > 0) left_[lefts_++] = Bound(edge);
+        if (edge.per_column < 0) right_[rights_++] = Bound(edge);
+    }
+
+    /// The columns of this row; then goes to the next.
+    Columns take(int width) {
+        Columns columns = {0, width - 1};
+        for (int i = 0; i < lefts_; ++i) {
+            columns.first = std::max(columns.first, -left_[i].column());
+            left_[i].next_row();
+        }
+        for (int i = 0; i < rights_; ++i) {
+            columns.last = std::min(columns.last, right_[i].column());
+            right_[i].next_row();
+        }
+        return columns;
+    }
+
+private:
+    Bound left_[3], right_[3];
+    int lefts_ = 0, rights_ = 0;
 };
 
 /// The plain rule, for what the arithmetic may wrap in: looks at every pixel of a row.
@@ -79,6 +127,22 @@ bool is_exact(const orvel_canvas& canvas, std::initializer_list<Point> points) {
            });
 }
 
+void fill(const orvel_canvas& canvas, Columns columns, int row, orvel_color color) {
+    if (columns.first > columns.last) return;
+    orvel::fill_run(orvel::pixel_at(canvas, columns.first, row), columns.last - columns.first + 1,
+                    color);
+}
+
+Bounds bounds_of(const Edge (&edges)[3]) {
+    const std::int64_t area = std::int64_t(edges[0].value) + edges[1].value + edges[2].value;
+    Bounds bounds;
+    for (const Edge& edge : edges) {
+        if (area >= 0) bounds.add(edge);
+        if (area <= 0) bounds.add(-edge);
+    }
+    return bounds;
+}
+
 }  // namespace
 
 void orvel_canvas_fill_triangle(orvel_canvas* canvas, int x0, int y0, int x1, int y1, int x2,
@@ -90,26 +154,15 @@ void orvel_canvas_fill_triangle(orvel_canvas* canvas, int x0, int y0, int x1, in
 
     const Point p0 = {x0, y0}, p1 = {x1, y1}, p2 = {x2, y2};
     Edge edges[3] = {{p0, p2, top}, {p2, p1, top}, {p1, p0, top}};
-    const int width = canvas->width;
-    const bool exact = is_exact(*canvas, {p0, p1, p2});
-    const std::int64_t area = std::int64_t(edges[0].value) + edges[1].value + edges[2].value;
-    if (exact && area < 0) {
-        for (Edge& edge : edges) edge = -edge;
+    if (is_exact(*canvas, {p0, p1, p2})) {
+        Bounds bounds = bounds_of(edges);
+        for (int row = top; row <= bottom; ++row) {
+            fill(*canvas, bounds.take(canvas->width), row, color);
+        }
+        return;
     }
     for (int row = top; row <= bottom; ++row) {
-        Columns columns = {0, width - 1};
-        if (exact) {
-            for (const Edge& edge : edges) {
-                columns.keep_nonnegative(edge);
-                if (area == 0) columns.keep_nonnegative(-edge);
-            }
-        } else {
-            columns = scan(edges, width);
-        }
-        if (columns.first <= columns.last) {
-            orvel::fill_run(orvel::pixel_at(*canvas, columns.first, row),
-                            columns.last - columns.first + 1, color);
-        }
+        fill(*canvas, scan(edges, canvas->width), row, color);
         for (Edge& edge : edges) edge.value += edge.per_row;
     }
 }
