@@ -14,14 +14,15 @@
  *  - Strings are zero-terminated bytes. The library copies those it keeps.
  *  - Coordinates are pixels, the origin is the top left corner, y grows downward.
  *  - Clipping. What lies outside the canvas is silently dropped, pixel by pixel. No call spends
- * time on what cannot be seen: a shape with any int arguments costs no more than the rows and
- * columns of the canvas that it crosses.
+ *    time on what cannot be seen: a shape with any int arguments costs no more than the rows and
+ *    columns of the canvas that it crosses.
  *  - No blending. A pixel drawn replaces the old one, alpha included; alpha is data.
  *  - Arithmetic is 32-bit and wraps as two's complement where a sum or product leaves the range.
  *  - Threads. No locks: one thread at a time, or one canvas, theme and set of widgets per thread.
  *    The lifecycle, resource and sound functions share library-wide state: one thread for them all.
  *  - Memory. A canvas or widget whose record cannot be allocated is null. Any other allocation that
- *    fails raises std::bad_alloc, which a C host cannot catch: the process then ends.
+ *    fails raises std::bad_alloc, which a C host cannot catch: the process then ends. So does the
+ *    std::length_error that orvel_icon_draw_bitmap() describes.
  *  - Order. No call needs orvel_init() to have been made, and all work after orvel_shutdown().
  */
 #ifndef ORVEL_H
@@ -264,10 +265,15 @@ ORVEL_API int orvel_draw_icon_ex(orvel_canvas* canvas, const char* name, int x, 
 
 /**
  * Draws the BMP file @p name of the resource folder "Icons" at its own size, its top left corner at
- * (x, y). 24 and 32 bits a pixel are read, rows in either order; every other header field is
- * ignored. A pixel of a 32-bit file with alpha 0 is skipped, any other replaces the canvas pixel.
- * The file is not trusted: any bytes are safe, and one that ends early shows the rows before the
- * cut.
+ * (x, y). Of the header, the offset of the pixels, the width, the height and the depth are read and
+ * the rest is ignored: 24 and 32 bits a pixel, rows in either order. A pixel of a 32-bit file with
+ * alpha 0 is skipped, any other replaces the canvas pixel. The file is not trusted: no bytes read
+ * or write outside memory, block the call or cost more than what is visible of them, and a file
+ * that ends early shows the rows before the cut.
+ *
+ * A width whose row, rounded up to 4 bytes, is negative as a 32-bit number raises
+ * std::length_error: -2, for example, or 0x20000000 at 32 bits. A C host that draws files of
+ * strangers looks at the four bytes at offset 18 first.
  *
  * @return 0 when the file was accepted; -1 for null arguments, a file that cannot be opened, a
  * header shorter than 54 bytes or without "BM", and any other depth.
@@ -276,15 +282,15 @@ ORVEL_API int orvel_icon_draw_bitmap(orvel_canvas* canvas, const char* name, int
 
 /* ---- Themes ---- */
 
-ORVEL_API void orvel_theme_default(
-    orvel_theme* theme);                              /**< fills all nine fields: the dark theme */
-ORVEL_API void orvel_theme_light(orvel_theme* theme); /**< fills all nine fields: the light theme */
+ORVEL_API void orvel_theme_default(orvel_theme* theme); /**< the dark theme, all nine fields */
+ORVEL_API void orvel_theme_light(orvel_theme* theme);   /**< the light theme, all nine fields */
 
 /**
  * Reads the theme file @p name of the resource folder "UI" over @p theme. For each of the nine keys
  * in double quotes, the next quoted text after the next colon is its colour, "#rrggbb". A key that
- * is missing or whose value is empty keeps its field, so fill the record first. A value shorter
- * than six digits is white; a bad digit counts as 0; alpha becomes 255.
+ * is missing or whose value is empty keeps its field, so fill the record first. A value of fewer
+ * than six characters after the '#' is white; a bad digit counts as 0; alpha becomes 255. The whole
+ * file is read into memory, whatever its size.
  *
  * @return 0 when the file was opened, whatever it held; -1 for null arguments or when it cannot be.
  */

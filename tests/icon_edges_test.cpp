@@ -140,7 +140,7 @@ TEST(IconEdgesTest, HomeLowOnTheCanvasHasNoBody) {
     EXPECT_EQ(home.row(123), "..............oooo..............") << "the door stays";
 }
 
-TEST(IconEdgesTest, HomesBodyEndsAtRowSMinusOneWhereverItIs) {
+TEST(IconEdgesTest, HomesBodyEndsAtRowSMinusTwoWhereverItIs) {
     // The last row is 30; from y = 14 on it is the roof's own.
     EXPECT_EQ(Drawing("home", 0, 13, 32, 32, 60).at(10, 30), '#');
     EXPECT_EQ(Drawing("home", 0, 14, 32, 32, 60).at(10, 31), '.');

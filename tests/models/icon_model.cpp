@@ -15,7 +15,7 @@ using Numbers = std::vector<int>;
 
 int as_signed(std::uint32_t number) { return static_cast<std::int32_t>(number); }
 
-/// Far from what int can hold in every use here: no side is above 2^31 - 1.
+/// Always within int: no radius of the table is above 2^30.
 std::uint32_t toward_zero(double value) {
     return static_cast<std::uint32_t>(static_cast<std::int64_t>(value));
 }
