@@ -46,12 +46,9 @@ TEST(CanvasTest, LongNarrowCanvasesWork) {
     }
 }
 
-#ifndef __SANITIZE_ADDRESS__  // which ends the program at a request of this size
-TEST(CanvasTest, PixelsThatNoMemoryCanHoldRaiseAnAllocationFailure) {
+TEST(CanvasTest, MorePixelsThanMemoryCanEverHoldRaiseAnAllocationFailure) {
     EXPECT_THROW(orvel_canvas_create(INT_MAX, INT_MAX), std::bad_alloc);
-    EXPECT_THROW(orvel_canvas_create(INT_MAX, 1 << 28), std::bad_alloc);
 }
-#endif
 
 TEST(CanvasTest, AColourIsFourBytesInTheOrderRedGreenBlueAlpha) {
     ASSERT_EQ(sizeof(orvel_color), 4u);

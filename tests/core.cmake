@@ -5,7 +5,7 @@ add_library(test_models STATIC
     support/primitives.cpp support/sweep.cpp)
 target_link_libraries(test_models PUBLIC test_support)
 
-foreach(module IN ITEMS state resources canvas shapes bmp text layers)
+foreach(module IN ITEMS state resources canvas shapes round_shapes bmp text layers)
     orvel_test(${module}_test)
 endforeach()
 orvel_test(out_of_memory_test support/allocations.cpp)
