@@ -9,8 +9,8 @@ namespace {
 
 using namespace orvel_test;
 
-Call call_with(Arguments arguments) {
-    Call call;
+DrawingCall call_with(Arguments arguments) {
+    DrawingCall call;
     call.width = 40;
     call.height = 30;
     call.arguments = arguments;
@@ -20,7 +20,7 @@ Call call_with(Arguments arguments) {
 class LongLine : public testing::TestWithParam<Arguments> {};
 
 TEST_P(LongLine, CrossesTheCanvasAndEqualsTheWalkedOne) {
-    const Call call = call_with(GetParam());
+    const DrawingCall call = call_with(GetParam());
     EXPECT_TRUE(draws(kLine, call));
     EXPECT_EQ(difference(kLine, call), "");
 }
@@ -37,7 +37,7 @@ INSTANTIATE_TEST_SUITE_P(
 class LargeCircle : public testing::TestWithParam<Arguments> {};
 
 TEST_P(LargeCircle, CrossesTheCanvasAndEqualsTheWalkedOne) {
-    const Call call = call_with(GetParam());
+    const DrawingCall call = call_with(GetParam());
     EXPECT_TRUE(draws(kCircle, call));
     EXPECT_EQ(difference(kCircle, call), "");
 }
@@ -54,7 +54,7 @@ INSTANTIATE_TEST_SUITE_P(Extremes, LargeCircle,
 TEST(LongSweep, LinesOfAMillionSteps) {
     for (std::uint64_t number = 0; number < 400; ++number) {
         Random random(number);
-        Call call = call_with({});
+        DrawingCall call = call_with({});
         const int half = random.between(1 << 19, 1 << 22);
         const int aside = random.between(0, half);
         const int x = random.between(0, 39), y = random.between(0, 29);
@@ -71,7 +71,7 @@ TEST(LongSweep, LinesOfAMillionSteps) {
 TEST(LongSweep, CirclesOfAMillionSteps) {
     for (std::uint64_t number = 0; number < 150; ++number) {
         Random random(number);
-        Call call = call_with({});
+        DrawingCall call = call_with({});
         const int r = random.between(1000000, 8000000);
         // Along the arc in every direction: three sides of right triangles times r.
         constexpr int triples[][3] = {

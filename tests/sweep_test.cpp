@@ -40,8 +40,8 @@ TEST(SweepTest, ManyCallsOfEverySweepDrawSomething) {
 
 TEST(SweepTest, ADifferenceIsSeenAndToldInWords) {
     Primitive wrong = kLine;
-    wrong.model = [](model::Canvas& canvas, const Call&) { canvas.put(2, 1, {1, 2, 3, 4}); };
-    Call call;
+    wrong.model = [](model::Canvas& canvas, const DrawingCall&) { canvas.put(2, 1, {1, 2, 3, 4}); };
+    DrawingCall call;
     call.width = 4;
     call.height = 3;
     call.arguments = {0, 9, 3, 9};
@@ -53,14 +53,14 @@ TEST(SweepTest, ADifferenceIsSeenAndToldInWords) {
 
 TEST(SweepTest, TheWidthOfATextEqualsTheModels) {
     for (std::uint64_t number = 0; number < 10000; ++number) {
-        const Call call = numbered_call(kText, number);
+        const DrawingCall call = numbered_call(kText, number);
         ASSERT_EQ(orvel_text_width(call.text.c_str()), model::text_width(call.text)) << number;
     }
 }
 
 TEST(SweepTest, ReadingAPixelEqualsTheModel) {
     for (std::uint64_t number = 0; number < 100000; ++number) {
-        const Call call = numbered_call(kPixel, number);
+        const DrawingCall call = numbered_call(kPixel, number);
         const CanvasPtr canvas = make_canvas(call.width, call.height);
         model::Canvas plain(call.width, call.height);
         orvel_canvas_clear(canvas.get(), call.color);

@@ -51,17 +51,17 @@ int extent(Random& random, int size, int start) {
     }
 }
 
-void choose_point(Random& random, Call& call) {
+void choose_point(Random& random, DrawingCall& call) {
     call.arguments = {coordinate(random, call.width), coordinate(random, call.height)};
 }
 
-void choose_box(Random& random, Call& call) {
+void choose_box(Random& random, DrawingCall& call) {
     const int x = coordinate(random, call.width), y = coordinate(random, call.height);
     call.arguments = {x, y, extent(random, call.width, x), extent(random, call.height, y)};
 }
 
 /// A line through or past the canvas whose ends are up to @p reach from it.
-void choose_crossing(Random& random, Call& call, int reach) {
+void choose_crossing(Random& random, DrawingCall& call, int reach) {
     const std::int64_t x = random.between(-3, call.width + 2),
                        y = random.between(-3, call.height + 2);
     const std::int64_t dx = random.between(-reach, reach), dy = random.between(-reach, reach);
@@ -70,7 +70,7 @@ void choose_crossing(Random& random, Call& call, int reach) {
                       wrap(x + dx * (1000 - back) / 1000), wrap(y + dy * (1000 - back) / 1000)};
 }
 
-void choose_line(Random& random, Call& call) {
+void choose_line(Random& random, DrawingCall& call) {
     switch (random.between(0, 9)) {
     case 0: {  // anywhere, but short enough to be walked
         const int x = extreme(random), y = extreme(random);
@@ -93,7 +93,7 @@ void choose_line(Random& random, Call& call) {
 }
 
 /// A centre for which the circle of radius @p r passes through or near the canvas.
-void choose_round(Random& random, Call& call, int r) {
+void choose_round(Random& random, DrawingCall& call, int r) {
     const std::int64_t x = random.between(-2, call.width + 1),
                        y = random.between(-2, call.height + 1);
     std::int64_t across = random.between(-std::int64_t{r}, r);
@@ -107,7 +107,7 @@ void choose_round(Random& random, Call& call, int r) {
     call.arguments = {clamp(x + across), clamp(y + down), r};
 }
 
-void choose_circle(Random& random, Call& call) {
+void choose_circle(Random& random, DrawingCall& call) {
     const int kind = random.between(0, 999);
     if (kind < 500) {
         call.arguments = {random.between(-20, call.width + 20),
@@ -123,7 +123,7 @@ void choose_circle(Random& random, Call& call) {
     }
 }
 
-void choose_disc(Random& random, Call& call) {
+void choose_disc(Random& random, DrawingCall& call) {
     switch (random.between(0, 9)) {
     case 0: call.arguments = {extreme(random), extreme(random), extreme(random)}; return;
     case 1: return choose_round(random, call, std::abs(std::max(extreme(random), -INT_MAX)));
@@ -136,7 +136,7 @@ void choose_disc(Random& random, Call& call) {
     }
 }
 
-void choose_triangle(Random& random, Call& call) {
+void choose_triangle(Random& random, DrawingCall& call) {
     Arguments& a = call.arguments;
     for (std::size_t i = 0; i < 6; ++i) a[i] = coordinate(random, i % 2 ? call.height : call.width);
     switch (random.between(0, 9)) {
@@ -169,7 +169,7 @@ void choose_triangle(Random& random, Call& call) {
     }
 }
 
-void choose_text(Random& random, Call& call) {
+void choose_text(Random& random, DrawingCall& call) {
     choose_point(random, call);
     if (random.one_in(3)) call.arguments[0] = random.between(-200, call.width);
     const int length = random.between(0, 40);
@@ -183,48 +183,48 @@ void choose_text(Random& random, Call& call) {
 }  // namespace
 
 const Primitive kPixel = {"orvel_canvas_pixel", 2,
-                          [](orvel_canvas* canvas, const Call& c) {
+                          [](orvel_canvas* canvas, const DrawingCall& c) {
                               orvel_canvas_pixel(canvas, c.arguments[0], c.arguments[1], c.color);
                           },
-                          [](model::Canvas& canvas, const Call& c) {
+                          [](model::Canvas& canvas, const DrawingCall& c) {
                               model::pixel(canvas, c.arguments[0], c.arguments[1], c.color);
                           },
                           choose_point};
 
 const Primitive kClear = {
     "orvel_canvas_clear", 0,
-    [](orvel_canvas* canvas, const Call& c) { orvel_canvas_clear(canvas, c.color); },
-    [](model::Canvas& canvas, const Call& c) { model::clear(canvas, c.color); },
-    [](Random&, Call&) {}};
+    [](orvel_canvas* canvas, const DrawingCall& c) { orvel_canvas_clear(canvas, c.color); },
+    [](model::Canvas& canvas, const DrawingCall& c) { model::clear(canvas, c.color); },
+    [](Random&, DrawingCall&) {}};
 
 const Primitive kLine = {"orvel_canvas_line", 4,
-                         [](orvel_canvas* canvas, const Call& c) {
+                         [](orvel_canvas* canvas, const DrawingCall& c) {
                              const Arguments& a = c.arguments;
                              orvel_canvas_line(canvas, a[0], a[1], a[2], a[3], c.color);
                          },
-                         [](model::Canvas& canvas, const Call& c) {
+                         [](model::Canvas& canvas, const DrawingCall& c) {
                              const Arguments& a = c.arguments;
                              model::line(canvas, a[0], a[1], a[2], a[3], c.color);
                          },
                          choose_line};
 
 const Primitive kRect = {"orvel_canvas_rect", 4,
-                         [](orvel_canvas* canvas, const Call& c) {
+                         [](orvel_canvas* canvas, const DrawingCall& c) {
                              const Arguments& a = c.arguments;
                              orvel_canvas_rect(canvas, a[0], a[1], a[2], a[3], c.color);
                          },
-                         [](model::Canvas& canvas, const Call& c) {
+                         [](model::Canvas& canvas, const DrawingCall& c) {
                              const Arguments& a = c.arguments;
                              model::rect(canvas, a[0], a[1], a[2], a[3], c.color);
                          },
                          choose_box};
 
 const Primitive kFillRect = {"orvel_canvas_fill_rect", 4,
-                             [](orvel_canvas* canvas, const Call& c) {
+                             [](orvel_canvas* canvas, const DrawingCall& c) {
                                  const Arguments& a = c.arguments;
                                  orvel_canvas_fill_rect(canvas, a[0], a[1], a[2], a[3], c.color);
                              },
-                             [](model::Canvas& canvas, const Call& c) {
+                             [](model::Canvas& canvas, const DrawingCall& c) {
                                  const Arguments& a = c.arguments;
                                  model::fill_rect(canvas, a[0], a[1], a[2], a[3], c.color);
                              },
@@ -232,31 +232,31 @@ const Primitive kFillRect = {"orvel_canvas_fill_rect", 4,
 
 const Primitive kCircle = {
     "orvel_canvas_circle", 3,
-    [](orvel_canvas* canvas, const Call& c) {
+    [](orvel_canvas* canvas, const DrawingCall& c) {
         orvel_canvas_circle(canvas, c.arguments[0], c.arguments[1], c.arguments[2], c.color);
     },
-    [](model::Canvas& canvas, const Call& c) {
+    [](model::Canvas& canvas, const DrawingCall& c) {
         model::circle(canvas, c.arguments[0], c.arguments[1], c.arguments[2], c.color);
     },
     choose_circle};
 
 const Primitive kDisc = {
     "orvel_canvas_fill_circle", 3,
-    [](orvel_canvas* canvas, const Call& c) {
+    [](orvel_canvas* canvas, const DrawingCall& c) {
         orvel_canvas_fill_circle(canvas, c.arguments[0], c.arguments[1], c.arguments[2], c.color);
     },
-    [](model::Canvas& canvas, const Call& c) {
+    [](model::Canvas& canvas, const DrawingCall& c) {
         model::fill_circle(canvas, c.arguments[0], c.arguments[1], c.arguments[2], c.color);
     },
     choose_disc};
 
 const Primitive kTriangle = {
     "orvel_canvas_fill_triangle", 6,
-    [](orvel_canvas* canvas, const Call& c) {
+    [](orvel_canvas* canvas, const DrawingCall& c) {
         const Arguments& a = c.arguments;
         orvel_canvas_fill_triangle(canvas, a[0], a[1], a[2], a[3], a[4], a[5], c.color);
     },
-    [](model::Canvas& canvas, const Call& c) {
+    [](model::Canvas& canvas, const DrawingCall& c) {
         const Arguments& a = c.arguments;
         model::fill_triangle(canvas, a[0], a[1], a[2], a[3], a[4], a[5], c.color);
     },
@@ -264,10 +264,10 @@ const Primitive kTriangle = {
 
 const Primitive kText = {
     "orvel_text_draw", 2,
-    [](orvel_canvas* canvas, const Call& c) {
+    [](orvel_canvas* canvas, const DrawingCall& c) {
         orvel_text_draw(canvas, c.text.c_str(), c.arguments[0], c.arguments[1], c.color);
     },
-    [](model::Canvas& canvas, const Call& c) {
+    [](model::Canvas& canvas, const DrawingCall& c) {
         model::text_draw(canvas, c.text, c.arguments[0], c.arguments[1], c.color);
     },
     choose_text};

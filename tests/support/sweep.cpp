@@ -17,7 +17,7 @@ orvel_color random_color(Random& random) {
 }
 
 /// Gives both canvases the same content to draw over.
-void prepare(const Call& call, orvel_canvas* canvas, model::Canvas& model) {
+void prepare(const DrawingCall& call, orvel_canvas* canvas, model::Canvas& model) {
     if (call.background == 0) return;
     Random random(static_cast<std::uint64_t>(call.background));
     const orvel_color even = random_color(random), odd = random_color(random);
@@ -32,7 +32,7 @@ void prepare(const Call& call, orvel_canvas* canvas, model::Canvas& model) {
     }
 }
 
-std::string in_words(const Primitive& primitive, const Call& call) {
+std::string in_words(const Primitive& primitive, const DrawingCall& call) {
     std::ostringstream out;
     out << primitive.name << '(';
     for (int i = 0; i < primitive.arguments; ++i) {
@@ -52,7 +52,7 @@ std::uint64_t number_from(const char* variable, std::uint64_t otherwise) {
 
 }  // namespace
 
-std::string difference(const Primitive& primitive, const Call& call) {
+std::string difference(const Primitive& primitive, const DrawingCall& call) {
     const CanvasPtr canvas = make_canvas(call.width, call.height);
     model::Canvas model(call.width, call.height);
     prepare(call, canvas.get(), model);
@@ -71,7 +71,7 @@ std::string difference(const Primitive& primitive, const Call& call) {
     return "";
 }
 
-bool draws(const Primitive& primitive, const Call& call) {
+bool draws(const Primitive& primitive, const DrawingCall& call) {
     const CanvasPtr canvas = make_canvas(call.width, call.height);
     model::Canvas model(call.width, call.height);
     prepare(call, canvas.get(), model);
@@ -84,9 +84,9 @@ bool draws(const Primitive& primitive, const Call& call) {
     return false;
 }
 
-Call numbered_call(const Primitive& primitive, std::uint64_t number) {
+DrawingCall numbered_call(const Primitive& primitive, std::uint64_t number) {
     Random random(number * 0x100000001B3u + 1);
-    Call call;
+    DrawingCall call;
     switch (random.between(0, 9)) {
     case 0:
         call.width = random.between(1, 3);

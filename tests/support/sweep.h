@@ -14,7 +14,7 @@ namespace orvel_test {
 using Arguments = std::array<int, 6>;
 
 /// One drawing call on one canvas.
-struct Call {
+struct DrawingCall {
     int width = 1, height = 1;
     int background = 0;  // 0: as created; 1: cleared; 2 and more: a pattern
     Arguments arguments = {};
@@ -25,23 +25,23 @@ struct Call {
 /// A drawing function of the library and the model that it must equal.
 struct Primitive {
     const char* name;
-    int arguments;  // how many of Call::arguments it takes
-    void (*library)(orvel_canvas*, const Call&);
-    void (*model)(model::Canvas&, const Call&);
-    void (*choose)(Random&, Call&);  // arguments that suit the canvas already chosen
+    int arguments;  // how many of DrawingCall::arguments it takes
+    void (*library)(orvel_canvas*, const DrawingCall&);
+    void (*model)(model::Canvas&, const DrawingCall&);
+    void (*choose)(Random&, DrawingCall&);  // arguments that suit the canvas already chosen
 };
 
 extern const Primitive kPixel, kClear, kLine, kRect, kFillRect, kCircle, kDisc, kTriangle, kText;
 
 /// Makes the call both ways. Empty when every pixel agrees, else what differs and the call in
 /// words.
-std::string difference(const Primitive& primitive, const Call& call);
+std::string difference(const Primitive& primitive, const DrawingCall& call);
 
 /// Whether the library changes any pixel of the canvas when it makes the call.
-bool draws(const Primitive& primitive, const Call& call);
+bool draws(const Primitive& primitive, const DrawingCall& call);
 
 /// The call with the number @p number of a primitive's sweep.
-Call numbered_call(const Primitive& primitive, std::uint64_t number);
+DrawingCall numbered_call(const Primitive& primitive, std::uint64_t number);
 
 /// Makes the calls 0, 1, 2, ... of a primitive: as many as ORVEL_SWEEP_CALLS says, or @p calls.
 /// With ORVEL_SWEEP_CASE=n only the call n. Fails at the first difference, with its number.
