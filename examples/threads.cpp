@@ -5,6 +5,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <memory>
 #include <thread>
 #include <vector>
@@ -67,13 +68,15 @@ struct Screen {
 
 struct Run {
     double seconds;
-    bool all_the_same;  // each worker's last screen had the pixels that one thread gives it
+    double processor_seconds;  // of all workers together
+    bool all_the_same;         // each worker's last screen had the pixels that one thread gives it
 };
 
 Run render(int screens, unsigned workers, unsigned expected) {
     std::atomic<int> next{0};
     std::atomic<bool> all_the_same{true};
     std::vector<std::thread> threads;
+    const std::clock_t processor_start = std::clock();
     const auto start = std::chrono::steady_clock::now();
     for (unsigned worker = 0; worker < workers; ++worker) {
         threads.emplace_back([&] {
@@ -85,7 +88,8 @@ Run render(int screens, unsigned workers, unsigned expected) {
     }
     for (std::thread& thread : threads) thread.join();
     const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
-    return {time.count(), all_the_same};
+    const double processor = static_cast<double>(std::clock() - processor_start) / CLOCKS_PER_SEC;
+    return {time.count(), processor, all_the_same};
 }
 
 }  // namespace
@@ -104,8 +108,11 @@ int main(int argc, char** argv) {
     for (unsigned workers = 1; workers <= cores; ++workers) {
         const Run run = render(screens, workers, alone.checksum());
         if (workers == 1) one = run.seconds;
-        std::printf("%3u worker%s %8.0f screens a second, %.2f times one worker\n", workers,
-                    workers == 1 ? ": " : "s:", screens / run.seconds, one / run.seconds);
+        std::printf(
+            "%3u worker%s %8.0f screens a second, %.2f times one worker; "
+            "%.1f us of processor time a screen\n",
+            workers, workers == 1 ? ": " : "s:", screens / run.seconds, one / run.seconds,
+            run.processor_seconds * 1e6 / screens);
         if (!run.all_the_same) {
             std::fprintf(stderr, "threads: a worker's screen differs from that of one thread\n");
             return 1;

@@ -204,6 +204,17 @@ TEST(Examples, ThreadsNeedsAtLeastOneScreen) {
     }
 }
 
+TEST(Examples, TheDemoOpensNoWindowWhereThereIsNoDisplay) {
+#ifdef __APPLE__
+    GTEST_SKIP() << "macOS has a display without saying so";
+#endif
+    const Finished done = run(
+        {"env", "-u", "DISPLAY", "-u", "WAYLAND_DISPLAY", ORVEL_SOURCE_DIR "/demo", "--window"});
+    EXPECT_EQ(done.status, 1);
+    EXPECT_EQ(done.error, "demo: there is no display to open a window on\n");
+    EXPECT_EQ(done.output, "");
+}
+
 #ifdef ORVEL_HAS_LETTERS
 const std::string kPages[] = {"settings_page", "music_player", "weather_energy"};
 
