@@ -73,7 +73,7 @@ int play_system_sound(const std::string& path) {
     const Canberra* ca = canberra();
     ca_context* context = nullptr;
     if (!ca || ca->create(&context) != 0) return -1;
-    // Left to choose, libcanberra falls back to a driver that plays nothing and says all is well.
+    // The environment could name another driver (CANBERRA_DRIVER), and only this one has a cache.
     const bool played =
         ca->set_driver(context, "pulse") == 0 && upload_and_play(*ca, context, path);
     // A connection costs a millisecond. A kept one would leave a thread and descriptors in the
