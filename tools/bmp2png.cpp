@@ -36,16 +36,15 @@ bool convert(const std::string& in, const std::string& out, int scale, std::stri
 }  // namespace
 
 int main(int argc, char** argv) {
-    CLI::App app("Turns a BMP file of OrvelSDK, 24 or 32 bits, into a PNG file.", "orvel-bmp2png");
-    app.footer("Exit status: 0 when the PNG file is written, 2 on an error.");
+    orvel_tools::CommandLine program(
+        "orvel-bmp2png", "Turns a BMP file of OrvelSDK, 24 or 32 bits, into a PNG file.",
+        "0 when the PNG file is written, 2 on an error.");
     std::string in, out;
     int scale = 1;
-    app.add_option("IN", in, "The BMP file")->required();
-    app.add_option("OUT", out, "The PNG file; an old one is overwritten")->required();
-    app.add_option("--scale", scale, "Make every pixel a square of this side")
-        ->check(CLI::Range(1, 64))
-        ->capture_default_str();
-    if (const auto done = orvel_tools::parse(app, argc, argv)) return *done;
+    program.argument("IN", in, "The BMP file");
+    program.argument("OUT", out, "The PNG file; an old one is overwritten");
+    program.option("--scale", scale, 1, 64, "Make every pixel a square of this side");
+    if (const auto done = program.parse(argc, argv)) return *done;
 
     std::string error;
     try {
@@ -53,5 +52,5 @@ int main(int argc, char** argv) {
     } catch (const std::bad_alloc&) {
         error = in + ": too large for the memory";
     }
-    return orvel_tools::fail(app, error);
+    return program.fail(error);
 }

@@ -1,37 +1,38 @@
 // How all tools speak: results on the standard output, one-line errors on the standard error.
 #pragma once
 
-#include <CLI/CLI.hpp>
-#include <iostream>
+#include <memory>
 #include <optional>
 #include <string>
 
-#include "orvel.h"
+namespace CLI {
+class App;  // its header is large and is compiled once, in command_line.cpp
+}
 
 namespace orvel_tools {
 
-constexpr int kError = 2;
+/// What a program takes, and its --help and --version. The values must outlive parse().
+class CommandLine {
+public:
+    CommandLine(const char* name, const char* about, const char* statuses);
+    /// The subcommand @p name of @p program, which then asks for one of its subcommands.
+    CommandLine(CommandLine& program, const char* name, const char* about);
 
-inline int fail(const CLI::App& app, const std::string& message) {
-    std::cerr << app.get_name() << ": " << message << '\n';
-    return kError;
-}
+    void argument(const char* name, std::string& value, const char* about);
+    void option(const char* name, std::string& value, const char* about);
+    void option(const char* name, double& value, const char* about);
+    /// An option from @p lowest to @p highest, whose default is what @p value holds.
+    void option(const char* name, int& value, int lowest, int highest, const char* about);
 
-/// Reads the arguments. A value means that the program is done and ends with it: 0 after --help and
-/// --version, kError after a mistake.
-inline std::optional<int> parse(CLI::App& app, int argc, const char* const* argv) {
-    app.set_version_flag("--version", ORVEL_VERSION, "Print the version and exit");
-    app.set_help_flag("-h,--help", "Print this help and exit");
-    app.failure_message([](const CLI::App* failed, const CLI::Error& error) {
-        const std::string& name = failed->get_name();
-        return name + ": " + error.what() + " (" + name + " --help tells more)\n";
-    });
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? 0 : kError;
-    }
-    return std::nullopt;
-}
+    /// Reads the arguments. A value means that the program is done and ends with it: 0 after --help
+    /// and --version, 2 after a mistake.
+    std::optional<int> parse(int argc, const char* const* argv);
+
+    /// Says what went wrong; returns the status to end with, 2.
+    int fail(const std::string& message) const;
+
+private:
+    std::shared_ptr<CLI::App> app_;
+};
 
 }  // namespace orvel_tools

@@ -66,25 +66,26 @@ void print(const Difference& found, const Picture& a, const Picture& b) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    CLI::App app(
-        "Compares two BMP files of OrvelSDK pixel by pixel, alpha included. A 24-bit file "
-        "counts as opaque.",
-        "orvel-compare");
-    app.footer("Exit status: 0 when the pictures are equal, 1 when they differ, 2 on an error.");
+    orvel_tools::CommandLine program(
+        "orvel-compare",
+        "Compares two BMP files of OrvelSDK pixel by pixel, alpha included. A 24-bit file counts "
+        "as "
+        "opaque.",
+        "0 when the pictures are equal, 1 when they differ, 2 on an error.");
     std::string first, second, diff;
-    app.add_option("A", first, "A picture")->required();
-    app.add_option("B", second, "The picture to compare it with")->required();
-    app.add_option("--diff", diff, "Write a PNG of the differing pixels, red on a faded picture A");
-    if (const auto done = orvel_tools::parse(app, argc, argv)) return *done;
+    program.argument("A", first, "A picture");
+    program.argument("B", second, "The picture to compare it with");
+    program.option("--diff", diff, "Write a PNG of the differing pixels, red on a faded picture A");
+    if (const auto done = program.parse(argc, argv)) return *done;
 
     std::string error;
     const auto a = orvel_tools::read_bmp(first, error);
-    if (!a) return orvel_tools::fail(app, error);
+    if (!a) return program.fail(error);
     const auto b = orvel_tools::read_bmp(second, error);
-    if (!b) return orvel_tools::fail(app, error);
+    if (!b) return program.fail(error);
     const Difference found = difference(*a, *b);
     if (!diff.empty() && !orvel_tools::write_png(found.picture, diff, error)) {
-        return orvel_tools::fail(app, error);
+        return program.fail(error);
     }
     print(found, *a, *b);
     return found.count == 0 ? 0 : 1;

@@ -1,6 +1,7 @@
 // orvel-theme: says what the library makes of a theme file.
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -12,6 +13,7 @@
 
 namespace {
 
+using orvel_tools::CommandLine;
 using orvel_tools::Finding;
 using orvel_tools::Pair;
 
@@ -66,18 +68,19 @@ int print_contrasts(const orvel_theme& theme, double wanted) {
     return below;
 }
 
-int check(const CLI::App& app, const std::string& file, double wanted, const std::string& preview) {
+int check(const CommandLine& program, const std::string& file, double wanted,
+          const std::string& preview) {
     std::string error;
     const auto text = read_text(file, error);
-    if (!text) return orvel_tools::fail(app, error);
+    if (!text) return program.fail(error);
     orvel_theme theme;
-    if (!load(*text, theme, error)) return orvel_tools::fail(app, error);
+    if (!load(*text, theme, error)) return program.fail(error);
     const auto findings = orvel_tools::check_theme(*text);
     print(file, findings);
     const int below = print_contrasts(theme, wanted);
     if (!preview.empty() &&
         !orvel_tools::write_png(orvel_tools::theme_preview(theme), preview, error)) {
-        return orvel_tools::fail(app, error);
+        return program.fail(error);
     }
     return findings.empty() && below == 0 ? 0 : 1;
 }
@@ -85,22 +88,20 @@ int check(const CLI::App& app, const std::string& file, double wanted, const std
 }  // namespace
 
 int main(int argc, char** argv) {
-    CLI::App app(
-        "Says what the library makes of a theme file. Loading one never complains: what is "
-        "missing or wrong just shows.",
-        "orvel-theme");
-    app.footer("Exit status: 0 when all is well, 1 when something was found, 2 on an error.");
-    app.require_subcommand(1);
-    CLI::App* command = app.add_subcommand(
-        "check",
-        "List the keys that are missing, empty, too short or otherwise misread, and the "
-        "contrast of every pair of colours that words are drawn in");
+    CommandLine program("orvel-theme",
+                        "Says what the library makes of a theme file. Loading one never complains: "
+                        "what is missing or wrong just shows.",
+                        "0 when all is well, 1 when something was found, 2 on an error.");
+    CommandLine command(
+        program, "check",
+        "List the keys that are missing, empty, too short or otherwise misread, and "
+        "the contrast of every pair of colours that words are drawn in");
     std::string file, preview;
     double wanted = 0;
-    command->add_option("FILE", file, "A theme file, wherever it is")->required();
-    command->add_option("--min-contrast", wanted, "Also object to ratios below this one");
-    command->add_option("--preview", preview,
-                        "Write a PNG of widgets in the theme and its nine colours");
-    if (const auto done = orvel_tools::parse(app, argc, argv)) return *done;
-    return check(app, file, wanted, preview);
+    command.argument("FILE", file, "A theme file, wherever it is");
+    command.option("--min-contrast", wanted, "Also object to ratios below this one");
+    command.option("--preview", preview,
+                   "Write a PNG of widgets in the theme and its nine colours");
+    if (const auto done = program.parse(argc, argv)) return *done;
+    return check(program, file, wanted, preview);
 }
