@@ -31,6 +31,7 @@
 /** The version of this header; orvel_version() tells that of the library in use. */
 #define ORVEL_VERSION "0.1.0"
 
+/** Marks what the shared library exports; hosts have no use for it. */
 #if defined(_WIN32)
 #define ORVEL_API
 #else
@@ -43,7 +44,10 @@ extern "C" {
 
 /** A colour: red, green, blue and alpha (255 is opaque), four bytes in this order in memory. */
 typedef struct orvel_color {
-    unsigned char r, g, b, a;
+    unsigned char r; /**< red */
+    unsigned char g; /**< green */
+    unsigned char b; /**< blue */
+    unsigned char a; /**< alpha */
 } orvel_color;
 
 /** A picture in memory; made by orvel_canvas_create(). */
@@ -57,15 +61,15 @@ typedef struct orvel_widget orvel_widget;
  * allocates one. The field names are also the keys of theme files.
  */
 typedef struct orvel_theme {
-    orvel_color background;
-    orvel_color surface;
-    orvel_color text;
-    orvel_color accent;
-    orvel_color border;
-    orvel_color button;
-    orvel_color button_hover;
-    orvel_color button_text;
-    orvel_color error; /**< no widget uses it; for the host's own drawing */
+    orvel_color background;   /**< list items; words and knobs on the accent */
+    orvel_color surface;      /**< the ground of windows, panels and fields */
+    orvel_color text;         /**< words, arrows, the signs of a stepper */
+    orvel_color accent;       /**< what is selected, filled, switched on or open */
+    orvel_color border;       /**< frames, rules, tracks and what is switched off */
+    orvel_color button;       /**< a button's face */
+    orvel_color button_hover; /**< the same under the pointer; the selected item of lists, menus */
+    orvel_color button_text;  /**< a button's caption */
+    orvel_color error;        /**< no widget uses it; for the host's own drawing */
 } orvel_theme;
 
 /** The kinds of widget. The codes are part of the interface. */
@@ -314,22 +318,28 @@ ORVEL_API int orvel_theme_save(const orvel_theme* theme, const char* name);
  * its widgets.
  */
 
+/** A framed surface with a band for its title along the top, 12 pixels high. */
 ORVEL_API orvel_widget* orvel_widget_window(orvel_canvas* canvas, const orvel_theme* theme,
                                             const char* title, int x, int y, int w, int h);
+/** A framed surface. */
 ORVEL_API orvel_widget* orvel_widget_panel(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                            int y, int w, int h);
+/** Text in the text colour, without a ground. */
 ORVEL_API orvel_widget* orvel_widget_label(orvel_canvas* canvas, const orvel_theme* theme,
                                            const char* text, int x, int y);
 /** Reacts to hover. */
 ORVEL_API orvel_widget* orvel_widget_button(orvel_canvas* canvas, const orvel_theme* theme,
                                             const char* text, int x, int y, int w, int h);
+/** A switch. Shows whether it is active. */
 ORVEL_API orvel_widget* orvel_widget_toggle(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                             int y, int w, int h, int on);
+/** A box of 9 x 9 pixels and a caption beside it. Shows whether it is active. */
 ORVEL_API orvel_widget* orvel_widget_checkbox(orvel_canvas* canvas, const orvel_theme* theme,
                                               const char* text, int x, int y, int checked);
 /** 9 pixels high. Reacts to hover. */
 ORVEL_API orvel_widget* orvel_widget_slider(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                             int y, int w, double value);
+/** A frame that fills from the left; at 1 the filling covers the right side of the frame. */
 ORVEL_API orvel_widget* orvel_widget_progress(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                               int y, int w, int h, double value);
 /** Reacts to hover. */
@@ -344,8 +354,10 @@ ORVEL_API orvel_widget* orvel_widget_image(orvel_canvas* canvas, const orvel_the
 /** A line from x to x + w, that is w + 1 pixels. */
 ORVEL_API orvel_widget* orvel_widget_separator(orvel_canvas* canvas, const orvel_theme* theme,
                                                int x, int y, int w);
+/** A framed surface with a stripe of the accent down its left side. */
 ORVEL_API orvel_widget* orvel_widget_card(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                           int y, int w, int h);
+/** A circle 9 pixels wide and a caption beside it. Shows whether it is active. */
 ORVEL_API orvel_widget* orvel_widget_radio(orvel_canvas* canvas, const orvel_theme* theme,
                                            const char* text, int x, int y, int selected);
 /** An open dropdown differs by its frame; its list is the host's to draw. */
@@ -358,6 +370,7 @@ ORVEL_API orvel_widget* orvel_widget_spinner(orvel_canvas* canvas, const orvel_t
 /** @p value is the fraction of five stars. */
 ORVEL_API orvel_widget* orvel_widget_rating(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                             int y, double value);
+/** A number between a minus and a plus, each in a square of the height. */
 ORVEL_API orvel_widget* orvel_widget_stepper(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                              int y, int w, int h, int value);
 /** @p items are the captions, joined with "|"; @p selected counts from 0. */
@@ -367,8 +380,10 @@ ORVEL_API orvel_widget* orvel_widget_tabs(orvel_canvas* canvas, const orvel_them
 /** Null @p initials count as "?". */
 ORVEL_API orvel_widget* orvel_widget_avatar(orvel_canvas* canvas, const orvel_theme* theme,
                                             const char* initials, int x, int y, int size);
+/** A number on a rounded ground, as wide as the number. */
 ORVEL_API orvel_widget* orvel_widget_badge(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                            int y, int count);
+/** A title and three dots at the right end, whose colours no theme changes. */
 ORVEL_API orvel_widget* orvel_widget_titlebar(orvel_canvas* canvas, const orvel_theme* theme,
                                               const char* title, int x, int y, int w, int h);
 /** @p icon is one of the built-in icons; null or empty for none. */
@@ -382,10 +397,13 @@ ORVEL_API orvel_widget* orvel_widget_menu(orvel_canvas* canvas, const orvel_them
 /** Draws nothing until orvel_widget_set_data() has given it values. */
 ORVEL_API orvel_widget* orvel_widget_bars(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                           int y, int w, int h);
+/** A text field with a magnifier. Shows whether it is active. */
 ORVEL_API orvel_widget* orvel_widget_search(orvel_canvas* canvas, const orvel_theme* theme,
                                             const char* text, int x, int y, int w, int h);
+/** A bubble as wide as its text with a pointer below it. */
 ORVEL_API orvel_widget* orvel_widget_tooltip(orvel_canvas* canvas, const orvel_theme* theme,
                                              const char* text, int x, int y);
+/** A line of text under a rule that is w + 1 pixels long. */
 ORVEL_API orvel_widget* orvel_widget_statusbar(orvel_canvas* canvas, const orvel_theme* theme,
                                                const char* text, int x, int y, int w, int h);
 
