@@ -17,6 +17,16 @@ void save_sunset(const std::string& resources) {
     orvel_canvas_save_bmp(canvas.get(), (resources + "/Icons/sunset.bmp").c_str());
 }
 
+/// The mark of the pages: an icon on nothing.
+void save_logo(const manual::Output& out) {
+    const manual::CanvasPtr canvas(orvel_canvas_create(24, 24));
+    constexpr orvel_color kClear = {0, 0, 0, 0}, kAccent = {30, 102, 245, 255};
+    constexpr orvel_color kCutOut = {239, 241, 245, 255};
+    orvel_canvas_clear(canvas.get(), kClear);
+    orvel_draw_icon_ex(canvas.get(), "app", 0, 0, 24, kAccent, kAccent, kCutOut);
+    out.save(canvas.get(), "logo", 2);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -30,6 +40,7 @@ int main(int argc, char** argv) {
     orvel_set_resource_path(argv[2]);
     save_sunset(argv[2]);
     const manual::Output out = {argv[1]};
+    save_logo(out);
     manual::write_glyphs(out);
     manual::write_icons(out);
     manual::write_themes(out);

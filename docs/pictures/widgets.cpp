@@ -26,9 +26,10 @@ std::string lower(std::string text) {
     return text;
 }
 
-void write_state(const Output& out, std::ofstream& list, const std::string& kind, int index,
+void write_state(const Output& out, std::ofstream& list, const WidgetKind& of, int index,
                  const WidgetState& state) {
     constexpr int kScale = 2;
+    const std::string& kind = of.name;
     const std::string name = "widget-" + lower(kind) + "-" + std::to_string(index);
     save_both(out, name, state.width, state.height, kScale,
               [&](orvel_canvas* canvas, const orvel_theme& theme) {
@@ -42,8 +43,9 @@ void write_state(const Output& out, std::ofstream& list, const std::string& kind
              << state.name << ", " << theme << " theme\" width=\"" << state.width * kScale
              << "\" height=\"" << state.height * kScale << "\" loading=\"lazy\">";
     }
-    list << "</p>\n\n**" << state.name << "**\n\n```c\n"
-         << as_lines(state.code) << "\n```\n\n</div>\n";
+    list << "</p>\n\n";
+    if (of.states.size() > 1) list << "**" << state.name << "**\n\n";
+    list << "```c\n" << as_lines(state.code) << "\n```\n\n</div>\n";
 }
 
 }  // namespace
@@ -54,8 +56,7 @@ void write_widgets(const Output& out) {
         list << "## " << kind.name << "\n\n"
              << kind.about << "\n\n<div class=\"states\" markdown=\"1\">\n";
         int index = 0;
-        for (const WidgetState& state : kind.states)
-            write_state(out, list, kind.name, index++, state);
+        for (const WidgetState& state : kind.states) write_state(out, list, kind, index++, state);
         list << "</div>\n\n";
     }
 }

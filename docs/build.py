@@ -1,0 +1,108 @@
+#!/usr/bin/env python3
+"""Builds the manual from a build of the library: pictures, reference, code blocks, pages, links."""
+import argparse
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+
+import blocks
+import links
+import reference
+
+SOURCES = pathlib.Path(__file__).resolve().parent.parent
+INCLUDE = re.compile(r"^\[\[(.+)\]\]$", re.MULTILINE)
+NAMED_FENCE = re.compile(r"^```(\w+) +(\S+)$", re.MULTILINE)
+OUTPUT_FENCE = re.compile(r"^```text\n(.*?)^```$", re.MULTILINE | re.DOTALL)
+
+
+def step(message):
+    print(f"manual: {message}", flush=True)
+
+
+def quiet(command, **options):
+    """Runs a command; all that it says is shown if it fails."""
+    done = subprocess.run(command, text=True, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                          stdin=subprocess.DEVNULL, check=False, **options)
+    if done.returncode != 0:
+        sys.exit(f"manual: {' '.join(map(str, command))} failed:\n{done.stdout}")
+
+
+def included(what, lists, work):
+    """What stands on a page for [[NAME]], a list of the pictures' program, and [[output FILE]]."""
+    if what.startswith("output "):
+        return "```text\n" + (work / what.split()[1]).read_text(encoding="utf-8") + "```"
+    return (lists / f"{what}.md").read_text(encoding="utf-8")
+
+
+def staged(text, lists, work):
+    """A page as the site's builder takes it: lists included, file names and outputs marked."""
+    text = INCLUDE.sub(lambda match: included(match[1], lists, work), text)
+    text = OUTPUT_FENCE.sub(
+        lambda match: f'<div class="output" markdown="1">\n\n```text\n{match[1]}```\n\n</div>', text)
+    return NAMED_FENCE.sub(r'<p class="file"><code>\2</code></p>\n\n```\1', text)
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--build", type=pathlib.Path, required=True,
+                        help="a build of the library, its tools and orvel-manual-pictures")
+    parser.add_argument("--out", type=pathlib.Path, required=True, help="the site goes to OUT/site")
+    parser.add_argument("--skip-blocks", action="store_true",
+                        help="do not run the pages' code blocks (their pictures must be there)")
+    given = parser.parse_args()
+    build, out = given.build.resolve(), given.out.resolve()
+    pages, lists, tree = out / "pages", out / "lists", out / "tree"
+
+    step("installing the library")
+    for folder in (pages, lists, tree, out / "resources"):
+        shutil.rmtree(folder, ignore_errors=True)
+    for folder in (pages, lists, out / "resources/Icons"):
+        folder.mkdir(parents=True)
+    quiet(["cmake", "--install", build, "--prefix", tree])
+
+    step("drawing the pictures")
+    shutil.copytree(SOURCES / "share/themes", out / "resources/UI")
+    quiet([build / "orvel-manual-pictures", lists, out / "resources"])
+    (pages / "pictures").mkdir()
+    quiet([SOURCES / "scripts/draw", build, lists])
+    for picture in lists.glob("*.png"):
+        picture.rename(pages / "pictures" / picture.name)
+
+    step("reading the header")
+    quiet(["doxygen", SOURCES / "docs/Doxyfile"],
+          env=os.environ | {"PROJECT_SOURCE_DIR": str(SOURCES), "OUTPUT": str(out)})
+    (pages / "reference.md").write_text(
+        reference.reference(out / "xml", SOURCES / "include/orvel.h"), encoding="utf-8")
+
+    for page in sorted((SOURCES / "docs/pages").glob("*.md")):
+        work = out / "work" / page.stem
+        if not given.skip_blocks:
+            step(f"running {page.name}")
+            blocks.run(page, SOURCES, tree, work)
+        text = page.read_text(encoding="utf-8")
+        (pages / page.name).write_text(staged(text, lists, work), encoding="utf-8")
+        for picture in work.glob("*.png"):
+            (pages / page.stem).mkdir(exist_ok=True)
+            shutil.copy(picture, pages / page.stem)
+
+    step("making the site")
+    shutil.rmtree(out / "theme", ignore_errors=True)
+    shutil.copytree(SOURCES / "docs/theme", out / "theme")
+    version = (SOURCES / "include/orvel.h").read_text().split('#define ORVEL_VERSION "')[1].split('"')[0]
+    config = (SOURCES / "docs/mkdocs.yml").read_text(encoding="utf-8")
+    (out / "mkdocs.yml").write_text(f'{config}extra:\n  version: "{version}"\n', encoding="utf-8")
+    quiet(["mkdocs", "build", "--strict", "--clean", "--quiet", "-f", out / "mkdocs.yml"])
+    problems = links.broken_links(out / "site")
+    if problems:
+        sys.exit("manual: " + "\nmanual: ".join(problems))
+    step(f"the manual is {out / 'site/index.html'}")
+
+
+if __name__ == "__main__":
+    try:
+        main()
+    except blocks.Failure as failure:
+        sys.exit(f"manual: {failure}")
