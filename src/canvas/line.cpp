@@ -70,6 +70,34 @@ Steps visible(const Axis& major, const Axis& minor) {
     return steps;
 }
 
+/// Draws the given steps of a line, all of them inside.
+void draw(orvel_color* pixels, const Axis& major, const Axis& minor, Steps steps,
+          orvel_color color) {
+    const uint64_t M = major.extent();
+    const uint64_t m = minor.extent();
+    const uint64_t half = half_of(M);
+    const uint64_t begun = steps.first ? (steps.first * m + half) / M : 0;
+    // Verticals and diagonals have one stride. For the others the choice between two is made
+    // without a branch, which the processor could not foresee.
+    const bool is_straight = m == 0 || m == M;
+    const int64_t ahead_and_aside = major.step() + minor.step();
+    const int64_t ahead = m == M ? ahead_and_aside : major.step();
+    orvel_color* pixel = pixels + major.offset(steps.first) + minor.offset(begun);
+    int64_t error = static_cast<int64_t>(steps.first * m + half - begun * M - M);
+    for (uint64_t to_go = steps.last - steps.first;; --to_go) {
+        *pixel = color;
+        if (to_go == 0) return;
+        if (is_straight) {
+            pixel += ahead;
+            continue;
+        }
+        error += static_cast<int64_t>(m);
+        const bool steps_aside = error >= 0;
+        pixel += steps_aside ? ahead_and_aside : ahead;
+        if (steps_aside) error -= static_cast<int64_t>(M);
+    }
+}
+
 }  // namespace
 
 void orvel_canvas_line(orvel_canvas* canvas, int x0, int y0, int x1, int y1, orvel_color color) {
@@ -84,30 +112,10 @@ void orvel_canvas_line(orvel_canvas* canvas, int x0, int y0, int x1, int y1, orv
     Axis minor = {y0, y1, canvas->height, canvas->width};
     if (minor.extent() > major.extent()) std::swap(major, minor);
 
-    const uint64_t M = major.extent();
-    const uint64_t m = minor.extent();
-    Steps steps = {0, M};
+    Steps steps = {0, major.extent()};
     if (left < 0 || top < 0 || right >= canvas->width || bottom >= canvas->height) {
         steps = visible(major, minor);
         if (steps.empty()) return;
     }
-    const uint64_t half = half_of(M);
-    const uint64_t begun = steps.first ? (steps.first * m + half) / M : 0;
-    const bool is_straight = m == 0 || m == M;
-    const int64_t ahead_and_aside = major.step() + minor.step();
-    const int64_t ahead = m == M ? ahead_and_aside : major.step();
-    orvel_color* pixel = canvas->pixels.get() + major.offset(steps.first) + minor.offset(begun);
-    int64_t error = static_cast<int64_t>(steps.first * m + half - begun * M - M);
-    for (uint64_t left_over = steps.last - steps.first;; --left_over) {
-        *pixel = color;
-        if (left_over == 0) return;
-        if (is_straight) {
-            pixel += ahead;
-            continue;
-        }
-        error += static_cast<int64_t>(m);
-        const bool steps_aside = error >= 0;
-        pixel += steps_aside ? ahead_and_aside : ahead;
-        if (steps_aside) error -= static_cast<int64_t>(M);
-    }
+    draw(canvas->pixels.get(), major, minor, steps, color);
 }
