@@ -13,6 +13,9 @@ void orvel_canvas_fill_circle(orvel_canvas* canvas, int cx, int cy, int r, orvel
         const int q = (dy + r) * (r - dy);  // r^2 - dy^2, wrapping
         if (q < 0) continue;
         const std::int64_t half = static_cast<std::int64_t>(std::sqrt(static_cast<double>(q)));
-        orvel::fill_span(*canvas, cx - half, cx + half + 1, cy + row, color);
+        const std::int64_t left = std::max<std::int64_t>(cx - half, 0);
+        const std::int64_t right = std::min<std::int64_t>(cx + half + 1, canvas->width);
+        if (left >= right) continue;
+        orvel::fill_any_run(orvel::pixel_at(*canvas, left, cy + row), right - left, color);
     }
 }
