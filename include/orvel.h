@@ -13,11 +13,12 @@
  *    once. A widget borrows its canvas and its theme; both must outlive its last draw.
  *  - Strings are zero-terminated bytes. The library copies those it keeps.
  *  - Coordinates are pixels, the origin is the top left corner, y grows downward.
- *  - Clipping. What lies outside the canvas is silently dropped, pixel by pixel. No call spends
- *    time on what cannot be seen: a shape with any int arguments costs no more than the rows and
- *    columns of the canvas that it crosses.
+ *  - Clipping. What lies outside the canvas is silently dropped, pixel by pixel. A shape with any
+ *    int arguments costs no more than the visible rows that it crosses, however far it reaches.
  *  - No blending. A pixel drawn replaces the old one, alpha included; alpha is data.
  *  - Arithmetic is 32-bit and wraps as two's complement where a sum or product leaves the range.
+ *    The pixels of lines and circles, and the rows and columns of discs, do not wrap: they are the
+ *    true ones wherever they lie.
  *  - Threads. No locks: one thread at a time, or one canvas, theme and set of widgets per thread.
  *    The lifecycle, resource and sound functions share library-wide state: one thread for them all.
  *  - Memory. A canvas or widget whose record cannot be allocated is null. Any other allocation that
@@ -186,7 +187,7 @@ ORVEL_API void orvel_canvas_circle(orvel_canvas* canvas, int cx, int cy, int r, 
 /**
  * A filled disc: on each row dy the span of the truncated square root of r^2 - dy^2 to both sides,
  * so its edge differs a little from that of orvel_canvas_circle(). The difference is formed in 32
- * bits: a radius above 46340 leaves out the rows on which it wraps to a negative number. A radius
+ * bits: with a radius above 46340 it wraps, and a row on which it is negative is left out. A radius
  * of 0 is one pixel, a negative one nothing.
  */
 ORVEL_API void orvel_canvas_fill_circle(orvel_canvas* canvas, int cx, int cy, int r,
@@ -196,7 +197,8 @@ ORVEL_API void orvel_canvas_fill_circle(orvel_canvas* canvas, int cx, int cy, in
  * A filled triangle, its edges included, by edge functions (Pineda, SIGGRAPH 1988); both windings
  * fill. Three points on one line fill that whole line within their rows: three points on one row
  * fill the row from edge to edge of the canvas. The edge functions are formed in 32 bits; they are
- * exact while all coordinates and sides lie within 16384 of zero.
+ * exact while no coordinate lies further than 16384 from zero and no side of the canvas is longer.
+ * Beyond, every pixel of the visible rows is looked at.
  */
 ORVEL_API void orvel_canvas_fill_triangle(orvel_canvas* canvas, int x0, int y0, int x1, int y1,
                                           int x2, int y2, orvel_color color);
@@ -316,6 +318,10 @@ ORVEL_API int orvel_theme_save(const orvel_theme* theme, const char* name);
  * sign. Flags are on for any value but 0. Fractions are clamped to [0, 1]; NaN is kept and draws as
  * 0, a spinner's dot in the middle. The theme is read at every draw: changing the record re-colours
  * its widgets.
+ *
+ * A host tests hits itself, so it needs to know what a widget covers: the rectangle given, or the
+ * size told beside the constructor, where tw is orvel_text_width() of the text. Texts are not cut
+ * to their widget, and some kinds paint a pixel past it.
  */
 
 /** A framed surface with a band for its title along the top, 12 pixels high. */
@@ -324,7 +330,7 @@ ORVEL_API orvel_widget* orvel_widget_window(orvel_canvas* canvas, const orvel_th
 /** A framed surface. */
 ORVEL_API orvel_widget* orvel_widget_panel(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                            int y, int w, int h);
-/** Text in the text colour, without a ground. */
+/** tw x 7: text in the text colour, without a ground. */
 ORVEL_API orvel_widget* orvel_widget_label(orvel_canvas* canvas, const orvel_theme* theme,
                                            const char* text, int x, int y);
 /** Reacts to hover. */
@@ -333,10 +339,10 @@ ORVEL_API orvel_widget* orvel_widget_button(orvel_canvas* canvas, const orvel_th
 /** A switch. Shows whether it is active. */
 ORVEL_API orvel_widget* orvel_widget_toggle(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                             int y, int w, int h, int on);
-/** A box of 9 x 9 pixels and a caption beside it. Shows whether it is active. */
+/** tw + 13 x 9: a box and a caption beside it. Shows whether it is active. */
 ORVEL_API orvel_widget* orvel_widget_checkbox(orvel_canvas* canvas, const orvel_theme* theme,
                                               const char* text, int x, int y, int checked);
-/** 9 pixels high. Reacts to hover. */
+/** w x 9. Reacts to hover. */
 ORVEL_API orvel_widget* orvel_widget_slider(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                             int y, int w, double value);
 /** A frame that fills from the left; at 1 the filling covers the right side of the frame. */
@@ -351,13 +357,13 @@ ORVEL_API orvel_widget* orvel_widget_icon(orvel_canvas* canvas, const orvel_them
 /** @p name is a bitmap of the resource folder "Icons", drawn at its own size. */
 ORVEL_API orvel_widget* orvel_widget_image(orvel_canvas* canvas, const orvel_theme* theme,
                                            const char* name, int x, int y);
-/** A line from x to x + w, that is w + 1 pixels. */
+/** A line from x to x + w, both ends included. */
 ORVEL_API orvel_widget* orvel_widget_separator(orvel_canvas* canvas, const orvel_theme* theme,
                                                int x, int y, int w);
 /** A framed surface with a stripe of the accent down its left side. */
 ORVEL_API orvel_widget* orvel_widget_card(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                           int y, int w, int h);
-/** A circle 9 pixels wide and a caption beside it. Shows whether it is active. */
+/** tw + 13 x 9: a circle and a caption beside it. Shows whether it is active. */
 ORVEL_API orvel_widget* orvel_widget_radio(orvel_canvas* canvas, const orvel_theme* theme,
                                            const char* text, int x, int y, int selected);
 /** An open dropdown differs by its frame; its list is the host's to draw. */
@@ -367,7 +373,7 @@ ORVEL_API orvel_widget* orvel_widget_dropdown(orvel_canvas* canvas, const orvel_
 /** @p value is the fraction of a clockwise turn from 3 o'clock. */
 ORVEL_API orvel_widget* orvel_widget_spinner(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                              int y, int size, double value);
-/** @p value is the fraction of five stars. */
+/** 50 x 10. @p value is the fraction of five stars. */
 ORVEL_API orvel_widget* orvel_widget_rating(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                             int y, double value);
 /** A number between a minus and a plus, each in a square of the height. */
@@ -377,10 +383,10 @@ ORVEL_API orvel_widget* orvel_widget_stepper(orvel_canvas* canvas, const orvel_t
 ORVEL_API orvel_widget* orvel_widget_tabs(orvel_canvas* canvas, const orvel_theme* theme,
                                           const char* items, int x, int y, int w, int h,
                                           int selected);
-/** Null @p initials count as "?". */
+/** A disc and its outline, size + 1 pixels across for an even size. Null @p initials are "?". */
 ORVEL_API orvel_widget* orvel_widget_avatar(orvel_canvas* canvas, const orvel_theme* theme,
                                             const char* initials, int x, int y, int size);
-/** A number on a rounded ground, as wide as the number. */
+/** A number on a rounded ground: 14 x 11 for one digit and 6 more for each further character. */
 ORVEL_API orvel_widget* orvel_widget_badge(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                            int y, int count);
 /** A title and three dots at the right end, whose colours no theme changes. */
@@ -400,10 +406,10 @@ ORVEL_API orvel_widget* orvel_widget_bars(orvel_canvas* canvas, const orvel_them
 /** A text field with a magnifier. Shows whether it is active. */
 ORVEL_API orvel_widget* orvel_widget_search(orvel_canvas* canvas, const orvel_theme* theme,
                                             const char* text, int x, int y, int w, int h);
-/** A bubble as wide as its text with a pointer below it. */
+/** tw + 8 x 12: a bubble, with a pointer below it that has a row more. */
 ORVEL_API orvel_widget* orvel_widget_tooltip(orvel_canvas* canvas, const orvel_theme* theme,
                                              const char* text, int x, int y);
-/** A line of text under a rule that is w + 1 pixels long. */
+/** A line of text under a rule from x to x + w, both ends included. */
 ORVEL_API orvel_widget* orvel_widget_statusbar(orvel_canvas* canvas, const orvel_theme* theme,
                                                const char* text, int x, int y, int w, int h);
 
@@ -440,7 +446,8 @@ ORVEL_API void orvel_widget_draw(orvel_widget* widget);
  *    seconds); music is what /usr/bin/afplay takes (WAV, AIFF, MP3, M4A).
  *  - Linux with PulseAudio or PipeWire: effects are PCM WAV of 8 or 16 bits, or Ogg Vorbis, up to
  *    16 MiB of samples, through libcanberra and its PulseAudio driver (Debian: libcanberra-pulse).
- *    Music is what paplay or else pw-play takes (WAV, AIFF, MP3, Ogg); M4A needs mpv.
+ *    Music is what paplay or else pw-play takes (WAV, AIFF, MP3, Ogg); M4A needs mpv. A program
+ *    at /usr/bin/afplay goes before them all.
  *  - Without a sound server or these programs: effects are -1; music and tones are silent, and
  *    their calls still return 0, since a player fails in its own process.
  *
@@ -471,8 +478,9 @@ ORVEL_API int orvel_play_sound(const char* name);
 ORVEL_API int orvel_play_music(const char* name);
 
 /**
- * Stops the music player with SIGTERM, if one was started, and waits for it to end: to the end of
- * the track when it inherited a signal mask that blocks SIGTERM. Does nothing otherwise.
+ * Ends the music: a player that still runs gets SIGTERM and is waited for, to the end of the track
+ * if it inherited from the host that SIGTERM is blocked or ignored; one that ended by itself, and
+ * was an unreaped child since, is reaped. Does nothing otherwise.
  */
 ORVEL_API void orvel_stop_music(void);
 

@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "orvel.h"
+#include "sound/player.h"
 #include "support/files.h"
 #include "support/recorded_system.h"
 
@@ -184,6 +185,15 @@ TEST_F(PlayerTest, ATrackThatEndedByItselfIsReapedByStopWithoutASignal) {
     orvel_stop_music();
     EXPECT_EQ(recorded_system().call_names(), "waitpid");
     EXPECT_TRUE(is_gone(pid));
+}
+
+TEST_F(PlayerTest, APlayerThatWasReapedIsForgotten) {
+    setenv("ORVEL_PLAYER_LENGTH", "0", 1);
+    EXPECT_EQ(status_when_ended(play_until_ready("track")), 0);
+    orvel_stop_music();
+    recorded_system().calls.clear();
+    orvel_stop_music();
+    EXPECT_TRUE(recorded_system().calls.empty()) << "the number may be another process's by now";
 }
 
 TEST_F(PlayerTest, StopWithoutMusicDoesNothing) {
@@ -463,6 +473,15 @@ TEST_F(PlayerChoiceTest, M4aIsKnownByItsHeaderAndGoesToMpv) {
                      "argument --no-terminal", "argument --no-video"}));
     EXPECT_EQ(choice(m4a.substr(0, 7), linux_only), "child execl /usr/bin/paplay\n");
     EXPECT_EQ(choice("", linux_only), "child execl /usr/bin/paplay\n");
+}
+
+TEST_F(PlayerChoiceTest, AToneIsNotLookedIntoWhateverLiesAtItsPath) {
+    write_file(track, m4a);
+    recorded_system().executable = linux_only;
+    setenv("ORVEL_PLAYER_LENGTH", "0", 1);
+    const int pid = orvel::start_player(track, orvel::Audio::wav);
+    EXPECT_EQ(status_when_ended(pid), 0);
+    EXPECT_EQ(read_file(folder / "child"), "child execl /usr/bin/paplay\n");
 }
 
 TEST_F(PlayerChoiceTest, WhatNothingPlaysIsLeftToTheDocumentedProgram) {

@@ -97,7 +97,11 @@ TEST_F(SoundTest, TheSameSoundIsHandedOverAnewEveryTime) {
 
 TEST_F(SoundTest, ASoundNeitherStartsAProcessNorTouchesTheMusic) {
     write_file(folder / "Sounds/click.wav", "a sound");
+    write_file(folder / "Music/track.wav", "a track");
+    call(orvel_play_music, "track");
+    recorded_system().calls.clear();
     call(orvel_play_sound, "click");
+    call(orvel_play_sound, "missing");
     EXPECT_TRUE(recorded_system().calls.empty());
 }
 

@@ -71,7 +71,7 @@ TEST_F(WidgetDrawingTest, DrawingChangesNothingInTheWidget) {
         EXPECT_EQ(widget->icon_name, before.icon_name) << sample.name;
         EXPECT_EQ(std::memcmp(&widget->x, &before.x, 7 * sizeof(int)), 0) << sample.name;
         EXPECT_EQ(std::memcmp(&widget->value, &before.value, sizeof(double)), 0) << sample.name;
-        EXPECT_EQ(widget->data.size(), before.data.size()) << sample.name;
+        EXPECT_EQ(widget->data, before.data) << sample.name;
     }
 }
 

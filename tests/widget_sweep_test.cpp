@@ -133,12 +133,10 @@ TEST_F(WidgetSweepTest, NoWidgetTakesLong) {
     const auto canvas = make_canvas(320, 240);
     constexpr int kNumbers[] = {INT_MIN, INT_MIN / 2, -100000, 0, 100, 100000, 1 << 30, INT_MAX};
     WidgetState state;
-    state.text = "A|b|c";
     state.icon_name = "settings";
     state.data = {0.3, 1, 0.7};
-    state.value = 1;
     for (state.kind = 0; state.kind < 28; ++state.kind) {
-        if (state.kind == ORVEL_WIDGET_ICON) state.text = "settings";
+        state.text = state.kind == ORVEL_WIDGET_ICON ? "settings" : "A|b|c";
         for (std::uint64_t choice = 0; choice < 500; ++choice) {
             Random random(choice);
             state.x = kNumbers[random.between(0, 7)];
@@ -146,6 +144,9 @@ TEST_F(WidgetSweepTest, NoWidgetTakesLong) {
             state.w = kNumbers[random.between(0, 7)];
             state.h = kNumbers[random.between(0, 7)];
             state.active = random.one_in(2);
+            state.hover = random.one_in(2);
+            state.amount = random.between(-1, 3);
+            state.value = random.between(0, 4) / 4.0;
             const std::clock_t start = std::clock();
             draw(state, canvas.get(), &theme_);
             const double seconds = double(std::clock() - start) / CLOCKS_PER_SEC;

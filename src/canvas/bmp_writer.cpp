@@ -78,7 +78,7 @@ int orvel_canvas_save_bmp(const orvel_canvas* canvas, const char* path) {
 int orvel_canvas_save_bmp_rgba(const orvel_canvas* canvas, const char* path) {
     if (!canvas || !path) return -1;
     const std::size_t stride = std::size_t(canvas->width) * 4;
-    // Deliberate: 255 is no standard compression code; it tells these files from other 32-bit ones.
+    // Deliberate: 255 is no standard compression code, and it stays: these bytes are the format.
     const Header header = make_header(*canvas, static_cast<std::uint32_t>(stride), 32, 255);
     return save(*canvas, path, header, stride, store_bgra);
 }

@@ -3,7 +3,8 @@
 // With M and m the longer and the shorter extent, Bresenham's loop moves one pixel along the longer
 // axis at every step, and after k steps it has moved floor((2km + M - 1) / 2M) along the shorter
 // one. Half of that numerator, rounded down, keeps the quotient and fits 64 bits for any two
-// points. So the visible steps are one range, found by division, and the loop starts in its middle.
+// points. So the visible steps are one range, found by division, and the loop starts at the first
+// of them.
 #include <algorithm>
 #include <cstdint>
 #include <utility>

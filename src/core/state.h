@@ -7,7 +7,8 @@
 
 namespace orvel {
 
-/// All that the library remembers between calls, the music player's process id aside.
+/// What calls tell the library for later. Besides, it knows only the music player's process id and,
+/// on Linux, the sound library that it has loaded.
 struct GlobalState {
     bool initialized = false;
     std::string custom_resource_path;  // the root that the host set; empty when it set none

@@ -42,9 +42,10 @@ bool is_m4a(const char* path) {
            std::memcmp(head + 4, "ftyp", 4) == 0;
 }
 
-const Player& player_for(const char* path) {
+const Player& player_for(const char* path, Audio audio) {
     if (is_executable(kDocumentedPlayer)) return kDocumentedPlayer;
-    const Plays wanted = is_m4a(path) ? Plays::m4a : Plays::all_but_m4a;
+    const bool needs_mpv = audio == Audio::any && is_m4a(path);
+    const Plays wanted = needs_mpv ? Plays::m4a : Plays::all_but_m4a;
     for (const Player& player : kPlayers) {
         if (player.plays == wanted && is_executable(player)) return player;
     }
@@ -59,10 +60,10 @@ std::string as_argument(const std::string& path, const Player& player) {
 
 }  // namespace
 
-int start_player(const std::string& path) {
+int start_player(const std::string& path, Audio audio) {
     // Everything is decided before the fork: in the child of a host with threads nothing but the
     // exec is safe.
-    const Player& player = player_for(path.c_str());
+    const Player& player = player_for(path.c_str(), audio);
     const std::string argument = as_argument(path, player);
     const pid_t pid = fork();
     if (pid != 0) return pid;

@@ -41,7 +41,7 @@ int orvel_play_music(const char* name) {
                    // silence.
     const std::string path = resolve_resource("Music", name);
     if (!announce(path, "musica", "musica non trovata")) return -1;
-    s_music_pid = start_player(path);
+    s_music_pid = start_player(path, Audio::any);
     return s_music_pid < 0 ? -1 : 0;
 }
 

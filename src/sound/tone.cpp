@@ -107,5 +107,5 @@ int orvel_play_tone(double frequency_hz, int duration_ms) {
     write_tone_file(tone_wav(frequency_hz, duration_ms));
     std::fprintf(stderr, "[OrvelSDK] tone: %.0f Hz x %d ms\n", frequency_hz, duration_ms);
     // Deliberate: the player is neither remembered nor waited for; music and tones do not meet.
-    return start_player(kTonePath) < 0 ? -1 : 0;
+    return start_player(kTonePath, Audio::wav) < 0 ? -1 : 0;
 }
