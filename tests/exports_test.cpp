@@ -40,6 +40,25 @@ TEST(ExportsTest, TheLibraryExportsExactlyWhatIsListed) {
     }
 }
 
+TEST(ExportsTest, TheLibraryNeedsTheRuntimesOfCAndCxxAlone) {
+    std::istringstream lines(orvel_test::run({"readelf", "-dW", ORVEL_LIBRARY}).output);
+    std::set<std::string> needed;
+    for (std::string line; std::getline(lines, line);) {
+        if (line.find("(NEEDED)") == std::string::npos) continue;
+        const std::size_t open = line.find('[');
+        needed.insert(line.substr(open + 1, line.find(".so", open) - open - 1));
+    }
+    EXPECT_EQ(needed.count("libc"), 1u);
+    for (const char* runtime : {"libc", "libm", "libstdc++", "libgcc_s", "ld-linux-x86-64",
+                                "ld-linux-aarch64", "libdl"}) {
+        needed.erase(runtime);
+    }
+    for (const std::string& library : needed) {
+        const bool of_a_sanitizer = library == "libasan" || library == "libubsan";
+        EXPECT_TRUE(of_a_sanitizer) << library;
+    }
+}
+
 TEST(ExportsTest, EveryFunctionOfTheInterfaceIsCalledFromC) {
     const std::string host = orvel_test::read_file(ORVEL_SOURCE_DIR "/tests/c_api_test.c");
     for (const std::string& name : listed()) {

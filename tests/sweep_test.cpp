@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "models/shapes_model.h"
 #include "models/text_model.h"
 #include "support/picture.h"
@@ -59,15 +61,35 @@ TEST(SweepTest, TheWidthOfATextEqualsTheModels) {
 }
 
 TEST(SweepTest, ReadingAPixelEqualsTheModel) {
-    for (std::uint64_t number = 0; number < 100000; ++number) {
-        const DrawingCall call = numbered_call(kPixel, number);
-        const CanvasPtr canvas = make_canvas(call.width, call.height);
-        model::Canvas plain(call.width, call.height);
-        orvel_canvas_clear(canvas.get(), call.color);
-        model::clear(plain, call.color);
-        const int x = call.arguments[0], y = call.arguments[1];
-        ASSERT_EQ(orvel_canvas_pixel_get(canvas.get(), x, y), model::pixel_get(plain, x, y))
+    Random random(1);
+    const CanvasPtr canvas = make_canvas(31, 17);
+    model::Canvas plain(31, 17);
+    for (int number = 0; number < 100000; ++number) {
+        const int x = random.between(-3, 33), y = random.between(-3, 19);
+        const auto shade = static_cast<unsigned char>(random.between(0, 255));
+        const orvel_color color = {shade, 1, 2, static_cast<unsigned char>(number)};
+        orvel_canvas_pixel(canvas.get(), x, y, color);
+        model::pixel(plain, x, y, color);
+        const int column = random.between(-3, 33), row = random.between(-3, 19);
+        ASSERT_EQ(orvel_canvas_pixel_get(canvas.get(), column, row),
+                  model::pixel_get(plain, column, row))
             << number;
+    }
+}
+
+TEST(SweepTest, TrianglesOnCanvasesAtTheLimitOfTheExactRangeEqualTheModel) {
+    for (std::uint64_t number = 0; number < 300; ++number) {
+        Random random(number);
+        DrawingCall call;
+        call.width = random.between(16383, 16385);
+        call.height = random.between(1, 3);
+        if (random.one_in(2)) std::swap(call.width, call.height);
+        for (int& argument : call.arguments) {
+            const int near[] = {-16385, -16384, -16383, 0, 1, 2, 16383, 16384, 16385};
+            argument =
+                random.one_in(2) ? near[random.between(0, 8)] : random.between(-20000, 20000);
+        }
+        ASSERT_EQ(difference(kTriangle, call), "") << number;
     }
 }
 
