@@ -18,7 +18,7 @@ CommandLine::CommandLine(const char* name, const char* about, const char* status
     app_->set_version_flag("--version", ORVEL_VERSION, "Print the version and exit");
     app_->set_help_flag("-h,--help", "Print this help and exit");
     app_->failure_message([](const CLI::App* failed, const CLI::Error& error) {
-        const std::string program = failed->get_name();
+        const std::string& program = failed->get_name();
         return program + ": " + error.what() + " (" + program + " --help tells more)\n";
     });
 }
