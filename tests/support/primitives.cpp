@@ -169,6 +169,20 @@ void choose_triangle(Random& random, DrawingCall& call) {
     }
 }
 
+/// A canvas so long that the edge functions, which are areas, leave 32 bits on it, or just not:
+/// 4 * 23170 * 23170 is the largest square that fits.
+void choose_long_triangle(Random& random, DrawingCall& call) {
+    constexpr int kLimits[] = {16384, 16385, 23171, 28000, 32768};
+    const int limit = kLimits[random.between(0, 4)];
+    call.width = random.between(1, 3);
+    call.height = random.between(limit / 2, limit);
+    if (random.one_in(2)) std::swap(call.width, call.height);
+    for (int& value : call.arguments) {
+        value = random.one_in(4) ? random.between(-limit, limit) : random.between(0, 1) * 2 - 1;
+        if (value == 1 || value == -1) value *= limit;
+    }
+}
+
 void choose_text(Random& random, DrawingCall& call) {
     choose_point(random, call);
     if (random.one_in(3)) call.arguments[0] = random.between(-200, call.width);
@@ -261,6 +275,9 @@ const Primitive kTriangle = {
         model::fill_triangle(canvas, a[0], a[1], a[2], a[3], a[4], a[5], c.color);
     },
     choose_triangle};
+
+const Primitive kLongTriangle = {kTriangle.name, kTriangle.arguments, kTriangle.library,
+                                 kTriangle.model, choose_long_triangle};
 
 const Primitive kText = {
     "orvel_text_draw", 2,

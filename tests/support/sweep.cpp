@@ -108,8 +108,8 @@ DrawingCall numbered_call(const Primitive& primitive, std::uint64_t number) {
     return call;
 }
 
-void sweep(const Primitive& primitive, std::uint64_t calls) {
-    std::uint64_t first = 0, end = number_from("ORVEL_SWEEP_CALLS", calls);
+void sweep(const Primitive& primitive, std::uint64_t share) {
+    std::uint64_t first = 0, end = number_from("ORVEL_SWEEP_CALLS", 100000) / share;
     if (std::getenv("ORVEL_SWEEP_CASE")) {
         first = number_from("ORVEL_SWEEP_CASE", 0);
         end = first + 1;

@@ -31,7 +31,8 @@ struct Primitive {
     void (*choose)(Random&, DrawingCall&);  // arguments that suit the canvas already chosen
 };
 
-extern const Primitive kPixel, kClear, kLine, kRect, kFillRect, kCircle, kDisc, kTriangle, kText;
+extern const Primitive kPixel, kClear, kLine, kRect, kFillRect, kCircle, kDisc, kTriangle,
+    kLongTriangle, kText;
 
 /// Makes the call both ways. Empty when every pixel agrees, else what differs and the call in
 /// words.
@@ -43,8 +44,9 @@ bool draws(const Primitive& primitive, const DrawingCall& call);
 /// The call with the number @p number of a primitive's sweep.
 DrawingCall numbered_call(const Primitive& primitive, std::uint64_t number);
 
-/// Makes the calls 0, 1, 2, ... of a primitive: as many as ORVEL_SWEEP_CALLS says, or @p calls.
-/// With ORVEL_SWEEP_CASE=n only the call n. Fails at the first difference, with its number.
-void sweep(const Primitive& primitive, std::uint64_t calls);
+/// Makes the calls 0, 1, 2, ... of a primitive: as many as ORVEL_SWEEP_CALLS says or 100,000,
+/// divided by @p share. With ORVEL_SWEEP_CASE=n only the call n. Fails at the first difference,
+/// with its number.
+void sweep(const Primitive& primitive, std::uint64_t share = 1);
 
 }  // namespace orvel_test
