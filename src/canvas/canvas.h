@@ -26,24 +26,29 @@ inline orvel_color* pixel_at(const orvel_canvas& canvas, std::int64_t x, std::in
     return canvas.pixels.get() + y * canvas.width + x;
 }
 
-/// Stores @p color in @p count pixels from @p first on, with the widest stores that the processor
-/// has: wmemset picks them at run time. It pays for its call from some 24 pixels on, and for runs
-/// of ever other lengths, since it needs no loop whose end the processor would have to foresee.
-inline void fill_any_run(orvel_color* first, std::int64_t count, orvel_color color) {
-    static_assert(sizeof(wchar_t) == sizeof color && sizeof color == 4);
-    wchar_t word;
+inline std::uint32_t word_of(orvel_color color) {
+    std::uint32_t word;
     std::memcpy(&word, &color, sizeof word);
-    std::wmemset(reinterpret_cast<wchar_t*>(first), word, static_cast<std::size_t>(count));
+    return word;
 }
 
-/// Does the same; faster for short runs of one length.
+/// Stores @p word in @p count pixels from @p first on, with the widest stores that the processor
+/// has: wmemset picks them at run time. It pays for its call from some 24 pixels on, and for runs
+/// of ever other lengths, since it needs no loop whose end the processor would have to foresee.
+inline void fill_any_run(orvel_color* first, std::int64_t count, std::uint32_t word) {
+    static_assert(sizeof(wchar_t) == sizeof word && sizeof(orvel_color) == sizeof word);
+    std::wmemset(reinterpret_cast<wchar_t*>(first), static_cast<wchar_t>(word),
+                 static_cast<std::size_t>(count));
+}
+
+/// Stores @p color in @p count pixels from @p first on; faster for short runs of one length.
 inline void fill_run(orvel_color* first, std::int64_t count, orvel_color color) {
     constexpr std::int64_t kShort = 24;
-    if (count > kShort) return fill_any_run(first, count, color);
-    if (count > 1) {
+    const std::uint32_t word = word_of(color);
+    if (count > kShort) {
+        fill_any_run(first, count, word);
+    } else if (count > 1) {
         // Pairs; the last one may overlap that before it.
-        std::uint32_t word;
-        std::memcpy(&word, &color, sizeof word);
         const std::uint64_t pair = word * 0x1'0000'0001u;
         for (std::int64_t i = 0; i < count - 2; i += 2) std::memcpy(first + i, &pair, sizeof pair);
         std::memcpy(first + count - 2, &pair, sizeof pair);

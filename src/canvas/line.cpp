@@ -85,9 +85,9 @@ void draw(orvel_color* pixels, const Axis& major, const Axis& minor, Steps steps
     const int64_t ahead = m == M ? ahead_and_aside : major.step();
     orvel_color* pixel = pixels + major.offset(steps.first) + minor.offset(begun);
     int64_t error = static_cast<int64_t>(steps.first * m + half - begun * M - M);
-    for (uint64_t to_go = steps.last - steps.first;; --to_go) {
+    for (uint64_t to_go = steps.last - steps.first + 1;;) {
         *pixel = color;
-        if (to_go == 0) return;
+        if (--to_go == 0) return;
         if (is_straight) {
             pixel += ahead;
             continue;
