@@ -72,7 +72,9 @@ private:
         return quotient - 1;
     }
 
-    int slope_, column_, column_step_, rest_, rest_step_;
+    int slope_ = 1;
+    int column_ = 0, column_step_ = 0;
+    int rest_ = 0, rest_step_ = 0;
 };
 
 /// The bounds of all edges that are not horizontal; those hold on every row of their triangle.
