@@ -45,55 +45,50 @@ struct Columns {
 
 /// The quotient of an edge's value and its slope, rounded down and followed from row to row without
 /// a division: the edge is not negative up to this column, or from its opposite on.
-class Bound {
-public:
-    Bound() = default;
-    explicit Bound(const Edge& edge) : slope_(std::abs(edge.per_column)) {
-        column_ = divide(edge.value, rest_);
-        column_step_ = divide(edge.per_row, rest_step_);
+struct Bound {
+    int slope, column, column_step, rest, rest_step;  // not zeroed: most triangles are small
+
+    void follow(const Edge& edge) {
+        slope = std::abs(edge.per_column);
+        column = divide(edge.value, rest);
+        column_step = divide(edge.per_row, rest_step);
     }
 
-    int column() const { return column_; }
-
     void next_row() {
-        column_ += column_step_;
-        rest_ += rest_step_;
-        if (rest_ < slope_) return;
-        rest_ -= slope_;
-        ++column_;
+        column += column_step;
+        rest += rest_step;
+        if (rest < slope) return;
+        rest -= slope;
+        ++column;
     }
 
 private:
-    int divide(int value, int& rest) const {
-        rest = value % slope_;
-        const int quotient = value / slope_;
-        if (rest >= 0) return quotient;
-        rest += slope_;
+    int divide(int value, int& left_over) const {
+        left_over = value % slope;
+        const int quotient = value / slope;
+        if (left_over >= 0) return quotient;
+        left_over += slope;
         return quotient - 1;
     }
-
-    int slope_ = 1;
-    int column_ = 0, column_step_ = 0;
-    int rest_ = 0, rest_step_ = 0;
 };
 
 /// The bounds of all edges that are not horizontal; those hold on every row of their triangle.
 class Bounds {
 public:
     void add(const Edge& edge) {
-        if (edge.per_column > 0) left_[lefts_++] = Bound(edge);
-        if (edge.per_column < 0) right_[rights_++] = Bound(edge);
+        if (edge.per_column > 0) left_[lefts_++].follow(edge);
+        if (edge.per_column < 0) right_[rights_++].follow(edge);
     }
 
     /// The columns of this row; then goes to the next.
     Columns take(int width) {
         Columns columns = {0, width - 1};
         for (int i = 0; i < lefts_; ++i) {
-            columns.first = std::max(columns.first, -left_[i].column());
+            columns.first = std::max(columns.first, -left_[i].column);
             left_[i].next_row();
         }
         for (int i = 0; i < rights_; ++i) {
-            columns.last = std::min(columns.last, right_[i].column());
+            columns.last = std::min(columns.last, right_[i].column);
             right_[i].next_row();
         }
         return columns;
