@@ -15,6 +15,7 @@ import re
 import shutil
 import subprocess
 import sys
+import tempfile
 
 FENCE = re.compile(r"^```(\w*)(?: +(\S+))?$")
 # A page may install packages. Here this asks the package manager whether it would.
@@ -73,6 +74,14 @@ def environment(tree, tools):
 
 def run(page, sources, tree, work):
     """Runs the blocks of @p page in the folder @p work, made afresh."""
+    with tempfile.TemporaryDirectory() as folder:
+        # Pages write $(pkg-config ...) without quotes, as people do: no blanks in this path.
+        installed = pathlib.Path(folder) / "installed"
+        installed.symlink_to(tree)
+        run_blocks(page, sources, installed, work)
+
+
+def run_blocks(page, sources, tree, work):
     shutil.rmtree(work, ignore_errors=True)
     tools = work / ".tools"
     tools.mkdir(parents=True)
