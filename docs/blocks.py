@@ -5,8 +5,9 @@
     ```sh                                    the block is run by bash, which stops at the first failure
     ```text                                  exactly what the block of commands before it prints
 
-The folder starts with one thing in it: orvelsdk, the sources. A block of any other kind is an error:
-nothing on a page goes untried.
+A page of the manual starts with one thing in its folder: orvelsdk, the sources. A page at the top of the
+sources, such as README.md, starts in a copy of them. Blocks in <!-- comments --> run too. A block of any
+other kind is an error, and only the commands of docs/not-run.md are left out: nothing goes untried.
 """
 import argparse
 import os
@@ -17,13 +18,22 @@ import subprocess
 import sys
 import tempfile
 
-FENCE = re.compile(r"^```(\w*)(?: +(\S+))?$")
-# A page may install packages. Here this asks the package manager whether it would.
+FENCE = re.compile(r"^```(?:(\w+)(?: +([\w./-]+))?)?$")
+LOOKS_LIKE_A_FENCE = re.compile(r"^\s*(```|~~~)")
+NOT_RUN_ROW = re.compile(r"^\| (\S+) \| `([^`]+)` \| \S.* \|$")
+# A page may install packages: here this asks the package manager whether it would. It may install a
+# build: here this puts it into a folder of its own.
 SUDO = """#!/bin/sh
-if [ "$1 $2" = "apt install" ]; then
+case "$1 $2" in
+"apt install")
     shift 2
+    command -v apt-get >/dev/null || exit 0
     exec apt-get install --simulate --no-install-recommends "$@"
-fi
+    ;;
+"cmake --install")
+    DESTDIR=$(dirname "$0")/root exec "$@"
+    ;;
+esac
 echo "sudo: the pages have no other use for it: $*" >&2
 exit 1
 """
@@ -42,7 +52,7 @@ def blocks_of(page):
     """The fenced blocks of a Markdown file."""
     found, opening, lines = [], None, []
     for number, line in enumerate(page.read_text(encoding="utf-8").splitlines(), 1):
-        if opening is None and line.startswith("```"):
+        if opening is None and LOOKS_LIKE_A_FENCE.match(line):
             match = FENCE.match(line)
             if not match:
                 raise Failure(f"{page.name}:{number}: cannot read this fence: {line}")
@@ -57,6 +67,28 @@ def blocks_of(page):
     return found
 
 
+def not_run(sources, page):
+    """The commands of @p page that docs/not-run.md leaves out."""
+    rows = (sources / "docs/not-run.md").read_text(encoding="utf-8").splitlines()
+    matches = [NOT_RUN_ROW.match(row) for row in rows if row.startswith("| ")][1:]
+    for match in matches:
+        if not match or not (sources / match[1]).is_file():
+            raise Failure("not-run.md: a row that is not `page, command, reason`")
+    return {match[2] for match in matches if sources / match[1] == page}
+
+
+def without(commands, text):
+    """The lines of @p text that are not among @p commands, and those that are, without comments."""
+    kept, left_out = [], set()
+    for line in text.splitlines(keepends=True):
+        command = line.split("  #")[0].strip()
+        if command in commands:
+            left_out.add(command)
+        else:
+            kept.append(line)
+    return "".join(kept), left_out
+
+
 def environment(tree, tools):
     """The reader's, with the library installed in @p tree, and nothing to be heard."""
     library = next(tree.rglob("pkgconfig")).parent  # lib, lib64 or lib and the processor's name
@@ -68,6 +100,7 @@ def environment(tree, tools):
         "DYLD_LIBRARY_PATH": str(library),
         "PULSE_SERVER": "unix:/nonexistent",
         "PIPEWIRE_REMOTE": "nonexistent",
+        "SDL_VIDEODRIVER": "dummy",
         "LC_ALL": "C.UTF-8",
     }
 
@@ -83,11 +116,16 @@ def run(page, sources, tree, work):
 
 def run_blocks(page, sources, tree, work):
     shutil.rmtree(work, ignore_errors=True)
+    if page.parent == sources:
+        copy_sources(sources, work)
+    else:
+        work.mkdir(parents=True)
+        (work / "orvelsdk").symlink_to(sources)
     tools = work / ".tools"
-    tools.mkdir(parents=True)
+    tools.mkdir()
     (tools / "sudo").write_text(SUDO)
     (tools / "sudo").chmod(0o755)
-    (work / "orvelsdk").symlink_to(sources)
+    skipped, skipping = set(), not_run(sources, page)
     printed = None
     for block in blocks_of(page):
         where = f"{page.name}:{block.line}"
@@ -96,13 +134,9 @@ def run_blocks(page, sources, tree, work):
             file.parent.mkdir(parents=True, exist_ok=True)
             file.write_text(block.text, encoding="utf-8")
         elif block.language == "sh":
-            done = subprocess.run(
-                ["bash", "-euo", "pipefail", "-c", block.text], cwd=work, text=True,
-                env=environment(tree, tools), stdin=subprocess.DEVNULL,
-                stdout=subprocess.PIPE, stderr=subprocess.PIPE, check=False)
-            if done.returncode != 0:
-                raise Failure(f"{where}: status {done.returncode}\n{done.stdout}{done.stderr}")
-            printed = done.stdout
+            commands, left_out = without(skipping, block.text)
+            skipped |= left_out
+            printed = run_commands(commands, where, work, environment(tree, tools))
         elif block.language == "text":
             if printed is None:
                 raise Failure(f"{where}: output without commands before it")
@@ -110,6 +144,24 @@ def run_blocks(page, sources, tree, work):
                 raise Failure(f"{where}: not what is printed, which is:\n{printed}")
         else:
             raise Failure(f"{where}: a block that is neither a named file, sh nor text")
+    if skipped != skipping:
+        raise Failure(f"not-run.md: not on {page.name}: {', '.join(sorted(skipping - skipped))}")
+
+
+def copy_sources(sources, work):
+    """What a clone of the project holds: neither its builds nor its history."""
+    ignored = {line.strip("/") for line in (sources / ".gitignore").read_text().split()} | {".git"}
+    shutil.copytree(sources, work, symlinks=True, ignore=lambda folder, names:
+                    ignored if pathlib.Path(folder) == sources else set())
+
+
+def run_commands(text, where, work, variables):
+    done = subprocess.run(["bash", "-euo", "pipefail", "-c", text], cwd=work, text=True,
+                          env=variables, stdin=subprocess.DEVNULL,
+                          stdout=subprocess.PIPE, stderr=subprocess.PIPE, check=False)
+    if done.returncode != 0:
+        raise Failure(f"{where}: status {done.returncode}\n{done.stdout}{done.stderr}")
+    return done.stdout
 
 
 def main():
@@ -120,7 +172,7 @@ def main():
     parser.add_argument("--work", type=pathlib.Path, required=True, help="a folder to work in")
     given = parser.parse_args()
     try:
-        run(given.page, given.sources.resolve(), given.tree.resolve(), given.work.resolve())
+        run(given.page.resolve(), given.sources.resolve(), given.tree.resolve(), given.work.resolve())
     except (Failure, OSError) as failure:
         sys.exit(f"blocks: {failure}")
 

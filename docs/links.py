@@ -1,7 +1,12 @@
-"""Looks after the links of a static site."""
+#!/usr/bin/env python3
+"""Looks after links: those of a static site and, as a program, those of Markdown files to other files."""
 import html.parser
 import pathlib
+import re
+import sys
 import urllib.parse
+
+MARKDOWN_LINK = re.compile(r'\]\(([^)\s]+)\)|\b(?:src|href)="([^"]+)"')
 
 
 class Page(html.parser.HTMLParser):
@@ -44,3 +49,20 @@ def broken_links(folder):
                 problems.append(f"{path.name}: there is no place {target}")
         problems += [f"{path.name}: the picture {source} has no words" for source in page.without_text]
     return problems
+
+
+def broken_markdown_links(page):
+    """The links of a Markdown file that lead to no file, one line each."""
+    problems = []
+    for number, line in enumerate(page.read_text(encoding="utf-8").splitlines(), 1):
+        for match in MARKDOWN_LINK.finditer(line):
+            url = urllib.parse.urlsplit(match[1] or match[2])
+            if not url.scheme and not (page.parent / urllib.parse.unquote(url.path)).exists():
+                problems.append(f"{page.name}:{number}: there is no {url.path}")
+    return problems
+
+
+if __name__ == "__main__":
+    found = [problem for name in sys.argv[1:]
+             for problem in broken_markdown_links(pathlib.Path(name))]
+    sys.exit("\n".join(found) or 0)

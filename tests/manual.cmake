@@ -1,5 +1,5 @@
-# Every code block of the manual and the site itself. The pages run in folders of their own, with the
-# library installed beside them.
+# Every code block of the manual, of README.md and its neighbours, and the manual's site. The pages run
+# in folders of their own, with the library installed beside them.
 find_package(Python3 COMPONENTS Interpreter)
 if(NOT Python3_FOUND OR NOT ORVEL_BUILD_EXAMPLES)
     message(STATUS "Python or the examples are missing: the manual's code blocks are not tried")
@@ -13,7 +13,12 @@ add_test(NAME Manual.library_is_installed
 set_tests_properties(Manual.library_is_installed PROPERTIES FIXTURES_SETUP manual_library)
 
 file(GLOB pages CONFIGURE_DEPENDS ${docs}/pages/*.md)
-foreach(page IN LISTS pages)
+file(GLOB top_pages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/*.md)
+if(APPLE OR NOT TARGET live_window)
+    message(STATUS "README.md shows Debian's commands and every example: its code blocks are not tried")
+    list(REMOVE_ITEM top_pages ${PROJECT_SOURCE_DIR}/README.md)
+endif()
+foreach(page IN LISTS pages top_pages)
     get_filename_component(name ${page} NAME_WE)
     add_test(NAME Manual.blocks_of_${name}
              COMMAND Python3::Interpreter ${docs}/blocks.py ${page} --sources ${PROJECT_SOURCE_DIR}
@@ -22,6 +27,15 @@ foreach(page IN LISTS pages)
         TIMEOUT 600 FIXTURES_REQUIRED manual_library FIXTURES_SETUP manual_pages)
 endforeach()
 set_tests_properties(Manual.blocks_of_use-it PROPERTIES LABELS slow RESOURCE_LOCK packages)
+if(TEST Manual.blocks_of_README)
+    set_tests_properties(Manual.blocks_of_README PROPERTIES LABELS slow)
+endif()
+
+add_test(NAME Manual.no_block_goes_untried
+         COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/manual/blocks_test.py ${docs})
+file(GLOB notes CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/*.md ${docs}/*.md)
+add_test(NAME Manual.links_of_the_tree_lead_somewhere
+         COMMAND Python3::Interpreter ${docs}/links.py ${notes})
 
 find_program(ORVEL_DOXYGEN doxygen)
 find_program(ORVEL_MKDOCS mkdocs)

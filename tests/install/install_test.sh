@@ -55,20 +55,6 @@ moved_tree() {  # PREFIX
 }
 
 case $3 in
-hello_from_the_readme)
-    install_into "$work/prefix"
-    use_prefix "$work/prefix"
-    command=$(grep -m 1 '^cc hello\.c ' "$source_folder/README.md")
-    cp "$source_folder/examples/hello.c" .
-    eval "$command"
-    head -c 2 hello.bmp | grep -qx BM || fail "no hello.bmp"
-    ;;
-readme_shows_hello)
-    awk '/^```c$/ {shown = 1; next} /^```$/ {if (shown) exit} shown' \
-        "$source_folder/README.md" >shown.c
-    diff "$source_folder/examples/hello.c" shown.c || fail "README.md shows another hello.c"
-    [ "$(wc -l <shown.c)" -le 25 ] || fail "hello.c is longer than 25 lines"
-    ;;
 pkg_config_from_c)
     install_into "$work/prefix"
     use_prefix "$work/prefix"
