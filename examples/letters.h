@@ -1,5 +1,6 @@
 /* Readable words on a canvas: UTF-8, any font that FreeType opens, whole pixels, no blending.
-   Copy letters.h and letters.c into your program and link FreeType. */
+   Copy letters.h and letters.c into your program and link FreeType. Each letter is made anew each
+   time, in a few microseconds: who writes thousands of them a frame keeps the pictures. */
 #ifndef LETTERS_H
 #define LETTERS_H
 
