@@ -1,17 +1,30 @@
 #include "core/state.h"
 
 #include <cstdio>
+#include <new>
 #include <utility>
 
 namespace orvel {
+
+GlobalState& state() {
+    // In memory without an end of its own, since hosts may call before this library is started and
+    // after it is finished: from the libraries that they bring, and at exit.
+    alignas(GlobalState) static unsigned char memory[sizeof(GlobalState)];
+    static GlobalState& g_state = *new (memory) GlobalState;
+    return g_state;
+}
+
 namespace {
 
-GlobalState g_state;
+/// Makes the state when the library is loaded; releases what it holds, and leaves it whole, when
+/// the library is unloaded or the process exits.
+struct Lifetime {
+    Lifetime() { state(); }
+    ~Lifetime() { std::string().swap(state().custom_resource_path); }
+};
+const Lifetime s_lifetime;
 
 }  // namespace
-
-GlobalState& state() { return g_state; }
-
 }  // namespace orvel
 
 int orvel_init() {
