@@ -15,3 +15,5 @@ target_compile_definitions(loading_test PRIVATE
     ORVEL_LIBRARY="$<TARGET_FILE:OrvelSDK>" ORVEL_PLAIN_HOST="$<TARGET_FILE:plain_host>"
     ORVEL_EARLY_HOST="$<TARGET_FILE:early_host>")
 add_dependencies(loading_test plain_host early_host)
+
+orvel_sound_test(descriptors_test support/fake_system_sound.cpp)

@@ -6,6 +6,7 @@
 
 #include "canvas/canvas.h"
 #include "core/bytes.h"
+#include "core/files.h"
 
 namespace {
 
@@ -50,7 +51,7 @@ void store_bgra(const orvel_color* row, std::int64_t width, unsigned char* out) 
 /// Writes @p header and the rows, bottom row first, each stored by @p store in @p stride bytes.
 int save(const orvel_canvas& canvas, const char* path, const Header& header, std::size_t stride,
          void (*store)(const orvel_color*, std::int64_t, unsigned char*)) {
-    std::FILE* file = std::fopen(path, "wbe");
+    std::FILE* file = orvel::open_for_writing(path).release();
     if (!file) return -1;
     char* block = static_cast<char*>(std::malloc(kBlockSize));
     if (block) std::setvbuf(file, block, _IOFBF, kBlockSize);

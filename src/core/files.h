@@ -15,6 +15,11 @@ using File = std::unique_ptr<std::FILE, CloseFile>;
 /// the descriptor does not reach child processes. Folders open where the platform opens them.
 File open_for_reading(const char* path);
 
+/// Opens @p path for binary writing, created or emptied, or returns null. The descriptor does not
+/// reach child processes either and, where another is left, is none of the standard streams': a
+/// host without these hands out their numbers, and what its threads print would land in the file.
+File open_for_writing(const char* path);
+
 /// Whether open_for_reading() would open @p path.
 bool opens_for_reading(const char* path);
 

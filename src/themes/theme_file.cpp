@@ -106,7 +106,7 @@ int orvel_theme_save(const orvel_theme* theme, const char* name) {
     using orvel::HexText;
     if (!theme || !name) return -1;
     const std::string path = orvel::resolve_resource("UI", name);
-    const orvel::File file(std::fopen(path.c_str(), "wbe"));
+    const orvel::File file = orvel::open_for_writing(path.c_str());
     if (!file) return -1;
     // Deliberate: neither the writes nor the close are checked, and alpha is not stored.
     std::fprintf(file.get(),
