@@ -51,6 +51,11 @@ set(CPACK_COMPONENT_TOOLS_DESCRIPTION "${about}
 This package holds the programs that compare and convert pictures and
 check theme files.")
 
+function(orvel_compress from to)
+    execute_process(COMMAND ${ORVEL_GZIP} -9nc ${from}
+                    OUTPUT_FILE ${PROJECT_BINARY_DIR}/${to} COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
 # Every package brings its licence and its history under the names that Debian wants them to have.
 function(orvel_package_documents package component)
     set(folder ${CMAKE_INSTALL_DATADIR}/doc/${package})
@@ -59,16 +64,31 @@ function(orvel_package_documents package component)
     install(FILES ${PROJECT_BINARY_DIR}/changelog.gz DESTINATION ${folder} COMPONENT ${component})
 endfunction()
 
+file(GLOB orvel_man_pages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tools/man/*.1)
 if(CPACK_GENERATOR STREQUAL "DEB")
     find_program(ORVEL_GZIP gzip REQUIRED)
-    execute_process(COMMAND ${ORVEL_GZIP} -9nc ${PROJECT_SOURCE_DIR}/CHANGELOG.md
-                    OUTPUT_FILE ${PROJECT_BINARY_DIR}/changelog.gz COMMAND_ERROR_IS_FATAL ANY)
+    execute_process(COMMAND ${PROJECT_SOURCE_DIR}/cmake/debian_changelog ${CPACK_PACKAGE_CONTACT}
+                    INPUT_FILE ${PROJECT_SOURCE_DIR}/CHANGELOG.md
+                    OUTPUT_FILE ${PROJECT_BINARY_DIR}/changelog COMMAND_ERROR_IS_FATAL ANY)
+    orvel_compress(${PROJECT_BINARY_DIR}/changelog changelog.gz)
     orvel_package_documents(liborvelsdk0 runtime)
     orvel_package_documents(liborvelsdk-dev development)
     orvel_package_documents(orvelsdk-tools tools)
+    install(FILES ${PROJECT_SOURCE_DIR}/cmake/lintian-overrides RENAME liborvelsdk0
+            DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides COMPONENT runtime)
+    set(orvel_compressed_pages)
+    foreach(page IN LISTS orvel_man_pages)
+        get_filename_component(name ${page} NAME)
+        orvel_compress(${page} ${name}.gz)
+        list(APPEND orvel_compressed_pages ${PROJECT_BINARY_DIR}/${name}.gz)
+    endforeach()
+    set(orvel_man_pages ${orvel_compressed_pages})
 else()
     install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/CHANGELOG.md
             DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)
+endif()
+if(ORVEL_BUILD_TOOLS)
+    install(FILES ${orvel_man_pages} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools)
 endif()
 
 include(CPack)

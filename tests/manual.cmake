@@ -33,6 +33,9 @@ endif()
 
 add_test(NAME Manual.no_block_goes_untried
          COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/manual/blocks_test.py ${docs})
+add_test(NAME Manual.pages_of_the_tools_tell_what_they_take
+         COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/manual/tool_pages_test.py
+                 ${PROJECT_BINARY_DIR} ${PROJECT_SOURCE_DIR}/tools/man)
 file(GLOB notes CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/*.md ${docs}/*.md)
 add_test(NAME Manual.links_of_the_tree_lead_somewhere
          COMMAND Python3::Interpreter ${docs}/links.py ${notes})

@@ -5,7 +5,7 @@ set -euo pipefail
 
 source_folder=$1
 build_folder=$2
-here=$source_folder/tests/install
+consumer=$source_folder/tests/consumer
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$work"
@@ -39,7 +39,8 @@ build_with_cmake() {  # LANGUAGE CMAKE_OPTIONS...
     local language=$1
     shift
     {
-        cmake -S "$here/consumer" -B build -G Ninja -DLANGUAGE="$language" "$@" >cmake.log 2>&1
+        cmake -S "$consumer" -B build -G Ninja -DWAY=installed -DLANGUAGE="$language" "$@" \
+            >cmake.log 2>&1
         cmake --build build >>cmake.log 2>&1
     } || fail "$(cat cmake.log)"
     run_consumer build/consumer
@@ -59,7 +60,7 @@ pkg_config_from_c)
     install_into "$work/prefix"
     use_prefix "$work/prefix"
     # shellcheck disable=SC2046  # a list of options
-    cc -std=c99 -pedantic -Wall -Wextra -Werror "$here/consumer/consumer.c" -o consumer \
+    cc -std=c99 -pedantic -Wall -Wextra -Werror "$consumer/consumer.c" -o consumer \
         $(pkg-config --cflags --libs orvelsdk)
     run_consumer ./consumer
     [ "$(pkg-config --modversion orvelsdk)" = "$(./consumer)" ] || fail "the .pc file's version"
@@ -68,7 +69,7 @@ pkg_config_from_cpp_in_a_moved_tree)
     moved_tree "$work/after"
     use_prefix "$work/after"
     # shellcheck disable=SC2046  # a list of options
-    c++ -std=c++11 -pedantic -Wall -Wextra -Werror "$here/consumer/consumer.cpp" -o consumer \
+    c++ -std=c++11 -pedantic -Wall -Wextra -Werror "$consumer/consumer.cpp" -o consumer \
         $(pkg-config --cflags --libs orvelsdk)
     run_consumer ./consumer
     ;;

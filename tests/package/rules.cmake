@@ -8,6 +8,10 @@ if(ORVEL_DPKG_SHLIBDEPS)
     list(APPEND package_rules_after_making
          debs_serve_pkg_config debs_serve_find_package runtime_deb_holds_the_library_alone
          debs_depend_on_each_other tools_deb_holds_tools_that_run one_version_everywhere)
+    find_program(ORVEL_LINTIAN lintian)
+    if(ORVEL_LINTIAN)
+        list(APPEND package_rules_after_making lintian_finds_nothing)
+    endif()
 endif()
 foreach(rule IN LISTS package_rules package_rules_after_making)
     add_test(NAME Package.${rule} COMMAND ${CMAKE_CURRENT_LIST_DIR}/packages_test

@@ -1,4 +1,5 @@
-/* A host that uses the installed library: exits with 0 when it draws what it should. */
+/* A host of the library: prints its version, exits with 0 when that is the header's and it draws
+   what it should. */
 #include <orvel.h>
 #include <stdio.h>
 #include <string.h>
