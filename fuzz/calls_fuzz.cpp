@@ -46,10 +46,7 @@ public:
         for (int calls = 0; calls < 64 && !input_.empty(); ++calls) {
             any_call();
             if (wild_) adopt();
-            at_every_pixel([this](int x, int y) {
-                const orvel_color drawn = orvel_canvas_pixel_get(canvas_, x, y);
-                require(equal(drawn, model_.at(x, y)), "another pixel than the model's");
-            });
+            require(fuzz::shows(canvas_, model_.pixels()), "another pixel than the model's");
         }
     }
 

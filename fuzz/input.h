@@ -1,6 +1,7 @@
 // The bytes of a fuzz input, taken apart into arguments.
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -19,15 +20,20 @@ public:
     /// 0 when there are no more.
     int byte() { return at_ == end_ ? 0 : *at_++; }
 
+    /// So many bytes as a number, the lowest first.
+    std::uint64_t bits(int bytes) {
+        std::uint64_t bits = 0;
+        for (int i = 0; i < bytes; ++i) bits |= static_cast<std::uint64_t>(byte()) << 8 * i;
+        return bits;
+    }
+
     /// Mostly near zero, sometimes of 16 bits, rarely any int.
     int number() {
         const int first = byte();
         if (first < 200) return first - 100;
-        const int low = word();
-        if (first < 250) return static_cast<std::int16_t>(low);
+        if (first < 250) return static_cast<std::int16_t>(bits(2));
         wild_ = true;
-        return static_cast<int>(static_cast<std::uint32_t>(low) | static_cast<std::uint32_t>(word())
-                                                                      << 16);
+        return static_cast<std::int32_t>(bits(4));
     }
 
     /// Whether a number beyond 16 bits was taken since the last call.
@@ -60,12 +66,15 @@ public:
         return text;
     }
 
-private:
-    int word() {
-        const int low = byte();
-        return low + 256 * byte();
+    /// All up to the next zero byte, which is taken too.
+    std::string c_string() {
+        const std::uint8_t* const end = std::find(at_, end_, 0);
+        const std::string text(at_, end);
+        at_ = end == end_ ? end : end + 1;
+        return text;
     }
 
+private:
     const std::uint8_t* at_;
     const std::uint8_t* end_;
     bool wild_ = false;

@@ -35,7 +35,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         bytes_of(before)[i] = static_cast<unsigned char>(5 * i + 3);
     }
     orvel_theme theme = before;
-    require(orvel_theme_load(&theme, "input") == 0, "a file that was not loaded");
+    require(orvel_theme_load(&theme, "input.json") == 0, "a file that was not loaded");
     require(equal(theme, orvel_test::theme_model(text, before)), "other colours than the model's");
 
     require(orvel_theme_save(&theme, "output.json") == 0, "a theme that was not saved");

@@ -7,13 +7,6 @@ namespace {
 
 using orvel_test::WidgetState;
 
-struct Arguments {
-    int kind;
-    std::string text, icon;
-    int x, y, w, h, number;
-    double value;
-};
-
 orvel_widget* make_frame(orvel_canvas* c, const orvel_theme* t, const Arguments& a) {
     const char* const s = a.text.c_str();
     switch (a.kind) {
@@ -131,6 +124,13 @@ std::string any_icon(Input& input) {
     return index < 68 ? orvel_icon_list(nullptr)[index] : input.text();
 }
 
+WidgetPair make_widget(const Arguments& a, orvel_canvas* canvas, const orvel_theme* theme) {
+    WidgetPair pair;
+    pair.actual.reset(make(canvas, theme, a));
+    pair.expected = stored(a);
+    return pair;
+}
+
 WidgetPair any_widget(Input& input, orvel_canvas* canvas, const orvel_theme* theme) {
     Arguments a;
     a.kind = input.byte() % 28;
@@ -139,9 +139,7 @@ WidgetPair any_widget(Input& input, orvel_canvas* canvas, const orvel_theme* the
     if (a.kind == 10) a.text = any_image(input);
     for (int* number : {&a.x, &a.y, &a.w, &a.h, &a.number}) *number = input.number();
     a.value = input.fraction();
-    WidgetPair pair;
-    pair.actual.reset(make(canvas, theme, a));
-    pair.expected = stored(a);
+    WidgetPair pair = make_widget(a, canvas, theme);
     for (int turn = 0; turn < 3; ++turn) change(input, pair);
     return pair;
 }

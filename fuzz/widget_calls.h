@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "input.h"
 #include "models/widget_model.h"
@@ -17,6 +18,16 @@ struct WidgetPair {
     std::unique_ptr<orvel_widget, DestroyWidget> actual;
     orvel_test::WidgetState expected;
 };
+
+/// Of a constructor; each kind takes some of them.
+struct Arguments {
+    int kind;
+    std::string text, icon;
+    int x, y, w, h, number;
+    double value;
+};
+
+WidgetPair make_widget(const Arguments& a, orvel_canvas* canvas, const orvel_theme* theme);
 
 /// Makes a widget of any kind and calls up to three of its setters.
 WidgetPair any_widget(Input& input, orvel_canvas* canvas, const orvel_theme* theme);
