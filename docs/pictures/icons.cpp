@@ -2,10 +2,39 @@
 #include "files.h"
 
 namespace manual {
+namespace {
+
+constexpr int kGap = 8;
+
+/// Copies the icon from the top of a canvas of its own.
+void draw_from_the_top(orvel_canvas* canvas, const orvel_theme& theme, const char* name, int x,
+                       int y, int size) {
+    const CanvasPtr own(orvel_canvas_create(size, size + kGap));
+    orvel_canvas_clear(own.get(), theme.surface);
+    orvel_draw_icon(own.get(), name, 0, 0, size, theme.text);
+    for (int row = 0; row < size + kGap; ++row) {
+        for (int column = 0; column < size; ++column) {
+            orvel_canvas_pixel(canvas, x + column, y + row,
+                               orvel_canvas_pixel_get(own.get(), column, row));
+        }
+    }
+}
+
+void draw(orvel_canvas* canvas, const orvel_theme& theme, const std::string& name, int x, int y,
+          int size) {
+    // Further down, home loses its body, and power's stem crosses everything below it.
+    if (name == "home" || name == "power") {
+        draw_from_the_top(canvas, theme, name.c_str(), x, y, size);
+    } else {
+        orvel_draw_icon(canvas, name.c_str(), x, y, size, theme.text);
+    }
+}
+
+}  // namespace
 
 void write_icons(const Output& out) {
     constexpr int kSizes[] = {16, 24, 32, 48, 64};
-    constexpr int kGap = 8, kWidth = 6 * kGap + 16 + 24 + 32 + 48 + 64, kHeight = 64 + 2 * kGap;
+    constexpr int kWidth = 6 * kGap + 16 + 24 + 32 + 48 + 64, kHeight = 64 + 2 * kGap;
     std::ofstream list = out.list("icons");
     list << "<div class=\"icons\">\n";
     int count = 0;
@@ -17,8 +46,7 @@ void write_icons(const Output& out) {
                       orvel_canvas_clear(canvas, theme.surface);
                       int x = kGap;
                       for (const int size : kSizes) {
-                          orvel_draw_icon(canvas, name.c_str(), x, kHeight - kGap - size, size,
-                                          theme.text);
+                          draw(canvas, theme, name, x, kHeight - kGap - size, size);
                           x += size + kGap;
                       }
                   });
