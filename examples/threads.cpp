@@ -109,8 +109,7 @@ int main(int argc, char** argv) {
         const Run run = render(screens, workers, alone.checksum());
         if (workers == 1) one = run.seconds;
         std::printf(
-            "%3u worker%s %8.0f screens a second, %.2f times one worker; "
-            "%.1f us of processor time a screen\n",
+            "%3u worker%s %8.0f a second, %.2f times one worker, %.1f us of processor time each\n",
             workers, workers == 1 ? ": " : "s:", screens / run.seconds, one / run.seconds,
             run.processor_seconds * 1e6 / screens);
         if (!run.all_the_same) {
