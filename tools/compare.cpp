@@ -68,9 +68,8 @@ void print(const Difference& found, const Picture& a, const Picture& b) {
 int main(int argc, char** argv) {
     orvel_tools::CommandLine program(
         "orvel-compare",
-        "Compares two BMP files of OrvelSDK pixel by pixel, alpha included. A 24-bit file counts "
-        "as "
-        "opaque.",
+        "Compares two BMP files of OrvelSDK pixel by pixel, alpha included. A 24-bit file "
+        "counts as opaque.",
         "0 when the pictures are equal, 1 when they differ, 2 on an error.");
     std::string first, second, diff;
     program.argument("A", first, "A picture");
