@@ -2,8 +2,9 @@
 # The plain models of the drawing functions, and the calls that compare the two.
 add_library(test_models STATIC
     models/shapes_model.cpp models/text_model.cpp models/printed_font.cpp
-    support/primitives.cpp support/sweep.cpp)
+    models/icon_model.cpp models/widget_model.cpp support/primitives.cpp support/sweep.cpp)
 target_link_libraries(test_models PUBLIC test_support)
+target_compile_options(test_models PRIVATE $<$<NOT:$<CONFIG:Debug>>:-O2>)
 
 foreach(module IN ITEMS state resources canvas shapes round_shapes bmp text layers)
     orvel_test(${module}_test)
