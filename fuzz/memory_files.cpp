@@ -1,5 +1,7 @@
 // Resource files without a file system, which a run would spend most of its time in: the linker
 // leads the calls that open files here, and those for files below the root end here.
+#include <fcntl.h>
+
 #include <cerrno>
 #include <cstdarg>
 #include <map>
@@ -48,7 +50,7 @@ int __wrap_open(const char* path, int flags, ...) {
     if (!is_here(path)) {
         va_list list;
         va_start(list, flags);
-        const int mode = va_arg(list, int);
+        const int mode = flags & O_CREAT ? va_arg(list, int) : 0;
         va_end(list);
         return __real_open(path, flags, mode);
     }

@@ -3,10 +3,10 @@
 #include <sys/types.h>
 #include <unistd.h>
 
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <string>
 
 #include "harness.h"
@@ -20,7 +20,7 @@ using fuzz::require;
 /// What the tone's calls to the system did.
 struct System {
     bool opens = true, forks = true;  // else these calls fail
-    int opened = 0, forked = 0;
+    int opened = 0, written_to = 0, forked = 0;
     std::string path, written;
 };
 System s_system;
@@ -75,6 +75,7 @@ void check(const Tone& tone) {
         [&tone, &status] { status = orvel_play_tone(tone.frequency_hz, tone.duration_ms); });
     const int calls = tone.accepted() ? 1 : 0;
     require(s_system.opened == calls && s_system.forked == calls, "another number of calls");
+    require(s_system.written_to == (s_system.opens ? calls : 0), "another number of writes");
     require(status == (calls == 1 && s_system.forks ? 0 : -1), "another status");
     require(messages == (tone.accepted() ? tone.line() : ""), "another line");
     require(s_system.path == (tone.accepted() ? "/tmp/orvelsdk_tone.wav" : ""), "another path");
@@ -110,7 +111,8 @@ int fuzz_open(const char* path, int, ...) {
 }
 
 ssize_t fuzz_write(int, const void* bytes, std::size_t size) {
-    s_system.written.append(static_cast<const char*>(bytes), size);
+    ++s_system.written_to;
+    s_system.written.assign(static_cast<const char*>(bytes), size);
     return static_cast<ssize_t>(size);
 }
 
@@ -118,7 +120,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     fuzz::Input input(data, size);
     const Tone tone(input);
     const int failures = input.byte();
-    s_system = {failures % 4 != 1, failures % 4 != 2, 0, 0, "", ""};
+    s_system = {failures % 4 != 1, failures % 4 != 2, 0, 0, 0, "", ""};
     check(tone);
     return 0;
 }
