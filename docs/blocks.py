@@ -33,6 +33,9 @@ case "$1 $2" in
 "cmake --install")
     DESTDIR=$(dirname "$0")/root exec "$@"
     ;;
+"ldconfig ")
+    PATH=$PATH:/sbin:/usr/sbin exec ldconfig -n "$(dirname "$0")/root/usr/local/lib"
+    ;;
 esac
 echo "sudo: the pages have no other use for it: $*" >&2
 exit 1

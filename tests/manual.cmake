@@ -28,7 +28,7 @@ foreach(page IN LISTS pages top_pages)
 endforeach()
 set_tests_properties(Manual.blocks_of_use-it PROPERTIES LABELS slow RESOURCE_LOCK packages)
 if(TEST Manual.blocks_of_README)
-    set_tests_properties(Manual.blocks_of_README PROPERTIES LABELS slow)
+    set_tests_properties(Manual.blocks_of_README PROPERTIES LABELS slow TIMEOUT 1200)
 endif()
 
 add_test(NAME Manual.no_block_goes_untried
