@@ -7,6 +7,7 @@
 // of them.
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <utility>
 
 #include "canvas/canvas.h"
@@ -14,6 +15,7 @@
 namespace {
 
 using std::int64_t;
+using std::uint32_t;
 using std::uint64_t;
 
 /// One axis of a line.
@@ -50,8 +52,8 @@ Steps visible(const Axis& axis) {
             std::min(static_cast<uint64_t>(far), axis.extent())};
 }
 
-/// What is added to the steps made along the shorter axis before they are rounded down.
-uint64_t half_of(uint64_t extent) { return extent ? (extent - 1) / 2 : 0; }
+/// What is added before the steps along the shorter axis are rounded down; the longer one is not 0.
+uint64_t half_of(uint64_t M) { return (M - 1) / 2; }
 
 /// The numbers of steps at which a line is inside the canvas.
 Steps visible(const Axis& major, const Axis& minor) {
@@ -71,31 +73,75 @@ Steps visible(const Axis& major, const Axis& minor) {
     return steps;
 }
 
-/// Draws the given steps of a line, all of them inside.
-void draw(orvel_color* pixels, const Axis& major, const Axis& minor, Steps steps,
-          orvel_color color) {
+/// Consecutive pixels of a line, all of them inside.
+struct Part {
+    orvel_color* first;
+    uint64_t steps;  // from the first pixel to the last
+    int64_t error;   // at the first pixel; the first sum >= 0 is that of a step aside
+};
+
+/// What is inside of a line of which not all is; no pixel of it may be.
+Part clipped(const orvel_canvas& canvas, const Axis& major, const Axis& minor) {
+    const Steps steps = visible(major, minor);
+    if (steps.empty()) return {nullptr, 0, 0};
     const uint64_t M = major.extent();
     const uint64_t m = minor.extent();
     const uint64_t half = half_of(M);
-    const uint64_t begun = steps.first ? (steps.first * m + half) / M : 0;
-    // Verticals and diagonals have one stride. For the others the choice between two is made
-    // without a branch, which the processor could not foresee.
-    const bool is_straight = m == 0 || m == M;
-    const int64_t ahead_and_aside = major.step() + minor.step();
-    const int64_t ahead = m == M ? ahead_and_aside : major.step();
-    orvel_color* pixel = pixels + major.offset(steps.first) + minor.offset(begun);
-    int64_t error = static_cast<int64_t>(steps.first * m + half - begun * M - M);
-    for (uint64_t to_go = steps.last - steps.first + 1;;) {
-        *pixel = color;
-        if (--to_go == 0) return;
-        if (is_straight) {
-            pixel += ahead;
-            continue;
-        }
-        error += static_cast<int64_t>(m);
+    const uint64_t aside = steps.first ? (steps.first * m + half) / M : 0;
+    return {canvas.pixels.get() + major.offset(steps.first) + minor.offset(aside),
+            steps.last - steps.first, static_cast<int64_t>(steps.first * m + half - aside * M - M)};
+}
+
+void store(orvel_color* pixel, uint32_t word) { std::memcpy(pixel, &word, sizeof word); }
+
+/// Draws verticals and diagonals, which have one stride.
+void draw_straight(const Part& part, int64_t stride, uint32_t word) {
+    orvel_color* pixel = part.first;
+    store(pixel, word);
+    for (uint64_t to_go = part.steps; to_go > 0; --to_go) store(pixel += stride, word);
+}
+
+/// Draws lines with two strides. The choice between them is made without a branch, which the
+/// processor could not foresee.
+void draw_slanted(const Part& part, int64_t M, int64_t m, int64_t ahead, int64_t ahead_and_aside,
+                  uint32_t word) {
+    orvel_color* pixel = part.first;
+    int64_t error = part.error;
+    store(pixel, word);
+    for (uint64_t to_go = part.steps; to_go > 0; --to_go) {
+        error += m;
         const bool steps_aside = error >= 0;
         pixel += steps_aside ? ahead_and_aside : ahead;
-        if (steps_aside) error -= static_cast<int64_t>(M);
+        if (steps_aside) error -= M;
+        store(pixel, word);
+    }
+}
+
+/// Draws any line but a horizontal one.
+void draw(const orvel_canvas& canvas, int x0, int y0, int x1, int y1, uint32_t word) {
+    const auto [left, right] = std::minmax(x0, x1);
+    const auto [top, bottom] = std::minmax(y0, y1);
+    if (right < 0 || bottom < 0 || left >= canvas.width || top >= canvas.height) return;
+    const int64_t width = int64_t(right) - left;
+    const int64_t height = int64_t(bottom) - top;
+    const bool is_steep = height > width;
+    const int64_t M = is_steep ? height : width;
+    const int64_t m = is_steep ? width : height;
+    Part part;
+    if (left >= 0 && top >= 0 && right < canvas.width && bottom < canvas.height) {
+        part = {orvel::pixel_at(canvas, x0, y0), static_cast<uint64_t>(M), int64_t(half_of(M)) - M};
+    } else {
+        const Axis across = {x0, x1, canvas.width, 1};
+        const Axis down = {y0, y1, canvas.height, canvas.width};
+        part = is_steep ? clipped(canvas, down, across) : clipped(canvas, across, down);
+        if (!part.first) return;
+    }
+    const int64_t column = x1 > x0 ? 1 : -1;
+    const int64_t row = y1 > y0 ? canvas.width : -int64_t(canvas.width);
+    if (m == 0 || m == M) {
+        draw_straight(part, m == 0 ? row : row + column, word);
+    } else {
+        draw_slanted(part, M, m, is_steep ? row : column, row + column, word);
     }
 }
 
@@ -103,20 +149,7 @@ void draw(orvel_color* pixels, const Axis& major, const Axis& minor, Steps steps
 
 void orvel_canvas_line(orvel_canvas* canvas, int x0, int y0, int x1, int y1, orvel_color color) {
     if (!canvas) return;
-    const auto [left, right] = std::minmax(x0, x1);
-    const auto [top, bottom] = std::minmax(y0, y1);
-    if (right < 0 || bottom < 0 || left >= canvas->width || top >= canvas->height) return;
-    if (top == bottom) {
-        return orvel::fill_span(*canvas, left, int64_t(right) + 1, top, color);
-    }
-    Axis major = {x0, x1, canvas->width, 1};
-    Axis minor = {y0, y1, canvas->height, canvas->width};
-    if (minor.extent() > major.extent()) std::swap(major, minor);
-
-    Steps steps = {0, major.extent()};
-    if (left < 0 || top < 0 || right >= canvas->width || bottom >= canvas->height) {
-        steps = visible(major, minor);
-        if (steps.empty()) return;
-    }
-    draw(canvas->pixels.get(), major, minor, steps, color);
+    if (y0 != y1) return draw(*canvas, x0, y0, x1, y1, orvel::word_of(color));
+    if (y0 < 0 || y0 >= canvas->height) return;
+    orvel::fill_span(*canvas, std::min(x0, x1), int64_t(std::max(x0, x1)) + 1, y0, color);
 }
