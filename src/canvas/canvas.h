@@ -47,10 +47,14 @@ inline void fill_run(orvel_color* first, std::int64_t count, orvel_color color) 
     const std::uint32_t word = word_of(color);
     if (count > kShort) {
         fill_any_run(first, count, word);
+    } else if (count >= 4) {
+        // Fours; the last ones may overlap those before them.
+        const std::uint32_t four[4] = {word, word, word, word};
+        for (std::int64_t i = 0; i < count - 4; i += 4) std::memcpy(first + i, four, sizeof four);
+        std::memcpy(first + count - 4, four, sizeof four);
     } else if (count > 1) {
-        // Pairs; the last one may overlap that before it.
         const std::uint64_t pair = word * 0x1'0000'0001u;
-        for (std::int64_t i = 0; i < count - 2; i += 2) std::memcpy(first + i, &pair, sizeof pair);
+        std::memcpy(first, &pair, sizeof pair);
         std::memcpy(first + count - 2, &pair, sizeof pair);
     } else if (count == 1) {
         *first = color;
