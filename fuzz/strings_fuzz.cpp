@@ -53,7 +53,8 @@ private:
         case 3: return icon();
         case 4:
         case 5: return text();
-        default: return widget();
+        case 6: return widget();
+        default: return picture_file();
         }
     }
 
@@ -144,25 +145,54 @@ private:
         orvel_set_resource_path(resources_.root().c_str());
     }
 
-    /// A theme is saved under the name that loading would find, and loading finds it.
-    void theme_file() {
+    /// The name of a resource, and that of the file which it stands for.
+    struct Name {
+        std::string name, file;
+    };
+
+    /// Of bytes that every file system takes; empty when it would be a folder's.
+    Name any_name() {
         constexpr const char* kExtensions[] = {".wav", ".mp3",  ".bmp", ".json",
                                                ".m4a", ".aiff", ".png", ""};
-        std::string file = input_.c_string().substr(0, 200);
-        std::replace(file.begin(), file.end(), '/', '_');
-        if (file.find_first_not_of('.') == std::string::npos) return;  // folders
-        const std::string name = file;
-        if (name.find('.') == std::string::npos) {
-            file += kExtensions[input_.byte() % 8];
-            resources_.put("UI/" + file, "");
+        Name any;
+        any.name = input_.c_string().substr(0, 200);
+        for (char& byte : any.name) {
+            if (byte == '/' || static_cast<unsigned char>(byte) > 127) byte = '_';
         }
+        if (any.name.find_first_not_of('.') == std::string::npos) return {};
+        any.file = any.name;
+        if (any.name.find('.') == std::string::npos) any.file += kExtensions[input_.byte() % 8];
+        return any;
+    }
+
+    /// A theme is saved over the file that loading would find, and loading finds it.
+    void theme_file() {
+        const Name any = any_name();
+        if (any.name.empty()) return;
+        const std::string file = "UI/" + any.file;
+        resources_.put(file, "");
         orvel_theme theme;
         std::memset(&theme, 0, sizeof theme);
-        require(orvel_theme_save(&theme_, name.c_str()) == 0, "not saved");
-        require(resources_.get("UI/" + file).size() == 264, "saved under another name");
-        require(orvel_theme_load(&theme, name.c_str()) == 0, "not loaded");
+        require(orvel_theme_save(&theme_, any.name.c_str()) == 0, "not saved");
+        require(resources_.get(file).size() == 264, "saved under another name");
+        require(orvel_theme_load(&theme, any.name.c_str()) == 0, "not loaded");
         require(std::memcmp(&theme, &theme_, sizeof theme) == 0, "another theme");
-        resources_.remove("UI/" + file);
+        resources_.remove(file);
+    }
+
+    /// A picture is found under its name, whichever of the extensions its file has.
+    void picture_file() {
+        const Name any = any_name();
+        if (any.name.empty()) return;
+        const std::string file = "Icons/" + any.file;
+        const Canvas picture = new_canvas(), canvas = new_canvas();
+        orvel_text_draw(picture.get(), any.name.c_str(), 0, 0, {5, 6, 7, 8});
+        require(orvel_icon_draw_bitmap(canvas.get(), any.name.c_str(), 0, 0) == -1, "no such file");
+        const std::string path = resources_.path(file);
+        require(orvel_canvas_save_bmp_rgba(picture.get(), path.c_str()) == 0, "not saved");
+        require(orvel_icon_draw_bitmap(canvas.get(), any.name.c_str(), 0, 0) == 0, "not found");
+        require(fuzz::shows(canvas.get(), picture->pixels.get()), "another picture");
+        resources_.remove(file);
     }
 
     fuzz::Input input_;
