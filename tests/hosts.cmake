@@ -17,3 +17,20 @@ target_compile_definitions(loading_test PRIVATE
 add_dependencies(loading_test plain_host early_host)
 
 orvel_sound_test(descriptors_test support/fake_system_sound.cpp)
+
+# Locales of the tests' own, so that none has to be installed.
+orvel_sound_test(locales_test support/fake_system_sound.cpp support/widget_samples.cpp)
+find_program(LOCALEDEF localedef)
+find_file(LOCALE_SOURCE tr_TR PATHS /usr/share/i18n/locales NO_DEFAULT_PATH)
+if(LOCALEDEF AND LOCALE_SOURCE)
+    set(locales ${CMAKE_CURRENT_BINARY_DIR}/locales)
+    file(MAKE_DIRECTORY ${locales})
+    foreach(locale IN ITEMS de_DE.UTF-8 tr_TR.UTF-8 tr_TR.ISO-8859-9)
+        string(REGEX MATCH "^([^.]+)\\.(.+)$" match ${locale})
+        add_custom_command(OUTPUT ${locales}/${locale}/LC_CTYPE
+            COMMAND ${LOCALEDEF} --no-archive -i ${CMAKE_MATCH_1} -f ${CMAKE_MATCH_2}
+                    ${locales}/${locale})
+        target_sources(locales_test PRIVATE ${locales}/${locale}/LC_CTYPE)
+    endforeach()
+    target_compile_definitions(locales_test PRIVATE ORVEL_LOCALES="${locales}")
+endif()
