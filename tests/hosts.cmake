@@ -34,3 +34,9 @@ if(LOCALEDEF AND LOCALE_SOURCE)
     endforeach()
     target_compile_definitions(locales_test PRIVATE ORVEL_LOCALES="${locales}")
 endif()
+
+orvel_test(host_players_test SLOW)
+target_link_libraries(host_players_test PRIVATE private_system)
+target_compile_definitions(host_players_test PRIVATE
+    ORVEL_STAND_IN_PLAYER="$<TARGET_FILE:stand_in_player>")
+add_dependencies(host_players_test stand_in_player)
