@@ -80,10 +80,12 @@ TEST_F(HostPlayersTest, AThousandTracksStartWhileThreadsAllocate) {
                   std::vector<std::thread> threads;
                   for (int i = 0; i < 2; ++i) {
                       threads.emplace_back([&done] {
-                          if (nice(19) < 0) return;  // the players are to have their turn
-                          for (std::size_t size = 1; !done; size = size * 7 % 5003) {
-                              const std::vector<char> memory(size);
-                              if (FILE* file = std::fopen("/dev/null", "r")) std::fclose(file);
+                          while (!done) {
+                              for (std::size_t size = 1; size < 5000; size += 7) {
+                                  const std::vector<char> memory(size);
+                                  if (FILE* file = std::fopen("/dev/null", "r")) std::fclose(file);
+                              }
+                              usleep(1000);  // the players are to have their turn
                           }
                       });
                   }
@@ -147,6 +149,33 @@ TEST_F(HostPlayersTest, ATonesPlayerIsTheHostsToReap) {
                   return has_no_child() ? 0 : 3;
               }),
               0);
+}
+
+/// How the player of a track ended: its status, or minus the signal.
+int end_of_the_player() {
+    int status = -1;
+    if (orvel_play_music("track") != 0 || waitpid(-1, &status, 0) <= 0) return -99;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+}
+
+TEST_F(HostPlayersTest, NoPlayerIsLookedForAlongThePath) {
+    const TempFolder elsewhere;
+    std::filesystem::rename(programs / "afplay", programs / "none");
+    std::filesystem::copy_file(programs / "quick", elsewhere / "afplay");
+    EXPECT_EQ(in_a_host([&elsewhere] {
+                  setenv("PATH", elsewhere.path().c_str(), 1);
+                  return end_of_the_player();
+              }),
+              127);
+}
+
+TEST_F(HostPlayersTest, APlayerInheritsTheHostsEnvironment) {
+    EXPECT_EQ(in_a_host([] {
+                  setenv("ORVEL_PLAYER_LENGTH", "0", 1);
+                  return end_of_the_player();
+              }),
+              0);
+    EXPECT_EQ(read_file(folder / "log").rfind("start ", 0), 0u);  // where the environment says
 }
 
 /// Makes the next child of this process get the number @p pid, in a world of numbers of our own.

@@ -18,6 +18,13 @@ add_dependencies(loading_test plain_host early_host)
 
 orvel_sound_test(descriptors_test support/fake_system_sound.cpp)
 
+foreach(test IN ITEMS extremes_test any_text_test)
+    orvel_sound_test(${test} support/fake_system_sound.cpp
+        support/interface.cpp support/interface_models.cpp support/interface_test.cpp
+        support/widget_samples.cpp models/icon_model.cpp models/widget_model.cpp)
+    target_link_libraries(${test} PRIVATE test_models)
+endforeach()
+
 # Locales of the tests' own, so that none has to be installed.
 orvel_sound_test(locales_test support/fake_system_sound.cpp support/widget_samples.cpp)
 find_program(LOCALEDEF localedef)
@@ -40,3 +47,5 @@ target_link_libraries(host_players_test PRIVATE private_system)
 target_compile_definitions(host_players_test PRIVATE
     ORVEL_STAND_IN_PLAYER="$<TARGET_FILE:stand_in_player>")
 add_dependencies(host_players_test stand_in_player)
+
+orvel_test(security_test)

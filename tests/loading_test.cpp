@@ -1,6 +1,7 @@
 // Hosts that load the library in ways of their own: again and again, twice at once, before main().
 #include <dlfcn.h>
 #include <gtest/gtest.h>
+#include <signal.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -54,6 +55,23 @@ TEST(LoadingTest, TwoWorldsOfOneProcessHaveAStateEach) {
     const Finished host = run({ORVEL_PLAIN_HOST, "worlds", ORVEL_LIBRARY});
     EXPECT_EQ(host.status, 0);
     EXPECT_EQ(host.error, std::string(kInitLine) + kInitLine + kCloseLine + kCloseLine);
+}
+
+TEST(LoadingTest, AHostInCEndsAtABitmapWhoseRowsAreNegative) {
+    const TempFolder folder;
+    write_file(folder / "Icons/hostile.bmp", BmpHeader{-2, 1}.bytes());
+    const Finished host = run({ORVEL_PLAIN_HOST, "bitmap", ORVEL_LIBRARY, folder.path()});
+    EXPECT_EQ(host.status, -SIGABRT);
+    EXPECT_EQ(host.output, "before\n");
+    EXPECT_NE(host.error.find("std::length_error"), std::string::npos) << host.error;
+}
+
+TEST(LoadingTest, AHostInCEndsWhenMemoryRunsOut) {
+    if (kAddressSanitizer) GTEST_SKIP() << "the sanitizer maps more than any limit on memory";
+    const Finished host = run({ORVEL_PLAIN_HOST, "memory", ORVEL_LIBRARY});
+    EXPECT_EQ(host.status, -SIGABRT);
+    EXPECT_EQ(host.output, "before\n");
+    EXPECT_NE(host.error.find("std::bad_alloc"), std::string::npos) << host.error;
 }
 
 TEST(LoadingTest, AHostWorksBeforeMainAndAfterItAsItDoesInBetween) {

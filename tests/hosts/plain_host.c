@@ -2,6 +2,7 @@
      cycles COUNT LIBRARY   loads, uses and unloads it, and prints what that leaves behind
      late LIBRARY PICTURE   loads it after its own exit handler was registered, which draws
      worlds LIBRARY         loads it into two worlds at once and prints whose state is whose
+     bitmap LIBRARY FOLDER  draws the bitmap "hostile" of that resource root
      memory LIBRARY         asks for more pixels than there is memory, without a way to catch that
  */
 #define _GNU_SOURCE
@@ -144,12 +145,30 @@ static int worlds(const char* path) {
     return 0;
 }
 
+/* What follows ends this host, without a core file. */
+static void say_before(void) {
+    const struct rlimit no_core = {0, 0};
+    setrlimit(RLIMIT_CORE, &no_core);
+    puts("before");
+    fflush(stdout);
+}
+
+static int bitmap(const char* path, const char* folder) {
+    struct library library = use(dlopen(path, RTLD_NOW | RTLD_LOCAL));
+    library.set_resource_path(folder);
+    say_before();
+    library.icon_draw_bitmap(library.canvas_create(4, 4), "hostile", 0, 0);
+    puts("after");
+    return 0;
+}
+
 static int memory(const char* path) {
     struct library library = use(dlopen(path, RTLD_NOW | RTLD_LOCAL));
-    struct rlimit limit = {1u << 30, 1u << 30}, no_core = {0, 0};
-    setrlimit(RLIMIT_CORE, &no_core);
+    const struct rlimit limit = {1u << 30, 1u << 30};
     setrlimit(RLIMIT_AS, &limit);
+    say_before();
     library.canvas_create(65536, 65536);
+    puts("after");
     return 0;
 }
 
@@ -157,6 +176,7 @@ int main(int count, char** arguments) {
     const char* const what = count > 1 ? arguments[1] : "";
     if (count == 4 && strcmp(what, "cycles") == 0) return cycles(atoi(arguments[2]), arguments[3]);
     if (count == 4 && strcmp(what, "late") == 0) return late(arguments[2], arguments[3]);
+    if (count == 4 && strcmp(what, "bitmap") == 0) return bitmap(arguments[2], arguments[3]);
     if (count == 3 && strcmp(what, "worlds") == 0) return worlds(arguments[2]);
     if (count == 3 && strcmp(what, "memory") == 0) return memory(arguments[2]);
     fprintf(stderr, "%s: see the head of its source for what it can do\n", arguments[0]);

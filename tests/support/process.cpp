@@ -32,7 +32,8 @@ Finished run(const std::vector<std::string>& arguments) {
     if (failure != 0) throw std::runtime_error("cannot run " + arguments[0]);
     int status = 0;
     waitpid(child, &status, 0);
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, read_file(output), read_file(error)};
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), read_file(output),
+            read_file(error)};
 }
 
 }  // namespace orvel_test

@@ -6,7 +6,7 @@
 
 namespace orvel_test {
 
-/// How a program ended: its exit status, or -1 when a signal ended it, and what it wrote.
+/// How a program ended: its exit status, or minus the signal that ended it, and what it wrote.
 struct Finished {
     int status;
     std::string output, error;
