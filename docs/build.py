@@ -77,6 +77,8 @@ def main():
     (pages / "reference.md").write_text(
         reference.reference(out / "xml", SOURCES / "include/orvel.h"), encoding="utf-8")
 
+    shutil.copy(SOURCES / "SECURITY.md", pages / "security.md")
+
     for page in sorted((SOURCES / "docs/pages").glob("*.md")):
         work = out / "work" / page.stem
         if not given.skip_blocks:
