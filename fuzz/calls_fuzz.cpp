@@ -1,6 +1,7 @@
 // Any bytes as a series of drawing calls: no finding of the sanitizers, and after every call the
 // canvas of the plain models. Calls with numbers beyond 16 bits, which the models would walk for
 // minutes, are made all the same, and the model then takes over what they drew.
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -23,14 +24,6 @@ constexpr int kWidth = 24;
 constexpr int kHeight = 20;
 
 bool equal(orvel_color a, orvel_color b) { return std::memcmp(&a, &b, sizeof a) == 0; }
-
-/// Calls @p visit with every position of the canvas.
-template <typename Visit>
-void at_every_pixel(Visit visit) {
-    for (int y = 0; y < kHeight; ++y) {
-        for (int x = 0; x < kWidth; ++x) visit(x, y);
-    }
-}
 
 class Screen {
 public:
@@ -129,12 +122,13 @@ private:
         require(writer(canvas_, resources_.path("Icons/image.bmp").c_str()) == 0, "not saved");
         orvel_canvas* const copy = orvel_canvas_create(kWidth, kHeight);
         require(orvel_icon_draw_bitmap(copy, "image", 0, 0) == 0, "not read back");
-        at_every_pixel([this, copy, alpha](int x, int y) {
-            orvel_color expected = model_.at(x, y);
-            if (!alpha) expected.a = 255;
-            if (expected.a == 0) expected = {0, 0, 0, 255};
-            require(equal(orvel_canvas_pixel_get(copy, x, y), expected), "saved another pixel");
-        });
+        model::Canvas expected = model_;
+        for (int i = 0; i < kWidth * kHeight; ++i) {
+            orvel_color& pixel = expected.pixels()[i];
+            if (!alpha) pixel.a = 255;
+            if (pixel.a == 0) pixel = {0, 0, 0, 255};
+        }
+        require(fuzz::shows(copy, expected.pixels()), "saved another pixel");
         orvel_canvas_destroy(copy);
     }
 
@@ -180,19 +174,13 @@ private:
     template <typename Draw>
     void on_a_canvas(Draw draw) {
         orvel_canvas* const canvas = orvel_canvas_create(kWidth, kHeight);
-        at_every_pixel(
-            [this, canvas](int x, int y) { orvel_canvas_pixel(canvas, x, y, model_.at(x, y)); });
+        std::copy_n(model_.pixels(), kWidth * kHeight, canvas->pixels.get());
         draw(canvas);
-        at_every_pixel([this, canvas](int x, int y) {
-            model_.put(x, y, orvel_canvas_pixel_get(canvas, x, y));
-        });
+        std::copy_n(canvas->pixels.get(), kWidth * kHeight, model_.pixels());
         orvel_canvas_destroy(canvas);
     }
 
-    void adopt() {
-        at_every_pixel(
-            [this](int x, int y) { model_.put(x, y, orvel_canvas_pixel_get(canvas_, x, y)); });
-    }
+    void adopt() { std::copy_n(canvas_->pixels.get(), kWidth * kHeight, model_.pixels()); }
 
     fuzz::Input input_;
     const fuzz::Resources& resources_;

@@ -20,6 +20,7 @@ public:
     orvel_color at(int x, int y) const { return pixels_[index(x, y)]; }
     /// All of them, row by row from the top.
     const orvel_color* pixels() const { return pixels_.data(); }
+    orvel_color* pixels() { return pixels_.data(); }
 
     /// Every pixel that a model draws goes through this test, one by one.
     void put(std::int64_t x, std::int64_t y, orvel_color color) {
