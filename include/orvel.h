@@ -296,7 +296,7 @@ ORVEL_API void orvel_theme_light(orvel_theme* theme);   /**< the light theme, al
  * in double quotes, the next quoted text after the next colon is its colour, "#rrggbb". A key that
  * is missing or whose value is empty keeps its field, so fill the record first. A value of fewer
  * than six characters after the '#' is white; a bad digit counts as 0; alpha becomes 255. The whole
- * file is read into memory, whatever its size.
+ * file is read into memory, whatever its size; when memory runs out, the record stays as it was.
  *
  * @return 0 when the file was opened, whatever it held; -1 for null arguments or when it cannot be.
  */

@@ -89,6 +89,7 @@ int orvel_theme_load(orvel_theme* theme, const char* name) {
     const std::string text = orvel::read_all(file.get());
     file.reset();
 
+    orvel_theme loaded = *theme;  // memory may run out at a value; the host's record is then whole
     const auto ends = orvel::find_keys(text);
     for (std::size_t i = 0; i < orvel::kKeyCount; ++i) {
         if (ends[i] == orvel::kNone) continue;
@@ -96,9 +97,10 @@ int orvel_theme_load(orvel_theme* theme, const char* name) {
         // Deliberate: an empty value keeps the colour, a short one makes it white.
         if (value.empty()) continue;
         const orvel_color color = orvel::color_from_hex(value.c_str());
-        std::memcpy(reinterpret_cast<char*>(theme) + orvel::kThemeKeys[i].offset, &color,
+        std::memcpy(reinterpret_cast<char*>(&loaded) + orvel::kThemeKeys[i].offset, &color,
                     sizeof color);
     }
+    *theme = loaded;
     return 0;
 }
 
