@@ -42,7 +42,8 @@ if(NOT APPLE)
 
     add_library(recorded_canberra OBJECT ${PROJECT_SOURCE_DIR}/src/sound/system_sound_linux.cpp)
     target_link_libraries(recorded_canberra PRIVATE test_support)
-    target_compile_definitions(recorded_canberra PRIVATE dlopen=recorded_dlopen dlsym=recorded_dlsym)
+    target_compile_definitions(recorded_canberra PRIVATE
+        dlopen=recorded_dlopen dlsym=recorded_dlsym dlclose=recorded_dlclose)
     orvel_test(system_sound_linux_test
         ${PROJECT_SOURCE_DIR}/src/sound/effect_file.cpp ${PROJECT_SOURCE_DIR}/src/core/files.cpp)
     target_link_libraries(system_sound_linux_test PRIVATE recorded_canberra)

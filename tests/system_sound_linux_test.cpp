@@ -84,6 +84,7 @@ extern "C" {
 
 void* recorded_dlopen(const char* file, int mode);
 void* recorded_dlsym(void* library, const char* name);
+int recorded_dlclose(void* library);
 
 void* recorded_dlopen(const char* file, int mode) {
     s_service.calls.push_back("dlopen " + std::string(file) +
@@ -99,6 +100,11 @@ void* recorded_dlsym(void* library, const char* name) {
     if (!std::strcmp(name, "ca_context_play")) return reinterpret_cast<void*>(play);
     if (!std::strcmp(name, "ca_context_destroy")) return reinterpret_cast<void*>(destroy);
     return nullptr;
+}
+
+int recorded_dlclose(void* library) {
+    s_service.calls.push_back(library == &s_service ? "dlclose" : "dlclose of another");
+    return 0;
 }
 
 }  // extern "C"
@@ -138,7 +144,7 @@ TEST_F(SystemSoundTest, TheLibraryIsLoadedOnceAtTheFirstSoundThatFindsIt) {
         s_service = {};
         s_service.missing_function = name;
         EXPECT_EQ(play_it(), -1) << name;
-        EXPECT_EQ(call_names(), "dlopen");
+        EXPECT_EQ(s_service.calls, (Calls{"dlopen libcanberra.so.0", "dlclose"})) << name;
     }
 
     s_service = {};

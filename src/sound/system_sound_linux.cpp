@@ -34,33 +34,38 @@ const Canberra* canberra() {
     static bool loaded = false;
     if (loaded) return &functions;
     void* library = dlopen("libcanberra.so.0", RTLD_NOW | RTLD_LOCAL);
-    loaded = library && find(library, "ca_context_create", functions.create) &&
+    if (!library) return nullptr;
+    loaded = find(library, "ca_context_create", functions.create) &&
              find(library, "ca_context_set_driver", functions.set_driver) &&
              find(library, "ca_context_cache", functions.cache) &&
              find(library, "ca_context_play", functions.play) &&
              find(library, "ca_context_destroy", functions.destroy);
-    return loaded ? &functions : nullptr;
+    if (loaded) return &functions;
+    dlclose(library);
+    return nullptr;
 }
 
-/// What the server knows a file by: ASCII, whatever bytes the path is made of (FNV-1a).
-std::string event_id(const std::string& path) {
-    std::uint64_t hash = 14695981039346656037u;
-    for (const char c : path) hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211u;
-    char id[32];
-    std::snprintf(id, sizeof id, "orvelsdk-%016llx", static_cast<unsigned long long>(hash));
-    return id;
-}
+/// What the server knows a file by: ASCII, whatever bytes the path is made of (FNV-1a). Not a
+/// std::string: while a connection is open, nothing may be allocated that could fail.
+struct EventId {
+    char text[32];
+    explicit EventId(const std::string& path) {
+        std::uint64_t hash = 14695981039346656037u;
+        for (const char c : path) hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211u;
+        std::snprintf(text, sizeof text, "orvelsdk-%016llx", static_cast<unsigned long long>(hash));
+    }
+};
 
 /// Uploads the file to the server's cache and plays it from there: such a sound is heard to its end
 /// even when the host is gone.
 bool upload_and_play(const Canberra& ca, ca_context* context, const std::string& path) {
-    const std::string id = event_id(path);
+    const EventId id(path);
     const char* const end = nullptr;
-    if (ca.cache(context, "event.id", id.c_str(), "media.filename", path.c_str(),
+    if (ca.cache(context, "event.id", id.text, "media.filename", path.c_str(),
                  "canberra.cache-control", "permanent", end) != 0) {
         return false;
     }
-    ca.play(context, 0, "event.id", id.c_str(), "media.filename", path.c_str(),
+    ca.play(context, 0, "event.id", id.text, "media.filename", path.c_str(),
             "canberra.cache-control", "permanent", end);
     return true;
 }
