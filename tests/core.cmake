@@ -19,6 +19,7 @@ endforeach()
 if(CMAKE_EXECUTABLE_FORMAT STREQUAL "ELF")
     orvel_test(exports_test)
     target_compile_definitions(exports_test PRIVATE ORVEL_LIBRARY="$<TARGET_FILE:OrvelSDK>")
+    include(torture/rules.cmake)
 endif()
 
 # The interface from C: a strict C99 host, and the header alone by every standard from C99 on.

@@ -10,10 +10,12 @@ long s_made = 0;
 long s_live = 0;
 long s_countdown = 0;
 std::size_t s_largest = 0;
+bool (*s_fails)() = nullptr;
 
 void* allocate(std::size_t size) {
     s_largest = std::max(s_largest, size);
     if (s_countdown > 0 && --s_countdown == 0) return nullptr;
+    if (s_fails && s_fails()) return nullptr;
     void* const memory = std::malloc(size ? size : 1);
     if (memory) {
         ++s_made;
@@ -53,6 +55,8 @@ long allocations_live() { return s_live; }
 
 std::size_t largest_allocation() { return s_largest; }
 void forget_largest_allocation() { s_largest = 0; }
+
+void ask_before_allocating(bool (*fails)()) { s_fails = fails; }
 
 FailingAllocation::FailingAllocation(long number) { s_countdown = number; }
 FailingAllocation::~FailingAllocation() { s_countdown = 0; }

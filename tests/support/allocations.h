@@ -15,6 +15,9 @@ long allocations_live();
 std::size_t largest_allocation();
 void forget_largest_allocation();
 
+/// Asks @p fails at every allocation, which fails when that is true. It must not allocate.
+void ask_before_allocating(bool (*fails)());
+
 /// Makes one allocation fail while it lives: the next one for 1, the one after that for 2.
 class FailingAllocation {
 public:

@@ -1,0 +1,20 @@
+// The children that play. They run no program: each waits for its end as the fork made it.
+#pragma once
+
+#include <sys/types.h>
+
+#include <string>
+
+namespace orvel_test::torture {
+
+// In place of fork, execl, kill and waitpid.
+pid_t start_child();
+int become_player(const char* program, const char* name, ...);
+int end_child(pid_t pid, int signal);
+pid_t wait_for_child(pid_t pid, int* status, int options);
+
+std::string players();
+int unreaped_players();
+void end_all_players();
+
+}  // namespace orvel_test::torture

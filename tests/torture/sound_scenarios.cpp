@@ -1,0 +1,283 @@
+#include <cstdio>
+
+#include "support/files.h"
+#include "support/wav.h"
+#include "torture/scenario.h"
+#include "torture/system.h"
+
+namespace orvel_test::torture {
+namespace {
+
+/// Plays music, and tells all that is seen of it.
+void play(Host& host, const char* name) {
+    host.call(orvel_play_music, name);
+    host.tell_log();
+    host.tell_players();
+}
+
+/// A track that plays before anything fails.
+void start_track(Host& host) {
+    host.provide("Music/track.wav", "a track");
+    orvel_play_music("track.wav");
+    taken_log();
+}
+
+Scenarios starting() {
+    return {
+        {"music is played",
+         [](Host& host) {
+             host.provide("Music/track.wav", "a track");
+             play(host, "track.wav");
+         },
+         "0, musica: Music/track.wav, afplay plays; 1 player left",
+         {{"last new", "bad_alloc, musica: Music/track.wav, no child"},
+          {"new", "bad_alloc, silent, no child"},
+          {"open", "-1, musica non trovata: Music/track.wav, no child", "-1, silent, no child"},
+          {"close", "0, musica: Music/track.wav, afplay plays; 1 player left",
+           "bad_alloc, silent, no child"},
+          {"fwrite short", "0, a cut line, afplay plays; 1 player left",
+           "bad_alloc, a cut line, no child"},
+          {"fwrite", "0, silent, afplay plays; 1 player left", "bad_alloc, silent, no child"},
+          {"access", "0, musica: Music/track.wav, afplay plays; 1 player left",
+           "bad_alloc, musica: Music/track.wav, no child"},
+          {"fork", "-1, musica: Music/track.wav, no child"},
+          {"execl", "0, musica: Music/track.wav, no player ended; 1 player left"}}},
+        {"music is played by the program that can",
+         [](Host& host) {
+             machine().programs = {"/usr/bin/paplay", "/usr/bin/mpv"};
+             host.provide("Music/film.m4a", std::string("\0\0\0\x20", 4) + "ftypM4A");
+             play(host, "film.m4a");
+         },
+         "0, musica: Music/film.m4a, mpv plays; 1 player left",
+         {{"last new", "bad_alloc, musica: Music/film.m4a, no child"},
+          {"new", "bad_alloc, silent, no child"},
+          {"open 1", "-1, musica non trovata: Music/film.m4a, no child", "-1, silent, no child"},
+          {"close", "0, musica: Music/film.m4a, mpv plays; 1 player left",
+           "bad_alloc, silent, no child"},
+          {"fwrite short", "0, a cut line, mpv plays; 1 player left",
+           "bad_alloc, a cut line, no child"},
+          {"fwrite", "0, silent, mpv plays; 1 player left", "bad_alloc, silent, no child"},
+          {"access 1", "0, musica: Music/film.m4a, mpv plays; 1 player left",
+           "bad_alloc, musica: Music/film.m4a, no child"},
+          {"open 2", "0, musica: Music/film.m4a, paplay plays; 1 player left",
+           "bad_alloc, musica: Music/film.m4a, no child"},
+          {"fdopen", "0, musica: Music/film.m4a, paplay plays; 1 player left",
+           "bad_alloc, musica: Music/film.m4a, no child"},
+          {"fread", "0, musica: Music/film.m4a, paplay plays; 1 player left",
+           "bad_alloc, musica: Music/film.m4a, no child"},
+          {"fclose", "0, musica: Music/film.m4a, mpv plays; 1 player left",
+           "bad_alloc, musica: Music/film.m4a, no child"},
+          {"access 2", "0, musica: Music/film.m4a, no player ended; 1 player left",
+           "bad_alloc, musica: Music/film.m4a, no child"},
+          {"fork", "-1, musica: Music/film.m4a, no child"},
+          {"execl", "0, musica: Music/film.m4a, no player ended; 1 player left"}}},
+        {"a track that is missing is played",
+         [](Host& host) { play(host, "missing.wav"); },
+         "-1, musica non trovata: Music/missing.wav, no child",
+         {{"new", "bad_alloc, silent, no child"},
+          {"open", "-1, musica non trovata: Music/missing.wav, no child", "-1, silent, no child"},
+          {"fwrite short", "-1, a cut line, no child"},
+          {"fwrite", "-1, silent, no child"}}},
+    };
+}
+
+Scenarios stopping() {
+    return {
+        {"music is stopped",
+         [](Host& host) {
+             start_track(host);
+             host.call(orvel_stop_music);
+             host.tell_players();
+             host.call(orvel_stop_music);
+         },
+         "afplay is gone",
+         {}},
+        {"music that ended by itself is stopped",
+         [](Host& host) {
+             machine().tracks_are_short = true;
+             start_track(host);
+             host.call(orvel_stop_music);
+             host.tell_players();
+         },
+         "afplay is gone",
+         {}},
+        {"music is played after other music",
+         [](Host& host) {
+             start_track(host);
+             host.provide("Music/other.wav", "another track");
+             play(host, "other.wav");
+         },
+         "0, musica: Music/other.wav, afplay is gone, afplay plays; 1 player left",
+         {{"waitpid WNOHANG",
+           "0, musica: Music/other.wav, afplay is gone, afplay plays; 1 player left",
+           "bad_alloc, silent, afplay is gone"},
+          {"kill", "0, musica: Music/other.wav, afplay is gone, afplay plays; 1 player left",
+           "bad_alloc, silent, afplay is gone"},
+          {"waitpid", "0, musica: Music/other.wav, afplay is gone, afplay plays; 1 player left",
+           "bad_alloc, silent, afplay is gone"},
+          {"last new", "bad_alloc, musica: Music/other.wav, afplay is gone"},
+          {"new", "bad_alloc, silent, afplay is gone"},
+          {"open", "-1, musica non trovata: Music/other.wav, afplay is gone",
+           "-1, silent, afplay is gone"},
+          {"close", "0, musica: Music/other.wav, afplay is gone, afplay plays; 1 player left",
+           "bad_alloc, silent, afplay is gone"},
+          {"fwrite short", "0, a cut line, afplay is gone, afplay plays; 1 player left",
+           "bad_alloc, a cut line, afplay is gone"},
+          {"fwrite", "0, silent, afplay is gone, afplay plays; 1 player left",
+           "bad_alloc, silent, afplay is gone"},
+          {"access", "0, musica: Music/other.wav, afplay is gone, afplay plays; 1 player left",
+           "bad_alloc, musica: Music/other.wav, afplay is gone"},
+          {"fork", "-1, musica: Music/other.wav, afplay is gone"},
+          {"execl", "0, musica: Music/other.wav, afplay is gone, no player ended; 1 player left"}}},
+        {"a missing track is played after other music",
+         [](Host& host) {
+             start_track(host);
+             play(host, "missing.wav");
+         },
+         "-1, musica non trovata: Music/missing.wav, afplay is gone",
+         {{"waitpid WNOHANG", "-1, musica non trovata: Music/missing.wav, afplay is gone",
+           "bad_alloc, silent, afplay is gone"},
+          {"kill", "-1, musica non trovata: Music/missing.wav, afplay is gone",
+           "bad_alloc, silent, afplay is gone"},
+          {"waitpid", "-1, musica non trovata: Music/missing.wav, afplay is gone",
+           "bad_alloc, silent, afplay is gone"},
+          {"new", "bad_alloc, silent, afplay is gone"},
+          {"open", "-1, musica non trovata: Music/missing.wav, afplay is gone",
+           "-1, silent, afplay is gone"},
+          {"fwrite short", "-1, a cut line, afplay is gone"},
+          {"fwrite", "-1, silent, afplay is gone"}}},
+        {"null is played after other music",
+         [](Host& host) {
+             start_track(host);
+             play(host, nullptr);
+         },
+         "-1, silent, afplay plays; 1 player left",
+         {}},
+    };
+}
+
+void beep(Host& host, double frequency, const char* before) {
+    const std::string file = host.path("tone.wav");
+    std::remove(file.c_str());
+    if (*before) write_file(file, before);
+    host.call(orvel_play_tone, frequency, 10);
+    host.tell_log();
+    host.tell_file(file);
+    host.tell_players();
+}
+
+/// A tone of 926 bytes. @p kept is what is told of the file while nothing has been written to it.
+std::vector<Rule> rules_of_tones(const std::string& kept, const std::string& opened) {
+    const std::string done = "0, tone: 440 Hz x 10 ms, ";
+    const std::string playing = ", afplay plays; 1 player left";
+    const std::string stuck = "bad_alloc, silent, ", alone = ", no child";
+    return {
+        {"new 1", stuck + kept + alone},
+        {"new", "bad_alloc, tone: 440 Hz x 10 ms, whole, no child"},
+        {"open", done + kept + playing, stuck + kept + alone},
+        {"fstat", done + opened + playing, stuck + opened + alone},
+        {"ftruncate", done + opened + playing, stuck + opened + alone},
+        {"write short", done + "463 bytes" + playing, stuck + "463 bytes" + alone},
+        {"write", done + "0 bytes" + playing, stuck + "0 bytes" + alone},
+        {"close", done + "whole" + playing, stuck + "whole" + alone},
+        {"fwrite short", "0, a cut line, whole" + playing, "bad_alloc, a cut line, whole" + alone},
+        {"fwrite", "0, silent, whole" + playing, stuck + "whole" + alone},
+        {"access", done + "whole" + playing, "bad_alloc, tone: 440 Hz x 10 ms, whole, no child"},
+        {"fork", "-1, tone: 440 Hz x 10 ms, whole, no child"},
+        {"execl", done + "whole, no player ended; 1 player left"},
+    };
+}
+
+Scenarios tones() {
+    const char* const done = "0, tone: 440 Hz x 10 ms, whole, afplay plays; 1 player left";
+    return {
+        {"a tone is played", [](Host& host) { beep(host, 440.0, ""); }, done,
+         rules_of_tones("no file", "0 bytes")},
+        {"a tone is played after another", [](Host& host) { beep(host, 440.0, "old"); }, done,
+         rules_of_tones("old", "old")},
+        {"a tone of no frequency is played",
+         [](Host& host) { beep(host, 0.0, ""); },
+         "-1, silent, no file, no child",
+         {}},
+    };
+}
+
+void sound(Host& host, const std::string& bytes) {
+    host.provide("Sounds/click.wav", bytes);
+    host.call(orvel_play_sound, "click.wav");
+    host.tell_log();
+}
+
+/// Another chunk comes first, and is skipped.
+std::string chunky() {
+    return riff(chunk("LIST", "....") + chunk("fmt ", format(1, 1, 8000, 16)) +
+                chunk("data", "...."));
+}
+
+std::string vorbis() { return "OggS" + std::string(24, '.') + "\1vorbis"; }
+
+// The library that plays effects stays loaded from the first one on.
+const char* const kPlayed = "0, suono: Sounds/click.wav; 1 library left";
+const char* const kRefused = "-1, suono: Sounds/click.wav";
+
+/// An effect that plays when nothing fails; what the library loads for it, it loads once a process.
+Scenario effect(const char* name, void (*act)(Host& host), const std::vector<const char*>& more) {
+    std::vector<Rule> rules = {
+        {"new", "bad_alloc, silent"},
+        {"open 1", "-1, suono non trovato: Sounds/click.wav", "-1, silent"},
+        {"close", kPlayed, "-1, silent"},
+        {"fwrite short", "0, a cut line; 1 library left", "-1, a cut line"},
+        {"fwrite", "0, silent; 1 library left", "-1, silent"},
+        {"open 2", kRefused},
+        {"fdopen", kRefused},
+        {"fread", kRefused},
+        {"fclose", kPlayed, kRefused},
+        {"dlopen", kRefused},
+        {"dlsym", kRefused},
+    };
+    for (const char* call : {"ca_context_create", "ca_context_set_driver", "ca_context_cache"}) {
+        rules.push_back({call, "-1, suono: Sounds/click.wav; 1 library left"});
+    }
+    for (const char* call : more) rules.push_back({call, kRefused});
+    return {name, act, kPlayed, rules, true};
+}
+
+Scenarios effects() {
+    return {
+        effect("an effect is played", [](Host& host) { sound(host, silence()); }, {}),
+        effect("an effect of three chunks is played", [](Host& host) { sound(host, chunky()); },
+               {"fseek"}),
+        effect("a compressed effect is played", [](Host& host) { sound(host, vorbis()); }, {}),
+        {"a text is played as an effect",
+         [](Host& host) { sound(host, "not a sound at all"); },
+         kRefused,
+         {{"new", "bad_alloc, silent"},
+          {"open 1", "-1, suono non trovato: Sounds/click.wav", "-1, silent"},
+          {"close", kRefused, "-1, silent"},
+          {"fwrite short", "-1, a cut line"},
+          {"fwrite", "-1, silent"}}},
+        {"an effect that is missing is played",
+         [](Host& host) {
+             host.call(orvel_play_sound, "missing.wav");
+             host.tell_log();
+         },
+         "-1, suono non trovato: Sounds/missing.wav",
+         {{"new", "bad_alloc, silent"},
+          {"open", "-1, suono non trovato: Sounds/missing.wav", "-1, silent"},
+          {"fwrite short", "-1, a cut line"},
+          {"fwrite", "-1, silent"}}},
+        {"null is played as an effect",
+         [](Host& host) {
+             host.call(orvel_play_sound, nullptr);
+             host.tell_log();
+         },
+         "-1, silent",
+         {}},
+    };
+}
+
+}  // namespace
+
+Scenarios sound_scenarios() { return joined({starting(), stopping(), tones(), effects()}); }
+
+}  // namespace orvel_test::torture

@@ -1,0 +1,165 @@
+#include <filesystem>
+
+#include "support/files.h"
+#include "torture/scenario.h"
+
+namespace orvel_test::torture {
+namespace {
+
+void load(Host& host, const std::string& text, const char* name) {
+    host.provide("UI/night.json", text);
+    orvel_theme theme = host.theme();
+    host.call(orvel_theme_load, &theme, name);
+    host.tell_theme(theme, host.theme());
+}
+
+const std::string kTheme = R"({"accent": "#112233", "error": "#445566"})";
+
+/// Values that are too long to be kept anywhere but in allocated memory.
+const std::string kWordy =
+    R"({"accent": "#112233 as in the evening sky", "error": "#445566 as in a warning"})";
+
+/// More than two of the pieces in which files are read, with a colour in the first and the last.
+const std::string kLong =
+    R"("accent": "#112233",)" + std::string(9000, ' ') + R"("error": "#445566")";
+
+Scenarios presets() {
+    return {
+        {"the dark theme is filled in",
+         [](Host& host) {
+             orvel_theme theme = {};
+             host.call(orvel_theme_default, &theme);
+             host.tell_theme(theme, {});
+         },
+         "loaded",
+         {}},
+        {"the light theme is filled in",
+         [](Host& host) {
+             orvel_theme theme = {};
+             host.call(orvel_theme_light, &theme);
+             host.tell_theme(theme, {});
+         },
+         "loaded",
+         {}},
+    };
+}
+
+Scenarios loading() {
+    return {
+        {"a theme is loaded",
+         [](Host& host) { load(host, kTheme, "night.json"); },
+         "0, loaded",
+         {{"new", "bad_alloc, kept"},
+          {"open", "-1, kept"},
+          {"fdopen", "-1, kept"},
+          {"fread 1 short", "0, loaded", "bad_alloc, kept"},
+          {"fread 1", "0, kept"}}},
+        {"a theme is found and loaded",
+         [](Host& host) { load(host, kTheme, "night"); },
+         "0, loaded",
+         {{"new", "bad_alloc, kept"},
+          {"open 4", "-1, kept", "bad_alloc, kept"},
+          {"open 5", "-1, kept"},
+          {"open", "0, loaded", "bad_alloc, kept"},
+          {"close", "0, loaded", "-1, kept"},
+          {"fdopen", "-1, kept"},
+          {"fread 1 short", "0, loaded", "bad_alloc, kept"},
+          {"fread 1", "0, kept"}}},
+        {"a theme with long values is loaded",
+         [](Host& host) { load(host, kWordy, "night.json"); },
+         "0, loaded",
+         {{"new", "bad_alloc, kept"},
+          {"open", "-1, kept"},
+          {"fdopen", "-1, kept"},
+          {"fread 1 short", "0, loaded", "bad_alloc, kept"},
+          {"fread 1", "0, kept"},
+          {"fread 2", "0, loaded", "bad_alloc, kept"},
+          {"fclose", "0, loaded", "bad_alloc, kept"}}},
+        {"a theme is loaded in three pieces",
+         [](Host& host) { load(host, kLong, "night.json"); },
+         "0, loaded",
+         {{"new", "bad_alloc, kept"},
+          {"open", "-1, kept"},
+          {"fdopen", "-1, kept"},
+          {"fread 1 short", "0, loaded", "bad_alloc, kept"},
+          {"fread 1", "0, kept"},
+          {"fread 2 short", "0, loaded", "bad_alloc, kept"},
+          {"fread 2", "0, partly loaded"},
+          {"fread 3 short", "0, loaded", "bad_alloc, kept"},
+          {"fread 3", "0, partly loaded"}}},
+        {"a theme that is missing is loaded",
+         [](Host& host) {
+             orvel_theme theme = host.theme();
+             host.call(orvel_theme_load, &theme, "missing.json");
+             host.tell_theme(theme, host.theme());
+         },
+         "-1, kept",
+         {{"new", "bad_alloc, kept"}}},
+        {"a theme is loaded into nothing",
+         [](Host& host) {
+             orvel_theme theme = host.theme();
+             host.call(orvel_theme_load, nullptr, "night.json");
+             host.call(orvel_theme_load, &theme, nullptr);
+         },
+         "-1, -1",
+         {}},
+    };
+}
+
+void save(Host& host, const std::string& before, const char* name, const std::string& file) {
+    std::filesystem::remove_all(host.path("UI"));
+    std::filesystem::create_directory(host.path("UI"));
+    if (!before.empty()) write_file(host.path("UI/" + file), before);
+    host.call(orvel_theme_save, &host.theme(), name);
+    host.tell_file(host.path("UI/" + file));
+}
+
+Scenarios saving() {
+    return {
+        {"a theme is saved",
+         [](Host& host) { save(host, "", "mine.json", "mine.json"); },
+         "0, whole",
+         {{"new", "bad_alloc, no file"},
+          {"fopen", "-1, no file"},
+          {"fwrite short", "0, 132 bytes"},
+          {"fwrite", "0, 0 bytes"}}},
+        {"a theme is saved under a bare name",
+         [](Host& host) { save(host, "", "mine", "mine"); },
+         "0, whole",
+         {{"new", "bad_alloc, no file"},
+          {"open", "0, whole", "bad_alloc, no file"},
+          {"fopen", "-1, no file"},
+          {"fwrite short", "0, 132 bytes"},
+          {"fwrite", "0, 0 bytes"}}},
+        {"a theme is saved over another",
+         [](Host& host) { save(host, "old", "mine", "mine.json"); },
+         "0, whole",
+         {{"new", "bad_alloc, old"},
+          {"open 4", "0, old", "bad_alloc, old"},
+          {"open", "0, whole", "bad_alloc, old"},
+          {"close", "0, whole", "-1, old"},
+          {"fopen", "-1, old"},
+          {"fwrite short", "0, 132 bytes"},
+          {"fwrite", "0, 0 bytes"}}},
+        {"a theme is saved in no folder",
+         [](Host& host) {
+             std::filesystem::remove_all(host.path("UI"));
+             host.call(orvel_theme_save, &host.theme(), "mine.json");
+         },
+         "-1",
+         {{"new", "bad_alloc"}}},
+        {"nothing is saved as a theme",
+         [](Host& host) {
+             host.call(orvel_theme_save, nullptr, "mine.json");
+             host.call(orvel_theme_save, &host.theme(), nullptr);
+         },
+         "-1, -1",
+         {}},
+    };
+}
+
+}  // namespace
+
+Scenarios theme_scenarios() { return joined({presets(), loading(), saving()}); }
+
+}  // namespace orvel_test::torture
