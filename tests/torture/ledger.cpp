@@ -19,6 +19,7 @@ constexpr Description kDescriptions[] = {
     {"new", ENOMEM},
     {"malloc", ENOMEM},
     {"open", EMFILE},
+    {"fcntl", EMFILE},
     {"fdopen", ENOMEM},
     {"fopen", EMFILE},
     {"close", EIO},

@@ -11,6 +11,7 @@ enum class Call {
     allocate,
     malloc,
     open,
+    fcntl,
     fdopen,
     fopen,
     close,

@@ -84,6 +84,18 @@ int opened(const char* path, int flags, ...) {
     return descriptor;
 }
 
+/// F_DUPFD_CLOEXEC, which is all that the library asks of it.
+int duplicated(int descriptor, int command, ...) {
+    va_list list;
+    va_start(list, command);
+    const int least = va_arg(list, int);
+    va_end(list);
+    if (fails(Call::fcntl) || command != F_DUPFD_CLOEXEC) return -1;
+    const int duplicate = fcntl(descriptor, command, least);
+    if (duplicate >= 0) s_descriptors.add(duplicate);
+    return duplicate;
+}
+
 int closed(int descriptor) {
     const bool failing = fails(Call::close);
     s_descriptors.remove(descriptor);
@@ -191,6 +203,7 @@ const std::map<std::string, void*>& replacements() {
         {"malloc", address(allocated)},
         {"free", address(released)},
         {"open", address(opened)},
+        {"fcntl", address(duplicated)},
         {"close", address(closed)},
         {"fdopen", address(opened_descriptor)},
         {"fopen", address(opened_file)},

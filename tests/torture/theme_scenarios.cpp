@@ -1,3 +1,6 @@
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <filesystem>
 
 #include "support/files.h"
@@ -114,6 +117,16 @@ void save(Host& host, const std::string& before, const char* name, const std::st
     host.tell_file(host.path("UI/" + file));
 }
 
+/// The file is opened under the number of the standard input, and moved behind those of the
+/// streams.
+void save_without_input(Host& host) {
+    const int input = fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 100);
+    close(STDIN_FILENO);
+    save(host, "", "mine.json", "mine.json");
+    dup2(input, STDIN_FILENO);
+    close(input);
+}
+
 Scenarios saving() {
     return {
         {"a theme is saved",
@@ -139,6 +152,16 @@ Scenarios saving() {
           {"open", "0, whole", "bad_alloc, old"},
           {"close", "0, whole", "-1, old"},
           {"fopen", "-1, old"},
+          {"fwrite short", "0, 132 bytes"},
+          {"fwrite", "0, 0 bytes"}}},
+        {"a theme is saved by a host without an input",
+         save_without_input,
+         "0, whole",
+         {{"new", "bad_alloc, no file"},
+          {"fopen", "-1, no file"},
+          {"fcntl", "0, whole", "0, 0 bytes"},
+          {"fdopen", "0, whole", "0, 0 bytes"},
+          {"fclose 1", "0, whole", "0, 0 bytes"},
           {"fwrite short", "0, 132 bytes"},
           {"fwrite", "0, 0 bytes"}}},
         {"a theme is saved in no folder",
