@@ -21,6 +21,7 @@
  *    true ones wherever they lie.
  *  - Threads. No locks: one thread at a time, or one canvas, theme and set of widgets per thread.
  *    The lifecycle, resource and sound functions share library-wide state: one thread for them all.
+ *    Threads may share what none of them changes: a theme, a canvas they read, the resource root.
  *  - Memory. A canvas or widget whose record cannot be allocated is null. Any other allocation that
  *    fails raises std::bad_alloc, which a C host cannot catch: the process then ends. So does the
  *    std::length_error that orvel_icon_draw_bitmap() describes.

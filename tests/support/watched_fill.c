@@ -1,0 +1,7 @@
+// The fills of the library in builds with sanitizers, none of which looks into the C library's own.
+#include <wchar.h>
+
+wchar_t* wmemset(wchar_t* first, wchar_t word, size_t count) {
+    for (size_t i = 0; i < count; ++i) first[i] = word;
+    return first;
+}
