@@ -1,7 +1,9 @@
 #include "sound/effect_file.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <string>
 
@@ -106,10 +108,23 @@ TEST(EffectFileTest, WhatIsNoSoundIsRefusedWithoutWaiting) {
     const TempFolder folder;
     EXPECT_FALSE(playable("This is a text and not a sound at all, as everybody can see."));
     EXPECT_FALSE(playable("FORM" + little(1000, 4) + "AIFF" + std::string(1000, 'x')));
+    EXPECT_FALSE(playable("RIFF" + little(1000, 4) + "AVI " + silence().substr(12)));
     EXPECT_FALSE(orvel::is_playable_effect((folder / "missing").c_str()));
     EXPECT_FALSE(orvel::is_playable_effect(folder.path().c_str()));
     ASSERT_EQ(mkfifo((folder / "fifo").c_str(), 0600), 0);
     EXPECT_FALSE(orvel::is_playable_effect((folder / "fifo").c_str()));
+}
+
+TEST(EffectFileTest, WhatCannotSkipAChunkIsNoEffect) {
+    const TempFolder folder;
+    ASSERT_EQ(mkfifo((folder / "fifo").c_str(), 0600), 0);
+    const int both_ends = open((folder / "fifo").c_str(), O_RDWR | O_NONBLOCK);
+    ASSERT_GE(both_ends, 0);
+    const std::string sound = riff(chunk("LIST", "abcd") + silence().substr(12));
+    ASSERT_TRUE(playable(sound));
+    ASSERT_EQ(write(both_ends, sound.data(), sound.size()), static_cast<ssize_t>(sound.size()));
+    EXPECT_FALSE(orvel::is_playable_effect((folder / "fifo").c_str()));
+    close(both_ends);
 }
 
 }  // namespace

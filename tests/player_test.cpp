@@ -484,6 +484,14 @@ TEST_F(PlayerChoiceTest, AToneIsNotLookedIntoWhateverLiesAtItsPath) {
     EXPECT_EQ(read_file(folder / "child"), "child execl /usr/bin/paplay\n");
 }
 
+TEST_F(PlayerChoiceTest, AFileThatIsGoneIsLeftToThePlayerOfMostKinds) {
+    recorded_system().executable = linux_only;
+    setenv("ORVEL_PLAYER_LENGTH", "0", 1);
+    const int pid = orvel::start_player(folder / "gone.m4a", orvel::Audio::any);
+    EXPECT_EQ(status_when_ended(pid), 0);
+    EXPECT_EQ(read_file(folder / "child"), "child execl /usr/bin/paplay\n");
+}
+
 TEST_F(PlayerChoiceTest, WhatNothingPlaysIsLeftToTheDocumentedProgram) {
     EXPECT_EQ(choice(m4a, {"/usr/bin/paplay", "/usr/bin/pw-play"}),
               "child execl /usr/bin/afplay\n");

@@ -41,7 +41,8 @@ inline void fill_any_run(orvel_color* first, std::int64_t count, std::uint32_t w
                  static_cast<std::size_t>(count));
 }
 
-/// Stores @p color in @p count pixels from @p first on; faster for short runs of one length.
+/// Stores @p color in @p count pixels, at least one, from @p first on; faster for short runs of one
+/// length.
 inline void fill_run(orvel_color* first, std::int64_t count, orvel_color color) {
     constexpr std::int64_t kShort = 24;
     const std::uint32_t word = word_of(color);
@@ -56,7 +57,7 @@ inline void fill_run(orvel_color* first, std::int64_t count, orvel_color color) 
         const std::uint64_t pair = word * 0x1'0000'0001u;
         std::memcpy(first, &pair, sizeof pair);
         std::memcpy(first + count - 2, &pair, sizeof pair);
-    } else if (count == 1) {
+    } else {
         *first = color;
     }
 }

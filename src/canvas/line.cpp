@@ -40,14 +40,11 @@ struct Steps {
     bool empty() const { return first > last; }
 };
 
-constexpr Steps kNone = {1, 0};
-
-/// The numbers of steps along @p axis at which it is inside the canvas.
+/// The numbers of steps along @p axis at which it is inside the canvas, which it is at some.
 Steps visible(const Axis& axis) {
     const bool forward = axis.forward();
     const int64_t near = forward ? -axis.start : axis.start - (axis.size - 1);
     const int64_t far = forward ? axis.size - 1 - axis.start : axis.start;
-    if (far < 0) return kNone;
     return {static_cast<uint64_t>(std::max<int64_t>(near, 0)),
             std::min(static_cast<uint64_t>(far), axis.extent())};
 }
@@ -55,11 +52,10 @@ Steps visible(const Axis& axis) {
 /// What is added before the steps along the shorter axis are rounded down; the longer one is not 0.
 uint64_t half_of(uint64_t M) { return (M - 1) / 2; }
 
-/// The numbers of steps at which a line is inside the canvas.
+/// The numbers of steps at which a line whose bounds meet the canvas is inside it.
 Steps visible(const Axis& major, const Axis& minor) {
     Steps steps = visible(major);
     const Steps sideways = visible(minor);
-    if (steps.empty() || sideways.empty()) return kNone;
     const uint64_t M = major.extent();
     const uint64_t m = minor.extent();
     const uint64_t half = half_of(M);
