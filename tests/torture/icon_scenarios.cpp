@@ -65,11 +65,6 @@ const std::vector<Rule> kRulesOfReading = {
     {"fread 2", "0, untouched"},
 };
 
-std::vector<Rule> with(std::vector<Rule> rules, const std::vector<Rule>& more) {
-    rules.insert(rules.end(), more.begin(), more.end());
-    return rules;
-}
-
 Scenarios bitmaps() {
     return {
         {"a bitmap is drawn", [](Host& host) { draw(host, two_by_two(), "picture.bmp"); },

@@ -7,6 +7,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 
 #include "torture/ledger.h"
 #include "torture/shared.h"
@@ -82,6 +83,7 @@ pid_t start_child() {
 }
 
 int become_player(const char* program, const char* name, ...) {
+    if (s_started < 0) std::abort();  // the host itself would be replaced by the player
     Player& player = s_players.all[s_players.count - 1];
     player.ends = true;
     if (fails(Call::execl)) return -1;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <iterator>
 #include <set>
 
 #include "support/allocations.h"
@@ -71,6 +72,7 @@ Observed observe_in_child(const Scenario& scenario, const Plan& plan, const std:
         const Observed observed = observe_here(scenario, plan, root, nothing_to_compare);
         std::snprintf(texts.told, sizeof texts.told, "%s", observed.told.c_str());
         std::snprintf(texts.told_again, sizeof texts.told_again, "%s", observed.told_again.c_str());
+        if (observed.calls.size() > std::size(texts.call)) return 1;
         for (const Call call : observed.calls) texts.call[texts.calls++] = call;
         return 0;
     });
@@ -84,26 +86,29 @@ Observed observe(const Scenario& scenario, const Plan& plan, const std::string& 
                                    : observe_here(scenario, plan, root, memory);
 }
 
+/// "fread 2" for the second call of fread.
+std::string numbered(const std::vector<Call>& calls, const Plan& plan) {
+    const auto here = calls.begin() + plan.first;
+    return name_of(*here) + (" " + std::to_string(std::count(calls.begin(), here + 1, *here)));
+}
+
 /// The names by which rules can mean the call that a plan lets fail.
 std::set<std::string> names_of(const std::vector<Call>& calls, const Plan& plan) {
     const auto here = calls.begin() + plan.first;
-    const auto number = std::count(calls.begin(), here + 1, *here);
     const std::string name = name_of(*here);
-    std::set<std::string> names = {name, name + " " + std::to_string(number)};
+    std::set<std::string> names = {name, numbered(calls, plan)};
     if (std::find(here + 1, calls.end(), *here) == calls.end()) names.insert("last " + name);
     if (plan.way == Way::fails) return names;
     const std::set<std::string> plain = names;
-    for (const std::string& n : plain) names.insert(n + " " + other_way_of(*here));
+    for (const std::string& each : plain) names.insert(each + " " + other_way_of(*here));
     return names;
 }
 
-/// "fread 2 short", and whether more fails.
 std::string in_words(const std::vector<Call>& calls, const Plan& plan) {
-    const auto here = calls.begin() + plan.first;
-    std::string words =
-        name_of(*here) + (" " + std::to_string(std::count(calls.begin(), here + 1, *here)));
-    if (plan.way == Way::fails_otherwise) words += std::string(" ") + other_way_of(*here);
-    return words + (plan.lasting ? " and all later calls fail" : " fails");
+    const Call call = calls[static_cast<std::size_t>(plan.first)];
+    const bool otherwise = plan.way == Way::fails_otherwise;
+    return numbered(calls, plan) + (otherwise ? std::string(" ") + other_way_of(call) : "") +
+           (plan.lasting ? " and all later calls fail" : " fails");
 }
 
 class Victim {
@@ -160,6 +165,11 @@ private:
 };
 
 }  // namespace
+
+std::vector<Rule> with(std::vector<Rule> rules, const std::vector<Rule>& more) {
+    rules.insert(rules.end(), more.begin(), more.end());
+    return rules;
+}
 
 Scenarios joined(const std::vector<Scenarios>& lists) {
     Scenarios all;

@@ -26,6 +26,9 @@ struct Scenario {
 
 using Scenarios = std::vector<Scenario>;
 
+/// The rules of both lists.
+std::vector<Rule> with(std::vector<Rule> rules, const std::vector<Rule>& more);
+/// The scenarios of all @p lists.
 Scenarios joined(const std::vector<Scenarios>& lists);
 
 Scenarios core_scenarios();

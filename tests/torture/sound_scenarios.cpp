@@ -1,4 +1,5 @@
 #include <cstdio>
+#include <filesystem>
 
 #include "support/files.h"
 #include "support/wav.h"
@@ -22,66 +23,109 @@ void start_track(Host& host) {
     taken_log();
 }
 
+/// What is told of starting the music of @p file, and of the players before and after that.
+struct Start {
+    std::string file, before, after;
+
+    std::string found() const { return "musica: Music/" + file + ", "; }
+    std::string missing() const { return "-1, musica non trovata: Music/" + file + ", " + before; }
+    std::string done() const { return "0, " + found() + after + "; 1 player left"; }
+    /// Memory ran out: before the file was found, and when the player was to be started.
+    std::string stuck() const { return "bad_alloc, silent, " + before; }
+    std::string stuck_late() const { return "bad_alloc, " + found() + before; }
+
+    std::vector<Rule> rules() const {
+        const std::string unheard = after + "; 1 player left";
+        return {
+            {"last new", stuck_late()},
+            {"new", stuck()},
+            {"open 1", missing(), "-1, silent, " + before},
+            {"close", done(), stuck()},
+            {"fwrite short", "0, a cut line, " + unheard, "bad_alloc, a cut line, " + before},
+            {"fwrite", "0, silent, " + unheard, stuck()},
+            {"access 1", done(), stuck_late()},
+            {"fork", "-1, " + found() + before},
+        };
+    }
+    /// The same of a file that does not exist.
+    std::vector<Rule> rules_of_missing() const {
+        return {
+            {"new", stuck()},
+            {"open", missing(), "-1, silent, " + before},
+            {"fwrite short", "-1, a cut line, " + before},
+            {"fwrite", "-1, silent, " + before},
+        };
+    }
+};
+
+/// In a folder whose relative path a program could take for an option.
+void play_dashed(Host& host) {
+    const auto folder = std::filesystem::current_path();
+    host.provide("-resources/Music/track.wav", "a track");
+    std::filesystem::current_path(host.path(""));
+    orvel_set_resource_path("-resources");
+    machine().programs = {"/usr/bin/paplay"};
+    host.call(orvel_play_music, "track.wav");
+    host.tell_players();
+    std::filesystem::current_path(folder);
+}
+
 Scenarios starting() {
+    const Start track = {"track.wav", "no child", "afplay plays"};
+    const Start film = {"film.m4a", "no child", "mpv plays"};
+    const Start missing = {"missing.wav", "no child", ""};
+    const std::string without_mpv = "0, " + film.found() + "no player ended; 1 player left";
+    const std::string with_paplay = "0, " + film.found() + "paplay plays; 1 player left";
     return {
         {"music is played",
          [](Host& host) {
              host.provide("Music/track.wav", "a track");
              play(host, "track.wav");
          },
-         "0, musica: Music/track.wav, afplay plays; 1 player left",
-         {{"last new", "bad_alloc, musica: Music/track.wav, no child"},
-          {"new", "bad_alloc, silent, no child"},
-          {"open", "-1, musica non trovata: Music/track.wav, no child", "-1, silent, no child"},
-          {"close", "0, musica: Music/track.wav, afplay plays; 1 player left",
-           "bad_alloc, silent, no child"},
-          {"fwrite short", "0, a cut line, afplay plays; 1 player left",
-           "bad_alloc, a cut line, no child"},
-          {"fwrite", "0, silent, afplay plays; 1 player left", "bad_alloc, silent, no child"},
-          {"access", "0, musica: Music/track.wav, afplay plays; 1 player left",
-           "bad_alloc, musica: Music/track.wav, no child"},
-          {"fork", "-1, musica: Music/track.wav, no child"},
-          {"execl", "0, musica: Music/track.wav, no player ended; 1 player left"}}},
+         track.done(),
+         with(track.rules(),
+              {{"execl", "0, " + track.found() + "no player ended; 1 player left"}})},
         {"music is played by the program that can",
          [](Host& host) {
              machine().programs = {"/usr/bin/paplay", "/usr/bin/mpv"};
              host.provide("Music/film.m4a", std::string("\0\0\0\x20", 4) + "ftypM4A");
              play(host, "film.m4a");
          },
-         "0, musica: Music/film.m4a, mpv plays; 1 player left",
-         {{"last new", "bad_alloc, musica: Music/film.m4a, no child"},
-          {"new", "bad_alloc, silent, no child"},
-          {"open 1", "-1, musica non trovata: Music/film.m4a, no child", "-1, silent, no child"},
-          {"close", "0, musica: Music/film.m4a, mpv plays; 1 player left",
-           "bad_alloc, silent, no child"},
-          {"fwrite short", "0, a cut line, mpv plays; 1 player left",
-           "bad_alloc, a cut line, no child"},
-          {"fwrite", "0, silent, mpv plays; 1 player left", "bad_alloc, silent, no child"},
-          {"access 1", "0, musica: Music/film.m4a, mpv plays; 1 player left",
-           "bad_alloc, musica: Music/film.m4a, no child"},
-          {"open 2", "0, musica: Music/film.m4a, paplay plays; 1 player left",
-           "bad_alloc, musica: Music/film.m4a, no child"},
-          {"fdopen", "0, musica: Music/film.m4a, paplay plays; 1 player left",
-           "bad_alloc, musica: Music/film.m4a, no child"},
-          {"fread", "0, musica: Music/film.m4a, paplay plays; 1 player left",
-           "bad_alloc, musica: Music/film.m4a, no child"},
-          {"fclose", "0, musica: Music/film.m4a, mpv plays; 1 player left",
-           "bad_alloc, musica: Music/film.m4a, no child"},
-          {"access 2", "0, musica: Music/film.m4a, no player ended; 1 player left",
-           "bad_alloc, musica: Music/film.m4a, no child"},
-          {"fork", "-1, musica: Music/film.m4a, no child"},
-          {"execl", "0, musica: Music/film.m4a, no player ended; 1 player left"}}},
-        {"a track that is missing is played",
-         [](Host& host) { play(host, "missing.wav"); },
-         "-1, musica non trovata: Music/missing.wav, no child",
-         {{"new", "bad_alloc, silent, no child"},
-          {"open", "-1, musica non trovata: Music/missing.wav, no child", "-1, silent, no child"},
-          {"fwrite short", "-1, a cut line, no child"},
-          {"fwrite", "-1, silent, no child"}}},
+         film.done(),
+         with(film.rules(), {{"open 2", with_paplay, film.stuck_late()},
+                             {"fdopen", with_paplay, film.stuck_late()},
+                             {"fread", with_paplay, film.stuck_late()},
+                             {"fclose", film.done(), film.stuck_late()},
+                             {"access 2", without_mpv, film.stuck_late()},
+                             {"execl", without_mpv}})},
+        {"music is played from a folder that looks like an option",
+         play_dashed,
+         "0, paplay plays; 1 player left",
+         {{"new", "bad_alloc, no child"},
+          {"open 1", "-1, no child"},
+          {"close", "0, paplay plays; 1 player left", "bad_alloc, no child"},
+          {"fwrite", "0, paplay plays; 1 player left", "bad_alloc, no child"},
+          {"access 1", "0, paplay plays; 1 player left", "bad_alloc, no child"},
+          {"open 2", "0, paplay plays; 1 player left", "bad_alloc, no child"},
+          {"fdopen", "0, paplay plays; 1 player left", "bad_alloc, no child"},
+          {"fread", "0, paplay plays; 1 player left", "bad_alloc, no child"},
+          {"fclose", "0, paplay plays; 1 player left", "bad_alloc, no child"},
+          {"access 2", "0, no player ended; 1 player left", "bad_alloc, no child"},
+          {"fork", "-1, no child"},
+          {"execl", "0, no player ended; 1 player left"}}},
+        {"a track that is missing is played", [](Host& host) { play(host, "missing.wav"); },
+         missing.missing(), missing.rules_of_missing()},
     };
 }
 
 Scenarios stopping() {
+    const Start other = {"other.wav", "afplay is gone", "afplay is gone, afplay plays"};
+    const Start missing = {"missing.wav", "afplay is gone", ""};
+    // Whatever becomes of the calls that stop the first track, it ends and is reaped.
+    const auto stopping = [](const std::string& done, const std::string& stuck) {
+        return std::vector<Rule>{
+            {"waitpid WNOHANG", done, stuck}, {"kill", done, stuck}, {"waitpid", done, stuck}};
+    };
     return {
         {"music is stopped",
          [](Host& host) {
@@ -107,45 +151,17 @@ Scenarios stopping() {
              host.provide("Music/other.wav", "another track");
              play(host, "other.wav");
          },
-         "0, musica: Music/other.wav, afplay is gone, afplay plays; 1 player left",
-         {{"waitpid WNOHANG",
-           "0, musica: Music/other.wav, afplay is gone, afplay plays; 1 player left",
-           "bad_alloc, silent, afplay is gone"},
-          {"kill", "0, musica: Music/other.wav, afplay is gone, afplay plays; 1 player left",
-           "bad_alloc, silent, afplay is gone"},
-          {"waitpid", "0, musica: Music/other.wav, afplay is gone, afplay plays; 1 player left",
-           "bad_alloc, silent, afplay is gone"},
-          {"last new", "bad_alloc, musica: Music/other.wav, afplay is gone"},
-          {"new", "bad_alloc, silent, afplay is gone"},
-          {"open", "-1, musica non trovata: Music/other.wav, afplay is gone",
-           "-1, silent, afplay is gone"},
-          {"close", "0, musica: Music/other.wav, afplay is gone, afplay plays; 1 player left",
-           "bad_alloc, silent, afplay is gone"},
-          {"fwrite short", "0, a cut line, afplay is gone, afplay plays; 1 player left",
-           "bad_alloc, a cut line, afplay is gone"},
-          {"fwrite", "0, silent, afplay is gone, afplay plays; 1 player left",
-           "bad_alloc, silent, afplay is gone"},
-          {"access", "0, musica: Music/other.wav, afplay is gone, afplay plays; 1 player left",
-           "bad_alloc, musica: Music/other.wav, afplay is gone"},
-          {"fork", "-1, musica: Music/other.wav, afplay is gone"},
-          {"execl", "0, musica: Music/other.wav, afplay is gone, no player ended; 1 player left"}}},
+         other.done(),
+         with(with(stopping(other.done(), other.stuck()), other.rules()),
+              {{"execl",
+                "0, " + other.found() + "afplay is gone, no player ended; 1 player left"}})},
         {"a missing track is played after other music",
          [](Host& host) {
              start_track(host);
              play(host, "missing.wav");
          },
-         "-1, musica non trovata: Music/missing.wav, afplay is gone",
-         {{"waitpid WNOHANG", "-1, musica non trovata: Music/missing.wav, afplay is gone",
-           "bad_alloc, silent, afplay is gone"},
-          {"kill", "-1, musica non trovata: Music/missing.wav, afplay is gone",
-           "bad_alloc, silent, afplay is gone"},
-          {"waitpid", "-1, musica non trovata: Music/missing.wav, afplay is gone",
-           "bad_alloc, silent, afplay is gone"},
-          {"new", "bad_alloc, silent, afplay is gone"},
-          {"open", "-1, musica non trovata: Music/missing.wav, afplay is gone",
-           "-1, silent, afplay is gone"},
-          {"fwrite short", "-1, a cut line, afplay is gone"},
-          {"fwrite", "-1, silent, afplay is gone"}}},
+         missing.missing(),
+         with(stopping(missing.missing(), missing.stuck()), missing.rules_of_missing())},
         {"null is played after other music",
          [](Host& host) {
              start_track(host);

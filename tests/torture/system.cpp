@@ -155,7 +155,7 @@ int written_text(std::FILE* file, const char* format, ...) {
     va_start(list, format);
     const int size = std::vsnprintf(text, sizeof text, format, list);
     va_end(list);
-    const auto bytes = static_cast<std::size_t>(size);
+    const std::size_t bytes = std::min(static_cast<std::size_t>(size), sizeof text - 1);
     return put(text, bytes, file) == bytes ? size : -1;
 }
 
