@@ -49,3 +49,7 @@ target_compile_definitions(host_players_test PRIVATE
 add_dependencies(host_players_test stand_in_player)
 
 orvel_test(security_test)
+
+add_executable(audio_limits_test audio_limits_test.cpp support/audio_server.cpp)
+target_link_libraries(audio_limits_test PRIVATE private_system Threads::Threads)
+gtest_discover_tests(audio_limits_test DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
