@@ -6,20 +6,14 @@
 
 #include "core/state.h"
 #include "models/text_model.h"
+#include "support/every_byte.h"
 #include "support/interface_test.h"
 
 namespace {
 
 using namespace orvel_test;
 
-/// All bytes but the zero that ends a text.
-std::string every_byte() {
-    std::string bytes;
-    for (int byte = 1; byte < 256; ++byte) bytes += static_cast<char>(byte);
-    return bytes;
-}
-
-/// A text of each kind, by name. Bars part the captions of tabs and menus.
+/// A text of each kind, by name.
 const std::map<std::string, std::string>& texts() {
     constexpr std::size_t kMillion = 1000000;
     static const std::map<std::string, std::string> all = {

@@ -51,6 +51,7 @@ protected:
         const auto canvas = make_canvas(2, 2);
         orvel_theme theme = {};
         std::string text;
+        orvel_init();
         const auto add = [&text](const char* what, int status) {
             text += std::string(what) + " " + std::to_string(status) + "\n";
         };
@@ -63,6 +64,7 @@ protected:
         add("music", orvel_play_music("track"));
         add("tone", orvel_play_tone(440.0, 100));
         orvel_stop_music();
+        orvel_shutdown();
         const Palette letters = {{'.', kBlack},
                                  {'r', {255, 0, 0, 255}},
                                  {'g', {0, 255, 0, 255}},
@@ -103,9 +105,7 @@ TEST_F(DescriptorsTest, WithoutStandardStreamsEverythingWorksAndTheyStayClosed) 
     const std::string found = in_a_host([this] {
         const int before = open_descriptors();
         for (const int stream : kStreams) close(stream);
-        orvel_init();
         const std::string text = results();
-        orvel_shutdown();
         return text + "closed " + std::to_string(before - open_descriptors());
     });
     EXPECT_EQ(found, kEverythingWorks + "closed 3");
@@ -230,10 +230,7 @@ TEST_F(DescriptorsTest, AStandardErrorThatNobodyReadsAnyMoreChangesNothingWhereS
         signal(SIGPIPE, SIG_IGN);
         const ErrorPipe error;
         close(error.ends[0]);
-        orvel_init();
-        const std::string text = results();
-        orvel_shutdown();
-        return text;
+        return results();
     });
     EXPECT_EQ(found, kEverythingWorks);
     expect_whole_files();
@@ -254,10 +251,7 @@ TEST_F(DescriptorsTest, AFullStandardErrorThatDoesNotBlockLosesTheLinesAndNothin
         const ErrorPipe error;
         error.fill();
         fcntl(STDERR_FILENO, F_SETFL, O_NONBLOCK);
-        orvel_init();
-        const std::string text = results();
-        orvel_shutdown();
-        return text;
+        return results();
     });
     EXPECT_EQ(found, kEverythingWorks);
     expect_whole_files();

@@ -16,6 +16,7 @@
 
 #include "orvel.h"
 #include "support/child.h"
+#include "support/every_byte.h"
 #include "support/files.h"
 #include "support/picture.h"
 #include "support/recorded_system.h"
@@ -24,13 +25,6 @@
 namespace {
 
 using namespace orvel_test;
-
-/// All bytes but zero, the separator of tabs and the newline among them.
-std::string every_byte() {
-    std::string bytes;
-    for (int byte = 1; byte < 256; ++byte) bytes += static_cast<char>(byte);
-    return bytes;
-}
 
 void draw_everything() {
     const orvel_theme theme = distinct_theme();

@@ -19,7 +19,7 @@ namespace {
 /// Makes the state when the library is loaded; releases what it holds, and leaves it whole, when
 /// the library is unloaded or the process exits.
 struct Lifetime {
-    Lifetime() { state(); }
+    Lifetime() noexcept { state(); }
     ~Lifetime() { std::string().swap(state().custom_resource_path); }
 };
 const Lifetime s_lifetime;
