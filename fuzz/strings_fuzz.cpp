@@ -130,7 +130,7 @@ private:
 
     /// The root is what was set or else found in the environment.
     void root() {
-        static std::string variable;  // of the environment, which holds a pointer to it
+        static std::string& variable = *new std::string;  // for good: the environment points to it
         std::string root = input_.c_string();
         std::string base = input_.c_string();
         variable = "ORVELSDK_PATH=" + base;
