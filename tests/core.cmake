@@ -45,4 +45,9 @@ foreach(standard IN ITEMS c99 c11 c17 c++11 c++14 c++17 c++20)
     add_test(NAME Header.IsCleanBy.${standard}
              COMMAND ${compile} -std=${standard} -Wall -Wextra -Wpedantic -Werror -fsyntax-only
                      -I${PROJECT_SOURCE_DIR}/include ${CMAKE_CURRENT_LIST_DIR}/header_test.c)
+    if(NOT standard STREQUAL c99)  # which has no static assertions
+        add_test(NAME Header.KeepsItsLayoutBy.${standard}
+                 COMMAND ${compile} -std=${standard} -Wall -Wextra -Wpedantic -Werror -fsyntax-only
+                         -I${PROJECT_SOURCE_DIR}/include ${CMAKE_CURRENT_LIST_DIR}/abi/layout.c)
+    endif()
 endforeach()
