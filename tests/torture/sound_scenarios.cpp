@@ -260,7 +260,6 @@ Scenario effect(const char* name, void (*act)(Host& host), const std::vector<con
 
 Scenarios effects() {
     return {
-        effect("an effect is played", [](Host& host) { sound(host, silence()); }, {}),
         effect("an effect of three chunks is played", [](Host& host) { sound(host, chunky()); },
                {"fseek"}),
         effect("a compressed effect is played", [](Host& host) { sound(host, vorbis()); }, {}),
