@@ -125,7 +125,8 @@ void draw(const orvel_canvas& canvas, int x0, int y0, int x1, int y1, uint32_t w
     const int64_t m = is_steep ? width : height;
     Part part;
     if (left >= 0 && top >= 0 && right < canvas.width && bottom < canvas.height) {
-        part = {orvel::pixel_at(canvas, x0, y0), static_cast<uint64_t>(M), int64_t(half_of(M)) - M};
+        const auto extent = static_cast<uint64_t>(M);
+        part = {orvel::pixel_at(canvas, x0, y0), extent, int64_t(half_of(extent)) - M};
     } else {
         const Axis across = {x0, x1, canvas.width, 1};
         const Axis down = {y0, y1, canvas.height, canvas.width};
