@@ -84,6 +84,9 @@ bool is_of_a_runtime(const std::string& name) {
 }
 
 TEST_F(TortureTest, EveryFunctionThatTheLibraryImportsIsMadeToFailOrAlwaysSucceeds) {
+#ifdef ORVEL_COVERAGE
+    GTEST_SKIP() << "what counts the lines is inside the library and has imports of its own";
+#endif
     const std::set<std::string> imports = imports_of_library();
     const std::set<std::string> failing = functions_that_can_fail();
     ASSERT_EQ(imports.count("fopen"), 1u);

@@ -27,7 +27,6 @@ struct Axis {
 
     bool forward() const { return end > start; }
     uint64_t extent() const { return static_cast<uint64_t>(forward() ? end - start : start - end); }
-    int64_t step() const { return forward() ? stride : -stride; }
     int64_t offset(uint64_t steps) const {
         const int64_t moved = static_cast<int64_t>(steps);
         return (forward() ? start + moved : start - moved) * stride;
