@@ -84,13 +84,15 @@ int opened(const char* path, int flags, ...) {
     return descriptor;
 }
 
-/// F_DUPFD_CLOEXEC, which is all that the library asks of it.
+/// The library only asks for F_DUPFD_CLOEXEC; the locks are those of a build that counts coverage.
 int duplicated(int descriptor, int command, ...) {
     va_list list;
     va_start(list, command);
-    const int least = va_arg(list, int);
+    const int least = command == F_DUPFD_CLOEXEC ? va_arg(list, int) : 0;
+    void* const lock = command == F_DUPFD_CLOEXEC ? nullptr : va_arg(list, void*);
     va_end(list);
-    if (fails(Call::fcntl) || command != F_DUPFD_CLOEXEC) return -1;
+    if (lock) return fcntl(descriptor, command, lock);
+    if (fails(Call::fcntl)) return -1;
     const int duplicate = fcntl(descriptor, command, least);
     if (duplicate >= 0) s_descriptors.add(duplicate);
     return duplicate;
