@@ -24,11 +24,11 @@ foreach(page IN LISTS pages top_pages)
              COMMAND Python3::Interpreter ${docs}/blocks.py ${page} --sources ${PROJECT_SOURCE_DIR}
                      --tree ${manual}/installed --work ${manual}/work/${name})
     set_tests_properties(Manual.blocks_of_${name} PROPERTIES
-        TIMEOUT 600 FIXTURES_REQUIRED manual_library FIXTURES_SETUP manual_pages)
+        TIMEOUT 1200 FIXTURES_REQUIRED manual_library FIXTURES_SETUP manual_pages)
 endforeach()
 set_tests_properties(Manual.blocks_of_use-it PROPERTIES LABELS slow RESOURCE_LOCK packages)
 if(TEST Manual.blocks_of_README)
-    set_tests_properties(Manual.blocks_of_README PROPERTIES LABELS slow TIMEOUT 1200)
+    set_tests_properties(Manual.blocks_of_README PROPERTIES LABELS slow)
 endif()
 
 add_test(NAME Manual.no_block_goes_untried

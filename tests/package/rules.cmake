@@ -16,7 +16,7 @@ endif()
 foreach(rule IN LISTS package_rules package_rules_after_making)
     add_test(NAME Package.${rule} COMMAND ${CMAKE_CURRENT_LIST_DIR}/packages_test
              ${rule} ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR}/package-tests)
-    set_tests_properties(Package.${rule} PROPERTIES LABELS slow TIMEOUT 600)
+    set_tests_properties(Package.${rule} PROPERTIES LABELS slow TIMEOUT 1200)
 endforeach()
 set_tests_properties(Package.are_made PROPERTIES FIXTURES_SETUP packages RESOURCE_LOCK packages)
 foreach(rule IN LISTS package_rules_after_making)
