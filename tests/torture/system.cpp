@@ -151,14 +151,28 @@ int written_line(const char* text, std::FILE* file) {
     return put(text, size, file) == size ? 1 : EOF;
 }
 
-int written_text(std::FILE* file, const char* format, ...) {
+int put_formatted(std::FILE* file, const char* format, va_list list) {
     char text[4096];
-    va_list list;
-    va_start(list, format);
     const int size = std::vsnprintf(text, sizeof text, format, list);
-    va_end(list);
     const std::size_t bytes = std::min(static_cast<std::size_t>(size), sizeof text - 1);
     return put(text, bytes, file) == bytes ? size : -1;
+}
+
+int written_text(std::FILE* file, const char* format, ...) {
+    va_list list;
+    va_start(list, format);
+    const int size = put_formatted(file, format, list);
+    va_end(list);
+    return size;
+}
+
+/// What fprintf() becomes where _FORTIFY_SOURCE is set, as some systems' compilers do.
+int written_checked_text(std::FILE* file, int, const char* format, ...) {
+    va_list list;
+    va_start(list, format);
+    const int size = put_formatted(file, format, list);
+    va_end(list);
+    return size;
 }
 
 int sought(std::FILE* file, long offset, int from) {
@@ -214,6 +228,7 @@ const std::map<std::string, void*>& replacements() {
         {"fwrite", address(written_file)},
         {"fputs", address(written_line)},
         {"fprintf", address(written_text)},
+        {"__fprintf_chk", address(written_checked_text)},
         {"fseek", address(sought)},
         {"fseeko", address(sought_far)},
         {"ftello", address(told)},
