@@ -1,6 +1,7 @@
 // Every function that takes a text with none at all, an empty one, one of every byte, and some of a
 // million bytes.
 #include <map>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -33,6 +34,11 @@ struct Case {
     std::string function;
     std::size_t parameter;
 };
+
+/// For GoogleTest, which would print the bytes, also those between the fields.
+void PrintTo(const Case& text, std::ostream* out) {
+    *out << text.function << ' ' << text.parameter;
+}
 
 std::vector<Case> cases() {
     std::vector<Case> all;

@@ -35,13 +35,13 @@ bool keep(const std::string& folder, const std::string& new_tmp) {
     const std::string place = new_tmp + folder.substr(4);
     std::error_code error;
     std::filesystem::create_directories(place, error);
-    return !error && mount(folder.c_str(), place.c_str(), nullptr, MS_BIND, nullptr) == 0;
+    return !error && mount(folder.c_str(), place.c_str(), "none", MS_BIND, nullptr) == 0;
 }
 
 }  // namespace
 
 bool cover(const std::string& where, const std::string& folder) {
-    return mount(folder.c_str(), where.c_str(), nullptr, MS_BIND | MS_REC, nullptr) == 0;
+    return mount(folder.c_str(), where.c_str(), "none", MS_BIND | MS_REC, nullptr) == 0;
 }
 
 void uncover(const std::string& where) { umount2(where.c_str(), MNT_DETACH); }
@@ -49,7 +49,7 @@ void uncover(const std::string& where) { umount2(where.c_str(), MNT_DETACH); }
 bool enter_private_system() {
     const std::string workshop = "/mnt";  // covered for a moment, in our own view only
     const std::string current = std::filesystem::current_path();
-    if (!unshare_mounts() || mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+    if (!unshare_mounts() || mount("none", "/", "none", MS_REC | MS_PRIVATE, nullptr) != 0 ||
         mount("none", workshop.c_str(), "tmpfs", 0, "mode=1777") != 0) {
         return false;
     }
