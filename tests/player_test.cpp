@@ -302,6 +302,44 @@ TEST_F(PlayerTest, AHostThatIgnoresItsChildrenNeverWaitsInVain) {
     signal(SIGCHLD, SIG_DFL);
 }
 
+TEST_F(PlayerTest, AHostThatHandlesSigtermStopsAPlayerThatHasNotYetBegun) {
+    struct sigaction action = {};
+    action.sa_handler = [](int) {};
+    sigaction(SIGTERM, &action, nullptr);
+    setenv("ORVEL_PLAYER_LENGTH", "5000", 1);
+    for (int i = 0; i < 5; ++i) {
+        EXPECT_EQ(play("track"), 0);
+        orvel_stop_music();
+        EXPECT_TRUE(is_gone(last_pid()));
+    }
+    EXPECT_EQ(logged({"end"}), Lines{}) << "played to the end all the same";
+    struct sigaction now = {};
+    sigaction(SIGTERM, nullptr, &now);
+    EXPECT_EQ(now.sa_handler, action.sa_handler);
+    signal(SIGTERM, SIG_DFL);
+}
+
+TEST_F(PlayerTest, APlayerThatInheritsAnIgnoredSigtermIsWaitedForAlsoBeforeItBegins) {
+    signal(SIGTERM, SIG_IGN);
+    setenv("ORVEL_PLAYER_LENGTH", "0", 1);
+    EXPECT_EQ(play("track"), 0);
+    orvel_stop_music();
+    signal(SIGTERM, SIG_DFL);
+    EXPECT_TRUE(is_gone(last_pid()));
+    EXPECT_EQ(logged({"start"}).size(), 1u);
+}
+
+TEST_F(PlayerTest, StartingAPlayerLeavesTheSignalMaskAsItWas) {
+    sigset_t none, before, after;
+    sigemptyset(&none);
+    pthread_sigmask(SIG_SETMASK, &none, &before);
+    EXPECT_EQ(play("track"), 0);
+    recorded_system().fork_fails = true;
+    EXPECT_EQ(play("track"), -1);
+    pthread_sigmask(SIG_SETMASK, &before, &after);
+    for (const int signal : {SIGTERM, SIGINT, SIGCHLD}) EXPECT_EQ(sigismember(&after, signal), 0);
+}
+
 TEST_F(PlayerTest, AHostThatReapsItsChildrenItselfNeverHangsStop) {
     struct sigaction action = {};
     action.sa_handler = [](int) {

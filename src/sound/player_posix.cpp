@@ -58,15 +58,42 @@ std::string as_argument(const std::string& path, const Player& player) {
     return looks_like_option ? "./" + path : path;
 }
 
+// A stop may come before the exec. Until then the child has the handlers of the host, and one for
+// SIGTERM would take the signal, which the player would never get.
+
+/// Keeps SIGTERM from this thread, and from a child that it forks; the signals kept back before.
+sigset_t hold_sigterm_back() {
+    sigset_t sigterm, before;
+    sigemptyset(&sigterm);
+    sigaddset(&sigterm, SIGTERM);
+    pthread_sigmask(SIG_BLOCK, &sigterm, &before);
+    return before;
+}
+
+/// As the exec will leave it: what the host ignores is ignored, what it handles ends the player.
+struct sigaction what_a_player_does_on_sigterm() {
+    struct sigaction action;
+    sigaction(SIGTERM, nullptr, &action);
+    if (action.sa_handler != SIG_IGN) action.sa_handler = SIG_DFL;
+    return action;
+}
+
 }  // namespace
 
 int start_player(const std::string& path, Audio audio) {
-    // Everything is decided before the fork: in the child of a host with threads nothing but the
-    // exec is safe.
+    // Everything is decided before the fork: in the child of a host with threads nothing but these
+    // system calls is safe.
     const Player& player = player_for(path.c_str(), audio);
     const std::string argument = as_argument(path, player);
+    const struct sigaction on_sigterm = what_a_player_does_on_sigterm();
+    const sigset_t before = hold_sigterm_back();
     const pid_t pid = fork();
-    if (pid != 0) return pid;
+    if (pid != 0) {
+        pthread_sigmask(SIG_SETMASK, &before, nullptr);
+        return pid;
+    }
+    sigaction(SIGTERM, &on_sigterm, nullptr);
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
     execl(player.program, player.name, argument.c_str(), player.options[0], player.options[1],
           player.options[2], static_cast<char*>(nullptr));
     _exit(127);
