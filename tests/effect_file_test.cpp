@@ -101,6 +101,11 @@ TEST(EffectFileTest, OggVorbisIsKnownByItsFirstPage) {
     const std::string page = "OggS" + std::string(24, '\0') + "\1vorbis" + std::string(30, 'x');
     EXPECT_TRUE(playable(page));
     EXPECT_FALSE(playable(page.substr(0, 34)));
+    for (const std::size_t known : {0, 1, 2, 3, 28, 29, 30, 31, 32, 33, 34}) {
+        std::string other = page;
+        other[known] = '-';
+        EXPECT_FALSE(playable(other)) << known;
+    }
     EXPECT_FALSE(playable("OggS" + std::string(24, '\0') + "OpusHead" + std::string(30, 'x')));
 }
 
