@@ -101,7 +101,7 @@ TEST(EffectFileTest, OggVorbisIsKnownByItsFirstPage) {
     const std::string page = "OggS" + std::string(24, '\0') + "\1vorbis" + std::string(30, 'x');
     EXPECT_TRUE(playable(page));
     EXPECT_FALSE(playable(page.substr(0, 34)));
-    for (const std::size_t known : {0, 1, 2, 3, 28, 29, 30, 31, 32, 33, 34}) {
+    for (const std::size_t known : {0u, 1u, 2u, 3u, 28u, 29u, 30u, 31u, 32u, 33u, 34u}) {
         std::string other = page;
         other[known] = '-';
         EXPECT_FALSE(playable(other)) << known;
