@@ -8,10 +8,12 @@ namespace orvel {
 
 GlobalState& state() {
     // In memory without an end of its own, since hosts may call before this library is started and
-    // after it is finished: from the libraries that they bring, and at exit.
+    // after it is finished: from the libraries that they bring, and at exit. No threads can meet at
+    // its beginning, which is at the latest when the library is loaded.
     alignas(GlobalState) static unsigned char memory[sizeof(GlobalState)];
-    static GlobalState& g_state = *new (memory) GlobalState;
-    return g_state;
+    static GlobalState* g_state = nullptr;
+    if (!g_state) g_state = new (memory) GlobalState;
+    return *g_state;
 }
 
 namespace {

@@ -18,8 +18,7 @@ Painter::Painter(const orvel_widget& widget)
       data(widget.data) {}
 
 void Painter::paint(int kind) const {
-    if (kind < ORVEL_WIDGET_WINDOW || kind > ORVEL_WIDGET_STATUSBAR) return;
-    switch (static_cast<orvel_widget_kind>(kind)) {  // no default: the compiler finds a gap
+    switch (kind) {
     case ORVEL_WIDGET_WINDOW: return window();
     case ORVEL_WIDGET_PANEL: return panel();
     case ORVEL_WIDGET_LABEL: return label();
@@ -48,6 +47,7 @@ void Painter::paint(int kind) const {
     case ORVEL_WIDGET_SEARCH: return search();
     case ORVEL_WIDGET_TOOLTIP: return tooltip();
     case ORVEL_WIDGET_STATUSBAR: return statusbar();
+    default: return;
     }
 }
 
