@@ -63,6 +63,14 @@ TEST_F(TortureTest, TheScenariosReachEveryFunctionThatTheLibraryExports) {
     }
 }
 
+TEST_F(TortureTest, TheScenariosMakeEveryCallThatCanFail) {
+    std::set<Call> made;
+    for (const Group& group : kGroups) made.merge(run(group.scenarios(), root.path()));
+    for (int call = 0; call < kCalls; ++call) {
+        EXPECT_EQ(made.count(static_cast<Call>(call)), 1u) << name_of(static_cast<Call>(call));
+    }
+}
+
 /// What the library imports and cannot fail: arithmetic, bytes in memory, and answers that are
 /// always there. snprintf() formats numbers into arrays.
 bool always_succeeds(const std::string& name) {

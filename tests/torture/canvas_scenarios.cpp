@@ -85,6 +85,8 @@ void save(Host& host, Save* save, const char* before) {
     const auto canvas = make_canvas(20, 3);
     host.call(save, canvas.get(), path.c_str());
     host.tell_file(path);
+    save(canvas.get(), path.c_str());
+    host.tell_unless_as_ever(read_file(path), "not saved afterwards");
 }
 
 /// What is told of a picture with a header of 54 bytes and three rows of that size. Nobody looks at

@@ -58,6 +58,8 @@ Scenarios roots() {
          [](Host& host) {
              host.call(orvel_set_resource_path, kNewRoot.c_str());
              tell_root(host);
+             orvel_set_resource_path(kNewRoot.c_str());
+             host.tell_unless_as_ever(orvel::state().custom_resource_path, "not set afterwards");
          },
          "0, new root",
          {{"new", "bad_alloc, old root"}}},

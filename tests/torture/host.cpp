@@ -42,6 +42,10 @@ std::string pixels_of(const orvel_canvas* canvas) {
     return pixels;
 }
 
+std::string bytes_of(const orvel_theme& theme) {
+    return {reinterpret_cast<const char*>(&theme), sizeof theme};
+}
+
 Host::Host(const std::string& root, Memory& memory)
     : root_(root), memory_(memory), canvas_(make_canvas(48, 32)) {
     orvel_theme_light(&theme_);
@@ -54,6 +58,8 @@ void Host::reach(void* function) {
 void Host::draw_and_destroy(orvel_widget* widget) {
     call(orvel_widget_draw, widget);
     tell_canvas();
+    orvel_widget_draw(widget);
+    if (widget) tell_unless_as_ever(pixels_of(canvas()), "not drawn afterwards");
     call(orvel_widget_destroy, widget);
 }
 
@@ -64,16 +70,17 @@ void Host::provide(const std::string& name, const std::string& bytes) const {
 
 void Host::tell(const std::string& words) { told_ += (told_.empty() ? "" : ", ") + words; }
 
+void Host::tell_unless_as_ever(const std::string& now, const char* words) {
+    if (!is_as_ever(now)) tell(words);
+}
+
 void Host::tell_canvas() {
     const auto blank = make_canvas(48, 32);
     tell_change(pixels_of(canvas()), pixels_of(blank.get()), "untouched", "drawn", "partly drawn");
 }
 
 void Host::tell_theme(const orvel_theme& theme, const orvel_theme& before) {
-    const auto bytes = [](const orvel_theme& colors) {
-        return std::string(reinterpret_cast<const char*>(&colors), sizeof colors);
-    };
-    tell_change(bytes(theme), bytes(before), "kept", "loaded", "partly loaded");
+    tell_change(bytes_of(theme), bytes_of(before), "kept", "loaded", "partly loaded");
 }
 
 void Host::tell_file(const std::string& path) {

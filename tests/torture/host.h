@@ -25,6 +25,8 @@ bool is_reached(const void* function);
 /// The pixels of a canvas, four bytes each.
 std::string pixels_of(const orvel_canvas* canvas);
 
+std::string bytes_of(const orvel_theme& theme);
+
 class Host {
 public:
     /// The resource folders are below @p root.
@@ -50,7 +52,8 @@ public:
         return function();
     }
 
-    /// A widget's life: it is made, drawn on the host's canvas, and destroyed.
+    /// A widget's life: it is made, drawn on the host's canvas, once more when nothing fails any
+    /// longer, and destroyed.
     template <typename Constructor, typename... Arguments>
     void live(Constructor* constructor, const Arguments&... arguments) {
         draw_and_destroy(call(constructor, canvas(), &theme(), arguments...));
@@ -61,6 +64,8 @@ public:
     void provide(const std::string& name, const std::string& bytes) const;
 
     void tell(const std::string& words);
+    /// Tells @p words unless @p now is what was seen in this place when nothing failed.
+    void tell_unless_as_ever(const std::string& now, const char* words);
     /// "untouched", "drawn" as when nothing fails, or "partly drawn".
     void tell_canvas();
     /// "kept" when it still is @p before, "loaded" as when nothing fails, or "partly loaded".

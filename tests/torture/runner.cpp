@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <iterator>
-#include <set>
 
 #include "support/allocations.h"
 #include "support/child.h"
@@ -193,11 +192,14 @@ std::string Totals::in_words() const {
            "), " + std::to_string(runs) + " runs";
 }
 
-void run(const Scenarios& scenarios, const std::string& root) {
+std::set<Call> run(const Scenarios& scenarios, const std::string& root) {
+    std::set<Call> made;
     for (const Scenario& scenario : scenarios) {
         Memory memory;
-        observe(scenario, {}, root, memory);
+        const std::vector<Call> calls = observe(scenario, {}, root, memory).calls;
+        made.insert(calls.begin(), calls.end());
     }
+    return made;
 }
 
 Totals fail_every_call(const Scenarios& scenarios, const std::string& root) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
 
 #include "torture/scenario.h"
@@ -17,8 +18,8 @@ struct Totals {
     std::string in_words() const;
 };
 
-/// Runs all @p scenarios without a failure.
-void run(const Scenarios& scenarios, const std::string& root);
+/// Runs all @p scenarios without a failure; the calls that they make.
+std::set<Call> run(const Scenarios& scenarios, const std::string& root);
 
 /// Runs all @p scenarios with every failure; every deviation from what they say is a failure of the
 /// current test.

@@ -14,6 +14,8 @@ void load(Host& host, const std::string& text, const char* name) {
     orvel_theme theme = host.theme();
     host.call(orvel_theme_load, &theme, name);
     host.tell_theme(theme, host.theme());
+    orvel_theme_load(&theme, name);
+    host.tell_unless_as_ever(bytes_of(theme), "not loaded afterwards");
 }
 
 const std::string kTheme = R"({"accent": "#112233", "error": "#445566"})";
@@ -115,6 +117,8 @@ void save(Host& host, const std::string& before, const char* name, const std::st
     if (!before.empty()) write_file(host.path("UI/" + file), before);
     host.call(orvel_theme_save, &host.theme(), name);
     host.tell_file(host.path("UI/" + file));
+    orvel_theme_save(&host.theme(), name);
+    host.tell_unless_as_ever(read_file(host.path("UI/" + file)), "not saved afterwards");
 }
 
 /// The file is opened under the number of the standard input, and moved behind those of the

@@ -106,7 +106,8 @@ Scenarios other_kinds() {
              host.draw_and_destroy(bars);
          },
          "made, drawn",
-         {{"new 1", "null, untouched"}, {"new 2", "made, bad_alloc, untouched"}}},
+         {{"new 1", "null, untouched"},
+          {"new 2", "made, bad_alloc, untouched, not drawn afterwards"}}},
     };
 }
 
@@ -135,6 +136,10 @@ void replace_values(Host& host) {
     orvel_widget_draw(bars);
     host.tell_change(pixels_of(host.canvas()), pixels_of(old.get()), "old values", "new values",
                      "other values");
+    orvel_canvas_clear(host.canvas(), kBlack);
+    orvel_widget_set_data(bars, kNew, 3);
+    orvel_widget_draw(bars);
+    host.tell_unless_as_ever(pixels_of(host.canvas()), "no new values afterwards");
     host.call(orvel_widget_set_data, bars, kNew, 0);
     orvel_widget_destroy(bars);
 }
