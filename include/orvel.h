@@ -276,7 +276,7 @@ ORVEL_API int orvel_draw_icon_ex(orvel_canvas* canvas, const char* name, int x, 
  * the rest is ignored: 24 and 32 bits a pixel, rows in either order. A pixel of a 32-bit file with
  * alpha 0 is skipped, any other replaces the canvas pixel. The file is not trusted: no bytes read
  * or write outside memory, block the call or cost more than what is visible of them, and a file
- * that ends early shows the rows before the cut.
+ * that ends early, or of which a read fails, shows the rows before that.
  *
  * A width whose row, rounded up to 4 bytes, is negative as a 32-bit number raises
  * std::length_error: -2, for example, or 0x20000000 at 32 bits. A C host that draws files of
@@ -297,7 +297,8 @@ ORVEL_API void orvel_theme_light(orvel_theme* theme);   /**< the light theme, al
  * in double quotes, the next quoted text after the next colon is its colour, "#rrggbb". A key that
  * is missing or whose value is empty keeps its field, so fill the record first. A value of fewer
  * than six characters after the '#' is white; a bad digit counts as 0; alpha becomes 255. The whole
- * file is read into memory, whatever its size; when memory runs out, the record stays as it was.
+ * file is read into memory, whatever its size; when memory runs out, the record stays as it was. A
+ * read that fails counts as the end of the file.
  *
  * @return 0 when the file was opened, whatever it held; -1 for null arguments or when it cannot be.
  */
