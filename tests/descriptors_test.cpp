@@ -248,6 +248,7 @@ TEST_F(DescriptorsTest, WhereSigpipeIsNotIgnoredItEndsTheHostAsAnyOtherPrintingD
 
 TEST_F(DescriptorsTest, AFullStandardErrorThatDoesNotBlockLosesTheLinesAndNothingElse) {
     const std::string found = in_a_host([this] {
+        signal(SIGPIPE, SIG_IGN);
         const ErrorPipe error;
         error.fill();
         fcntl(STDERR_FILENO, F_SETFL, O_NONBLOCK);
@@ -259,6 +260,7 @@ TEST_F(DescriptorsTest, AFullStandardErrorThatDoesNotBlockLosesTheLinesAndNothin
 
 TEST_F(DescriptorsTest, AFullStandardErrorThatBlocksIsWaitedForAndGetsEveryLineWhole) {
     const std::string found = in_a_host([] {
+        signal(SIGPIPE, SIG_IGN);
         const ErrorPipe error;
         error.fill();
         std::string received(1 << 20, '\0');

@@ -12,7 +12,7 @@ set_tests_properties(
     PlayerChoiceTest.M4aIsKnownByItsHeaderAndGoesToMpv
     PlayerChoiceTest.AToneIsNotLookedIntoWhateverLiesAtItsPath
     PlayerChoiceTest.WhatNothingPlaysIsLeftToTheDocumentedProgram
-    PlayerChoiceTest.APathThatBeginsWithADashIsNoOption
+    PlayerChoiceTest.APathThatBeginsWithADashIsNoOptionButForAfplay
     PlayerProgramTest.AfplayAtItsDocumentedPathWins
     PlayerProgramTest.AnAfplayThatMayNotBeExecutedIsPassedOver
     PlayerProgramTest.PaplayComesBeforePwPlay

@@ -537,7 +537,7 @@ TEST_F(PlayerChoiceTest, WhatNothingPlaysIsLeftToTheDocumentedProgram) {
     EXPECT_EQ(choice("RIFF", {}), "child execl /usr/bin/afplay\n");
 }
 
-TEST_F(PlayerChoiceTest, APathThatBeginsWithADashIsNoOption) {
+TEST_F(PlayerChoiceTest, APathThatBeginsWithADashIsNoOptionButForAfplay) {
     const std::string old_folder = std::filesystem::current_path();
     ASSERT_EQ(chdir(folder.path().c_str()), 0);
     write_file("-x/Music/track.wav", "a track");

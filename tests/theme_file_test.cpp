@@ -4,12 +4,15 @@
 
 #include <chrono>
 #include <clocale>
+#include <cstdint>
 #include <cstring>
 #include <filesystem>
 #include <string>
 
+#include "models/theme_model.h"
 #include "support/files.h"
 #include "support/picture.h"
+#include "support/random.h"
 
 namespace {
 
@@ -313,12 +316,34 @@ TEST_F(ThemeFileTest, AFifoDoesNotBlockLoading) {
 
 TEST_F(ThemeFileTest, ADecimalCommaDoesNotReachTheFile) {
     const std::string locale = std::setlocale(LC_ALL, nullptr);
-    std::setlocale(LC_ALL, "de_DE.UTF-8");
+    if (!std::setlocale(LC_ALL, "de_DE.UTF-8")) GTEST_SKIP() << "this system has no German";
     orvel_theme theme;
     orvel_theme_default(&theme);
     ASSERT_EQ(orvel_theme_save(&theme, "t.json"), 0);
     std::setlocale(LC_ALL, locale.c_str());
     EXPECT_EQ(read_file(in_ui("t.json")), kDarkFile);
+}
+
+TEST_F(ThemeFileTest, AnyTextGivesTheColoursOfTheModelAndTouchesNothingBesideThem) {
+    const std::string keys[] = {"\"background\"", "\"button\"", "\"button_hover", "\"error\""};
+    const std::string others[] = {"\"", ":", "#", "12abEF", "text", "\0"s, "\\", "\xff\n"};
+    int changed = 0;
+    for (std::uint64_t number = 0; number < 300; ++number) {
+        Random random(number);
+        std::string text;
+        for (int left = random.between(0, 40); left > 0; --left) {
+            text += random.one_in(3) ? keys[random.between(0, 3)] : others[random.between(0, 7)];
+        }
+        write_file(in_ui("t.json"), text);
+        struct {
+            orvel_theme before, theme, behind;
+        } memory = {before(), before(), before()};
+        ASSERT_EQ(orvel_theme_load(&memory.theme, "t.json"), 0);
+        ASSERT_TRUE(memory.theme == theme_model(text, before())) << text;
+        ASSERT_TRUE(memory.before == before() && memory.behind == before()) << text;
+        changed += memory.theme == before() ? 0 : 1;
+    }
+    EXPECT_GT(changed, 100);
 }
 
 TEST_F(ThemeFileTest, ReadingTakesTimeInProportionToTheText) {
