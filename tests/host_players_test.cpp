@@ -109,14 +109,7 @@ TEST_F(HostPlayersTest, AThousandTracksStartWhileThreadsAllocate) {
 
 TEST_F(HostPlayersTest, AHostWhoseSignalHandlerReapsEveryChildIsServed) {
     EXPECT_EQ(in_a_host([] {
-                  struct sigaction action = {};
-                  action.sa_handler = [](int) {
-                      const int error = errno;
-                      while (waitpid(-1, nullptr, WNOHANG) > 0) {
-                      }
-                      errno = error;
-                  };
-                  sigaction(SIGCHLD, &action, nullptr);
+                  reap_children_as_they_end();
                   return play_and_stop(100);
               }),
               0);

@@ -17,6 +17,7 @@
 
 #include "orvel.h"
 #include "sound/player.h"
+#include "support/child.h"
 #include "support/files.h"
 #include "support/recorded_system.h"
 
@@ -341,14 +342,7 @@ TEST_F(PlayerTest, StartingAPlayerLeavesTheSignalMaskAsItWas) {
 }
 
 TEST_F(PlayerTest, AHostThatReapsItsChildrenItselfNeverHangsStop) {
-    struct sigaction action = {};
-    action.sa_handler = [](int) {
-        const int error = errno;
-        while (waitpid(-1, nullptr, WNOHANG) > 0) {
-        }
-        errno = error;
-    };
-    sigaction(SIGCHLD, &action, nullptr);
+    orvel_test::reap_children_as_they_end();
     for (int i = 0; i < 10; ++i) {
         const int pid = play_until_ready("track");
         orvel_stop_music();

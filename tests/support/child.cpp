@@ -1,9 +1,11 @@
 #include "support/child.h"
 
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <stdexcept>
@@ -37,6 +39,17 @@ int as_another_user(const std::function<int()>& call) {
         if (getuid() == 0 && setuid(kNobody) != 0) return 99;
         return call();
     });
+}
+
+void reap_children_as_they_end() {
+    struct sigaction action = {};
+    action.sa_handler = [](int) {
+        const int error = errno;
+        while (waitpid(-1, nullptr, WNOHANG) > 0) {
+        }
+        errno = error;
+    };
+    sigaction(SIGCHLD, &action, nullptr);
 }
 
 int open_descriptors() {

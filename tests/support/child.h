@@ -11,7 +11,10 @@ int in_child(const std::function<int()>& call);
 /// The same as a user whom file permissions bind, also when the tests run as root.
 int as_another_user(const std::function<int()>& call);
 
-/// How many descriptors this child.has open.
+/// Installs a handler of SIGCHLD that reaps every child, as hosts have.
+void reap_children_as_they_end();
+
+/// How many descriptors this process has open.
 int open_descriptors();
 
 }  // namespace orvel_test

@@ -70,6 +70,21 @@ void play_dashed(Host& host) {
     std::filesystem::current_path(folder);
 }
 
+Scenario dashed() {
+    const std::string done = "0, paplay plays; 1 player left", stuck = "bad_alloc, no child";
+    const std::string unheard = "0, no player ended; 1 player left";
+    std::vector<Rule> rules = {{"new", stuck},
+                               {"open 1", "-1, no child"},
+                               {"access 2", unheard, stuck},
+                               {"fork", "-1, no child"},
+                               {"execl", unheard}};
+    for (const char* call :
+         {"close", "fwrite", "access 1", "open 2", "fdopen", "fread", "fclose"}) {
+        rules.push_back({call, done, stuck});
+    }
+    return {"music is played from a folder that looks like an option", play_dashed, done, rules};
+}
+
 Scenarios starting() {
     const Start track = {"track.wav", "no child", "afplay plays"};
     const Start film = {"film.m4a", "no child", "mpv plays"};
@@ -98,21 +113,7 @@ Scenarios starting() {
                              {"fclose", film.done(), film.stuck_late()},
                              {"access 2", without_mpv, film.stuck_late()},
                              {"execl", without_mpv}})},
-        {"music is played from a folder that looks like an option",
-         play_dashed,
-         "0, paplay plays; 1 player left",
-         {{"new", "bad_alloc, no child"},
-          {"open 1", "-1, no child"},
-          {"close", "0, paplay plays; 1 player left", "bad_alloc, no child"},
-          {"fwrite", "0, paplay plays; 1 player left", "bad_alloc, no child"},
-          {"access 1", "0, paplay plays; 1 player left", "bad_alloc, no child"},
-          {"open 2", "0, paplay plays; 1 player left", "bad_alloc, no child"},
-          {"fdopen", "0, paplay plays; 1 player left", "bad_alloc, no child"},
-          {"fread", "0, paplay plays; 1 player left", "bad_alloc, no child"},
-          {"fclose", "0, paplay plays; 1 player left", "bad_alloc, no child"},
-          {"access 2", "0, no player ended; 1 player left", "bad_alloc, no child"},
-          {"fork", "-1, no child"},
-          {"execl", "0, no player ended; 1 player left"}}},
+        dashed(),
         {"a track that is missing is played", [](Host& host) { play(host, "missing.wav"); },
          missing.missing(), missing.rules_of_missing()},
     };

@@ -49,49 +49,40 @@ Scenarios presets() {
     };
 }
 
+// What a theme's file of one piece is read by, once it was found.
+const std::vector<Rule> kRulesOfReading = {
+    {"fdopen", "-1, kept"},
+    {"fread 1 short", "0, loaded", "bad_alloc, kept"},
+    {"fread 1", "0, kept"},
+};
+
+/// A theme that is opened at once.
+Scenario named(const char* name, void (*act)(Host& host), const std::vector<Rule>& more) {
+    return {name, act, "0, loaded",
+            with(with({{"new", "bad_alloc, kept"}, {"open", "-1, kept"}}, kRulesOfReading), more)};
+}
+
 Scenarios loading() {
     return {
-        {"a theme is loaded",
-         [](Host& host) { load(host, kTheme, "night.json"); },
+        named("a theme is loaded", [](Host& host) { load(host, kTheme, "night.json"); }, {}),
+        {"a theme is found and loaded", [](Host& host) { load(host, kTheme, "night"); },
          "0, loaded",
-         {{"new", "bad_alloc, kept"},
-          {"open", "-1, kept"},
-          {"fdopen", "-1, kept"},
-          {"fread 1 short", "0, loaded", "bad_alloc, kept"},
-          {"fread 1", "0, kept"}}},
-        {"a theme is found and loaded",
-         [](Host& host) { load(host, kTheme, "night"); },
-         "0, loaded",
-         {{"new", "bad_alloc, kept"},
-          {"open 4", "-1, kept", "bad_alloc, kept"},
-          {"open 5", "-1, kept"},
-          {"open", "0, loaded", "bad_alloc, kept"},
-          {"close", "0, loaded", "-1, kept"},
-          {"fdopen", "-1, kept"},
-          {"fread 1 short", "0, loaded", "bad_alloc, kept"},
-          {"fread 1", "0, kept"}}},
-        {"a theme with long values is loaded",
-         [](Host& host) { load(host, kWordy, "night.json"); },
-         "0, loaded",
-         {{"new", "bad_alloc, kept"},
-          {"open", "-1, kept"},
-          {"fdopen", "-1, kept"},
-          {"fread 1 short", "0, loaded", "bad_alloc, kept"},
-          {"fread 1", "0, kept"},
-          {"fread 2", "0, loaded", "bad_alloc, kept"},
-          {"fclose", "0, loaded", "bad_alloc, kept"}}},
-        {"a theme is loaded in three pieces",
-         [](Host& host) { load(host, kLong, "night.json"); },
-         "0, loaded",
-         {{"new", "bad_alloc, kept"},
-          {"open", "-1, kept"},
-          {"fdopen", "-1, kept"},
-          {"fread 1 short", "0, loaded", "bad_alloc, kept"},
-          {"fread 1", "0, kept"},
-          {"fread 2 short", "0, loaded", "bad_alloc, kept"},
-          {"fread 2", "0, partly loaded"},
-          {"fread 3 short", "0, loaded", "bad_alloc, kept"},
-          {"fread 3", "0, partly loaded"}}},
+         with({{"new", "bad_alloc, kept"},
+               {"open 4", "-1, kept", "bad_alloc, kept"},
+               {"open 5", "-1, kept"},
+               {"open", "0, loaded", "bad_alloc, kept"},
+               {"close", "0, loaded", "-1, kept"}},
+              kRulesOfReading)},
+        named("a theme with long values is loaded",
+              [](Host& host) { load(host, kWordy, "night.json"); },
+              {{"fread 2", "0, loaded", "bad_alloc, kept"},
+               {"fclose", "0, loaded", "bad_alloc, kept"}}),
+        named("a theme is loaded in three pieces",
+              [](Host& host) { load(host, kLong, "night.json"); },
+              {{"fread 2 short", "0, loaded", "bad_alloc, kept"},
+               {"fread 2", "0, partly loaded"},
+               {"fread 3 short", "0, loaded", "bad_alloc, kept"},
+               {"fread 3", "0, partly loaded"}}),
         {"a theme that is missing is loaded",
          [](Host& host) {
              orvel_theme theme = host.theme();
