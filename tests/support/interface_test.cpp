@@ -2,7 +2,6 @@
 
 #include <sys/wait.h>
 
-#include <ctime>
 #include <filesystem>
 #include <sstream>
 
@@ -13,8 +12,6 @@
 
 namespace orvel_test {
 namespace {
-
-constexpr double kLongestSeconds = 2;
 
 CanvasPtr ground() {
     CanvasPtr canvas = make_canvas(kSide, kSide);
@@ -101,14 +98,12 @@ std::string InterfaceTest::difference(const HostFunction& function, const HostAr
 
     Returned result;
     const auto call = [&] { result = function.call(stage, arguments); };
-    const std::clock_t start = std::clock();
     const bool prints = std::string(function.name).rfind("orvel_play_", 0) == 0;
     messages.clear();
     if (prints) messages = captured(call).error;
     if (!prints) call();
     if (result.widget) widget.reset(result.widget);
     orvel_widget_draw(widget.get());
-    const double seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
 
     status = result.number;
     color = result.color;
@@ -118,8 +113,7 @@ std::string InterfaceTest::difference(const HostFunction& function, const HostAr
         kept_icon = state.icon_name;
         if (models_widgets) perform(widget_calls(state, theme_), expected.get());
     }
-    std::string wrong = is_known ? first_difference(actual.get(), expected.get()) : "";
-    if (seconds > kLongestSeconds) wrong += " " + std::to_string(seconds) + " seconds";
+    const std::string wrong = is_known ? first_difference(actual.get(), expected.get()) : "";
     return wrong.empty() ? "" : in_words(function, arguments) + ": " + wrong;
 }
 

@@ -23,8 +23,8 @@ protected:
     ~InterfaceTest() override;
 
     /// Makes the call, on a widget of that kind where it takes one, draws the widget that it made
-    /// or changed, and compares the canvas with that of the models. Empty when they are equal and
-    /// the call took no longer than any may; else what is wrong, and the call in words.
+    /// or changed, and compares the canvas with that of the models. Empty when they are equal; else
+    /// what is wrong, and the call in words.
     std::string difference(const HostFunction& function, const HostArguments& arguments,
                            int kind = ORVEL_WIDGET_BARS);
 
