@@ -60,6 +60,11 @@ if(NOT APPLE)
     gtest_discover_tests(audio_server_test DISCOVERY_TIMEOUT 60
                          PROPERTIES TIMEOUT 300 RUN_SERIAL TRUE)
 
+    list(APPEND pixel_tests tone_file_test)
+    orvel_test(tone_file_test)
+    target_link_libraries(tone_file_test PRIVATE private_system)
+    add_dependencies(pixel_tests tone_file_test)
+
     orvel_test(player_program_test)
     target_link_libraries(player_program_test PRIVATE private_system)
     target_compile_definitions(player_program_test PRIVATE
