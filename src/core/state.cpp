@@ -6,17 +6,12 @@
 
 namespace orvel {
 
-GlobalState& state() {
-    // In memory without an end of its own, since hosts may call before this library is started and
-    // after it is finished: from the libraries that they bring, and at exit. No threads can meet at
-    // its beginning, which is at the latest when the library is loaded.
-    alignas(GlobalState) static unsigned char memory[sizeof(GlobalState)];
-    static GlobalState* g_state = nullptr;
-    if (!g_state) g_state = new (memory) GlobalState;
-    return *g_state;
-}
-
 namespace {
+
+// In memory without an end of its own, since hosts may call before this library is started and
+// after it is finished: from the libraries that they bring, and at exit.
+alignas(GlobalState) unsigned char s_memory[sizeof(GlobalState)];
+GlobalState* g_state = nullptr;
 
 /// Makes the state when the library is loaded; releases what it holds, and leaves it whole, when
 /// the library is unloaded or the process exits.
@@ -27,6 +22,13 @@ struct Lifetime {
 const Lifetime s_lifetime;
 
 }  // namespace
+
+GlobalState& state() {
+    // No threads can meet here: the first call is made at the latest when the library is loaded.
+    if (!g_state) g_state = new (s_memory) GlobalState;
+    return *g_state;
+}
+
 }  // namespace orvel
 
 int orvel_init() {
