@@ -64,12 +64,12 @@ typedef struct orvel_widget orvel_widget;
  */
 typedef struct orvel_theme {
     orvel_color background;   /**< list items; words and knobs on the accent */
-    orvel_color surface;      /**< the ground of windows, panels and fields */
-    orvel_color text;         /**< words, arrows, the signs of a stepper */
+    orvel_color surface;      /**< the ground of windows, fields and the open tab; a radio's dot */
+    orvel_color text;         /**< words, the signs of fields and steppers */
     orvel_color accent;       /**< what is selected, filled, switched on or open */
-    orvel_color border;       /**< frames, rules, tracks and what is switched off */
+    orvel_color border;       /**< frames, rules, tracks, what is off; a list item's arrow */
     orvel_color button;       /**< a button's face */
-    orvel_color button_hover; /**< the same under the pointer; the selected item of lists, menus */
+    orvel_color button_hover; /**< it or a knob under the pointer; what lists and menus select */
     orvel_color button_text;  /**< a button's caption */
     orvel_color error;        /**< no widget uses it; for the host's own drawing */
 } orvel_theme;
