@@ -39,7 +39,10 @@ protected:
 
 TEST_F(HostileBitmapTest, NoRows) {
     EXPECT_EQ(drawn(BmpHeader{2, 0}.bytes() + kTwoByTwo, 0, 0, 2, 2), "..\n..\n");
-    EXPECT_EQ(drawn(BmpHeader{2, kLow}.bytes() + kTwoByTwo, 0, 0, 2, 2), "..\n..\n");
+}
+
+TEST_F(HostileBitmapTest, TheLowestHeightMeansTwoToTheThirtyOneRowsFromTheTop) {
+    EXPECT_EQ(drawn(BmpHeader{2, kLow}.bytes() + kTwoByTwo, 0, 0, 2, 3), "rg\nbw\n..\n");
 }
 
 TEST_F(HostileBitmapTest, MoreRowsThanTheFileHas) {

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <vector>
 
 #include "canvas/canvas.h"
@@ -42,8 +43,8 @@ struct Header {
     /// Bytes from one stored row to the next, a multiple of 4; wraps to anything, also below 0.
     int32_t stride() const { return (width * pixel_bytes() + 3) & ~3; }
 
-    /// The number of stored rows. Deliberate: -2^31 has no opposite, which leaves it without rows.
-    int64_t rows() const { return std::max(height, -height); }
+    /// The number of stored rows, up to 2^31.
+    int64_t rows() const { return std::abs(int64_t{height}); }
 
     bool top_first() const { return height < 0; }
     int64_t image_row(int64_t stored) const { return top_first() ? stored : rows() - 1 - stored; }

@@ -59,10 +59,7 @@ private:
         while (bytes % 4 != 0) ++bytes;
         return bytes;
     }
-    std::int64_t stored_rows() const {
-        if (height() == INT32_MIN) return 0;
-        return height() < 0 ? -height() : height();
-    }
+    std::int64_t stored_rows() const { return height() < 0 ? -height() : height(); }
 
     const std::string& file_;
 };
