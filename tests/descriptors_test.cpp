@@ -15,6 +15,7 @@
 #include <thread>
 #include <vector>
 
+#include "core/files.h"
 #include "models/tone_model.h"
 #include "orvel.h"
 #include "support/bitmap_files.h"
@@ -134,6 +135,13 @@ private:
     }
     std::vector<int> taken_;
 };
+
+TEST_F(DescriptorsTest, NoFileThatIsBeingReadOrWrittenReachesAChild) {
+    const orvel::File read = orvel::open_for_reading("/dev/null");
+    const orvel::File written = orvel::open_for_writing("/dev/null");
+    EXPECT_EQ(fcntl(fileno(read.get()), F_GETFD), FD_CLOEXEC);
+    EXPECT_EQ(fcntl(fileno(written.get()), F_GETFD), FD_CLOEXEC);
+}
 
 TEST_F(DescriptorsTest, AHostWithFiftyDescriptorsNeedsOneFreeOne) {
     for (const int left : {0, 1, 2}) {

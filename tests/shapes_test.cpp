@@ -97,6 +97,13 @@ TEST(LineTest, OnlyTheVisiblePartIsDrawn) {
     EXPECT_EQ(line(4, 3, 2, -5, 2, 1), "..#.\n..#.\n....\n");
 }
 
+TEST(LineTest, ALineThatReachesJustTheFirstOrTheLastRowOrColumnIsSeenThere) {
+    EXPECT_EQ(line(4, 3, 1, -2, 1, 0), ".#..\n....\n....\n");
+    EXPECT_EQ(line(4, 3, -2, -1, 0, 1), "....\n#...\n....\n");
+    EXPECT_EQ(line(4, 3, 2, 2, 2, 4), "....\n....\n..#.\n");
+    EXPECT_EQ(line(4, 3, 3, 1, 5, -1), "....\n...#\n....\n");
+}
+
 TEST(LineTest, ALineThatEntersTheCanvasKeepsTheSlopeOfTheWholeLine) {
     // The line from (0, 0) to (3, 1), moved one to the left.
     EXPECT_EQ(line(3, 2, -1, 0, 2, 1),
