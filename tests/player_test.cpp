@@ -134,6 +134,12 @@ protected:
     const std::string log = folder / "player";
 };
 
+// The first of all, while no music has ever been started.
+TEST_F(PlayerTest, StopWithoutMusicDoesNothing) {
+    orvel_stop_music();
+    EXPECT_TRUE(recorded_system().calls.empty());
+}
+
 TEST_F(PlayerTest, ThePlayerGetsItsNameAndOnePathAndNothingElse) {
     play_until_ready("track");
     EXPECT_EQ(logged({"argument"}), (Lines{"argument afplay", "argument " + track}));
@@ -195,11 +201,6 @@ TEST_F(PlayerTest, APlayerThatWasReapedIsForgotten) {
     recorded_system().calls.clear();
     orvel_stop_music();
     EXPECT_TRUE(recorded_system().calls.empty()) << "the number may be another process's by now";
-}
-
-TEST_F(PlayerTest, StopWithoutMusicDoesNothing) {
-    orvel_stop_music();
-    EXPECT_TRUE(recorded_system().calls.empty());
 }
 
 TEST_F(PlayerTest, TheSecondStopDoesNothing) {
