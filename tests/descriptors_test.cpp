@@ -143,6 +143,21 @@ TEST_F(DescriptorsTest, NoFileThatIsBeingReadOrWrittenReachesAChild) {
     EXPECT_EQ(fcntl(fileno(written.get()), F_GETFD), FD_CLOEXEC);
 }
 
+TEST_F(DescriptorsTest, AFileThatIsWrittenGetsTheFirstNumberBehindTheStreamsWhicheverAreClosed) {
+    for (int closed = 0; closed < 8; ++closed) {
+        const int status = in_child([closed] {
+            const int first = fcntl(STDERR_FILENO, F_DUPFD, STDERR_FILENO + 1);
+            close(first);
+            for (const int stream : kStreams) {
+                if (closed >> stream & 1) close(stream);
+            }
+            const orvel::File file = orvel::open_for_writing("/dev/null");
+            return fileno(file.get()) == first ? 0 : 1;
+        });
+        EXPECT_EQ(status, 0) << closed;
+    }
+}
+
 TEST_F(DescriptorsTest, AHostWithFiftyDescriptorsNeedsOneFreeOne) {
     for (const int left : {0, 1, 2}) {
         const std::string found = in_a_host([this, left] {

@@ -40,6 +40,7 @@ TEST(EffectFileTest, PlainWavOf8And16BitsIsPlayable) {
     EXPECT_TRUE(playable(silence()));
     EXPECT_TRUE(playable_format(format(1, 1, 44100, 16)));
     EXPECT_TRUE(playable_format(format(1, 2, 48000, 8)));
+    EXPECT_TRUE(playable_format(format(1, 256, 1u << 24, 16)));  // in the highest bytes alone
     EXPECT_TRUE(playable_format(format(1, 1, 44100, 16) + little(0, 2)));
     EXPECT_TRUE(playable_format(extensible(16, kPcmGuid)));
 }
@@ -58,6 +59,7 @@ TEST(EffectFileTest, OtherDepthsAndCodingsAreNot) {
 TEST(EffectFileTest, SilentNonsenseInTheFormatIsRefused) {
     EXPECT_FALSE(playable_format(format(1, 0, 44100, 16)));
     EXPECT_FALSE(playable_format(format(1, 1, 0, 16)));
+    EXPECT_FALSE(playable_format(format(1, 256, 0, 16)));
     EXPECT_FALSE(playable_format(format(1, 1, 44100, 16).substr(0, 14)));
     EXPECT_FALSE(playable_format(format(1, 1, 44100, 16) + std::string(1000, 'x')));
 }

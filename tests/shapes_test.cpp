@@ -102,6 +102,7 @@ TEST(LineTest, ALineThatReachesJustTheFirstOrTheLastRowOrColumnIsSeenThere) {
     EXPECT_EQ(line(4, 3, -2, -1, 0, 1), "....\n#...\n....\n");
     EXPECT_EQ(line(4, 3, 2, 2, 2, 4), "....\n....\n..#.\n");
     EXPECT_EQ(line(4, 3, 3, 1, 5, -1), "....\n...#\n....\n");
+    EXPECT_EQ(line(4, 3, 2, 0, 4, 1), "..##\n....\n....\n");  // its end would begin the last row
 }
 
 TEST(LineTest, ALineThatEntersTheCanvasKeepsTheSlopeOfTheWholeLine) {
@@ -114,6 +115,8 @@ TEST(LineTest, ALineThatEntersTheCanvasKeepsTheSlopeOfTheWholeLine) {
 TEST(LineTest, ALineOutsideDrawsNothing) {
     EXPECT_EQ(line(4, 3, -5, -1, 9, -1), kEmpty4x3);
     EXPECT_EQ(line(4, 3, -5, 3, 9, 3), kEmpty4x3);
+    EXPECT_EQ(line(4, 3, -9, 1, -1, 1), kEmpty4x3);
+    EXPECT_EQ(line(4, 3, 4, 1, 9, 1), kEmpty4x3);
     EXPECT_EQ(line(4, 3, -1, -9, -1, 9), kEmpty4x3);
     EXPECT_EQ(line(4, 3, 4, -9, 4, 9), kEmpty4x3);
     EXPECT_EQ(line(4, 3, -2, 1, 1, -2), kEmpty4x3);  // passes the corner
@@ -309,6 +312,12 @@ TEST(TriangleTest, EdgeFunctionsWrap) {
     EXPECT_EQ(triangle(4, 3, 0, 0, 65536, 0, 0, 65536), "#...\n....\n....\n");
     EXPECT_EQ(triangle(4, 3, 0, 0, 16384, 0, 0, 16384), kFull4x3);
     EXPECT_EQ(triangle(4, 3, 0, 0, 32767, 0, 0, 32767), kFull4x3);
+}
+
+TEST(TriangleTest, ARowIsFilledFromItsFirstInsidePixelToItsLastWhateverIsBetween) {
+    // The edge functions are 65536 x, 32769 y and 2^31 + 65536 - 65536 x - 32769 y, which wraps to
+    // a negative number from 2^31 on: at (0, 0), where the others are zero, at (1, 0) and (0, 1).
+    EXPECT_EQ(triangle(4, 3, 0, 0, 32769, 0, 0, 65536), "####\n.###\n####\n");
 }
 
 TEST(ShapesTest, ColoursAreStoredAlphaIncluded) {
