@@ -2,6 +2,7 @@
 
 #include <climits>
 #include <string>
+#include <utility>
 
 #include "support/drawn.h"
 
@@ -318,6 +319,19 @@ TEST(TriangleTest, ARowIsFilledFromItsFirstInsidePixelToItsLastWhateverIsBetween
     // The edge functions are 65536 x, 32769 y and 2^31 + 65536 - 65536 x - 32769 y, which wraps to
     // a negative number from 2^31 on: at (0, 0), where the others are zero, at (1, 0) and (0, 1).
     EXPECT_EQ(triangle(4, 3, 0, 0, 32769, 0, 0, 65536), "####\n.###\n####\n");
+}
+
+TEST(TriangleTest, OnAWideCanvasTheEdgeFunctionsOfNearPointsWrapToo) {
+    // Up to x = 16384 none is negative. From x = 49152 on all are: 2^29 + 32768 x has wrapped, and
+    // 2^28 - 16384 x is below zero.
+    for (const auto& [width, filled] : {std::pair(49152, 16385), std::pair(49153, 49153)}) {
+        const auto canvas = make_canvas(width, 1);
+        orvel_canvas_fill_triangle(canvas.get(), -16384, -16384, 16384, 0, -16384, 16384, kInk);
+        std::string expected(std::size_t(width), '.');
+        expected.replace(0, std::size_t(filled), std::size_t(filled), '#');
+        EXPECT_TRUE(picture(canvas.get(), {{'.', kBlack}, {'#', kInk}}) == expected + "\n")
+            << width;
+    }
 }
 
 TEST(ShapesTest, ColoursAreStoredAlphaIncluded) {
