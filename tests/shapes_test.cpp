@@ -315,6 +315,11 @@ TEST(TriangleTest, EdgeFunctionsWrap) {
     EXPECT_EQ(triangle(4, 3, 0, 0, 32767, 0, 0, 32767), kFull4x3);
 }
 
+TEST(TriangleTest, OnACanvasOfOneColumnRowsWithoutAnInsidePixelStayEmpty) {
+    EXPECT_EQ(triangle(1, 2, 5, 0, 9, 0, 5, 1), ".\n.\n");
+    EXPECT_EQ(triangle(1, 2, 5, 0, 20000, 0, 5, 1), ".\n.\n");
+}
+
 TEST(TriangleTest, ARowIsFilledFromItsFirstInsidePixelToItsLastWhateverIsBetween) {
     // The edge functions are 65536 x, 32769 y and 2^31 + 65536 - 65536 x - 32769 y, which wraps to
     // a negative number from 2^31 on: at (0, 0), where the others are zero, at (1, 0) and (0, 1).
