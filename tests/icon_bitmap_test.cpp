@@ -59,6 +59,13 @@ TEST_F(IconBitmapTest, OutsideTheCanvasDrawsNothingAndSucceeds) {
     }
 }
 
+TEST_F(IconBitmapTest, RowsOfManyBytesAreDrawnLikeOthers) {
+    const std::string black(3 * 23998, '\0');
+    const std::string bytes =
+        BmpHeader{24000, 2}.bytes() + black + kRed + kGreen + black + kBlue + kWhite;
+    EXPECT_EQ(drawn(bytes, -23997, 0, 3, 2), ".bw\n.rg\n");
+}
+
 TEST_F(IconBitmapTest, PixelsStartWhereTheHeaderSays) {
     EXPECT_EQ(drawn(BmpHeader{2, 2, 24, 59}.bytes() + "12345" + kTwoByTwo, 0, 0, 2, 2), "bw\nrg\n");
 }
