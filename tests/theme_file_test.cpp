@@ -2,7 +2,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <clocale>
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
@@ -311,16 +310,6 @@ TEST_F(ThemeFileTest, AFifoDoesNotBlockLoading) {
     orvel_theme theme = before();
     EXPECT_EQ(orvel_theme_load(&theme, "fifo.json"), 0);
     EXPECT_TRUE(theme == before());
-}
-
-TEST_F(ThemeFileTest, ADecimalCommaDoesNotReachTheFile) {
-    const std::string locale = std::setlocale(LC_ALL, nullptr);
-    if (!std::setlocale(LC_ALL, "de_DE.UTF-8")) GTEST_SKIP() << "this system has no German";
-    orvel_theme theme;
-    orvel_theme_default(&theme);
-    ASSERT_EQ(orvel_theme_save(&theme, "t.json"), 0);
-    std::setlocale(LC_ALL, locale.c_str());
-    EXPECT_EQ(read_file(in_ui("t.json")), kDarkFile);
 }
 
 TEST_F(ThemeFileTest, AnyTextGivesTheColoursOfTheModelAndTouchesNothingBesideThem) {
