@@ -22,6 +22,7 @@
  *  - Threads. No locks: one thread at a time, or one canvas, theme and set of widgets per thread.
  *    The lifecycle, resource and sound functions share library-wide state: one thread for them all.
  *    Threads may share what none of them changes: a theme, a canvas they read, the resource root.
+ *    Do not cancel a thread (pthread_cancel) while it is in a call.
  *  - Memory. A canvas or widget whose record cannot be allocated is null. Any other allocation that
  *    fails raises std::bad_alloc, which a C host cannot catch: the process then ends. So does the
  *    std::length_error that orvel_icon_draw_bitmap() describes.
@@ -441,15 +442,17 @@ ORVEL_API void orvel_widget_draw(orvel_widget* widget);
 
 /* ---- Sound ---- */
 /*
- * Sounds play in the system's sound service, music and tones in processes of the system's player;
- * no call waits for them.
+ * Effects play in the system's sound service, music and tones in processes of the system's player;
+ * no call waits for their end.
  *
  *  - macOS: effects are what the system-sound service takes (WAV, AIFF or CAF of at most 30
  *    seconds); music is what /usr/bin/afplay takes (WAV, AIFF, MP3, M4A).
- *  - Linux with PulseAudio or PipeWire: effects are PCM WAV of 8 or 16 bits, or Ogg Vorbis, up to
- *    16 MiB of samples, through libcanberra and its PulseAudio driver (Debian: libcanberra-pulse).
- *    Music is what paplay or else pw-play takes (WAV, AIFF, MP3, Ogg); M4A needs mpv. A program
- *    at /usr/bin/afplay goes before them all.
+ *  - Linux with PulseAudio or PipeWire: effects are what libsndfile reads (WAV, AIFF, CAF, Ogg
+ *    Vorbis, FLAC and more, at any rate, of up to 32 channels), decoded to 16 bits within the call,
+ *    up to 16 MiB of them, and handed over through libpulse (Debian: libsndfile1, libpulse0). A
+ *    call waits two seconds at the most for a server that does not answer; after that, effects are
+ *    -1 at once for ten seconds. Music is what paplay or else pw-play takes (WAV, AIFF, MP3, Ogg);
+ *    M4A needs mpv. A program at /usr/bin/afplay goes before them all.
  *  - Without a sound server or these programs: effects are -1; music and tones are silent, and
  *    their calls still return 0, since a player fails in its own process.
  *
@@ -465,7 +468,9 @@ ORVEL_API void orvel_widget_draw(orvel_widget* widget);
  * It cannot be stopped; on Linux it is heard to its end even when the host has exited.
  *
  * @return 0 when the system took the sound; -1 for null, a file that does not open, or a file that
- *         the system refuses. On Linux, always -1 in a child process forked after a first sound.
+ *         the system refuses. On Linux also for what is no regular file, when a library is not
+ *         installed, when the server refuses or does not answer, and always in a child process
+ *         forked after a first sound.
  */
 ORVEL_API int orvel_play_sound(const char* name);
 
@@ -493,6 +498,7 @@ ORVEL_API void orvel_stop_music(void);
  * error stream. Keep durations below 97392 ms: from there the 32-bit sample count wraps.
  *
  * A file that cannot be written is not reported; the player then plays whatever lies at that path.
+ * A library that was built without a platform, which has no player, writes none.
  * Nothing is written to a link, a FIFO, a file with a second name or a file of another user. NaN
  * and infinite frequencies are silence.
  *

@@ -8,6 +8,7 @@
 #include "core/bytes.h"
 #include "core/files.h"
 
+namespace orvel {
 namespace {
 
 constexpr std::size_t kHeaderSize = 54;
@@ -20,14 +21,14 @@ Header make_header(const orvel_canvas& canvas, std::uint32_t stride, std::uint32
     Header header = {'B', 'M'};
     const std::uint32_t width = static_cast<std::uint32_t>(canvas.width);
     const std::uint32_t height = static_cast<std::uint32_t>(canvas.height);
-    orvel::put_u32(&header[2], static_cast<std::uint32_t>(kHeaderSize) + stride * height);
-    orvel::put_u32(&header[10], kHeaderSize);
-    orvel::put_u32(&header[14], 40);  // size of the rest of the header
-    orvel::put_u32(&header[18], width);
-    orvel::put_u32(&header[22], height);  // positive: the bottom row first
-    orvel::put_u16(&header[26], 1);       // planes
-    orvel::put_u16(&header[28], depth);
-    orvel::put_u32(&header[30], compression);
+    put_u32(&header[2], static_cast<std::uint32_t>(kHeaderSize) + stride * height);
+    put_u32(&header[10], kHeaderSize);
+    put_u32(&header[14], 40);  // size of the rest of the header
+    put_u32(&header[18], width);
+    put_u32(&header[22], height);  // positive: the bottom row first
+    put_u16(&header[26], 1);       // planes
+    put_u16(&header[28], depth);
+    put_u32(&header[30], compression);
     return header;
 }
 
@@ -51,7 +52,7 @@ void store_bgra(const orvel_color* row, std::int64_t width, unsigned char* out) 
 /// Writes @p header and the rows, bottom row first, each stored by @p store in @p stride bytes.
 int save(const orvel_canvas& canvas, const char* path, const Header& header, std::size_t stride,
          void (*store)(const orvel_color*, std::int64_t, unsigned char*)) {
-    std::FILE* file = orvel::open_for_writing(path).release();
+    std::FILE* file = open_for_writing(path).release();
     if (!file) return -1;
     char* block = static_cast<char*>(std::malloc(kBlockSize));
     if (block) std::setvbuf(file, block, _IOFBF, kBlockSize);
@@ -59,7 +60,7 @@ int save(const orvel_canvas& canvas, const char* path, const Header& header, std
     // Deliberate: if this throws, the file stays open, and with it its block.
     std::vector<unsigned char> row(stride);
     for (std::int64_t y = canvas.height - 1; y >= 0; --y) {
-        store(orvel::pixel_at(canvas, 0, y), canvas.width, row.data());
+        store(pixel_at(canvas, 0, y), canvas.width, row.data());
         std::fwrite(row.data(), 1, row.size(), file);
     }
     std::fclose(file);
@@ -68,17 +69,20 @@ int save(const orvel_canvas& canvas, const char* path, const Header& header, std
 }
 
 }  // namespace
+}  // namespace orvel
+
+using namespace orvel;
 
 int orvel_canvas_save_bmp(const orvel_canvas* canvas, const char* path) {
     if (!canvas || !path) return -1;
-    const std::size_t stride = (std::size_t(canvas->width) * 3 + 3) / 4 * 4;
+    const std::size_t stride = (static_cast<std::size_t>(canvas->width) * 3 + 3) / 4 * 4;
     const Header header = make_header(*canvas, static_cast<std::uint32_t>(stride), 24, 0);
     return save(*canvas, path, header, stride, store_bgr);
 }
 
 int orvel_canvas_save_bmp_rgba(const orvel_canvas* canvas, const char* path) {
     if (!canvas || !path) return -1;
-    const std::size_t stride = std::size_t(canvas->width) * 4;
+    const std::size_t stride = static_cast<std::size_t>(canvas->width) * 4;
     // Deliberate: 255 is no standard compression code, and it stays: these bytes are the format.
     const Header header = make_header(*canvas, static_cast<std::uint32_t>(stride), 32, 255);
     return save(*canvas, path, header, stride, store_bgra);

@@ -1,13 +1,21 @@
 #include "canvas/canvas.h"
 
+#include <algorithm>
+#include <limits>
 #include <new>
+
+using namespace orvel;
 
 orvel_canvas* orvel_canvas_create(int width, int height) {
     if (width < 1 || height < 1) return nullptr;
     std::unique_ptr<orvel_canvas> canvas(new (std::nothrow) orvel_canvas{width, height, nullptr});
     if (!canvas) return nullptr;
-    const std::uint64_t count = std::uint64_t(width) * std::uint64_t(height);
-    canvas->pixels.reset(new orvel_color[count]);  // may throw; the record is then released
+    // What a 32-bit size cannot hold must not be cut to it: the most that it holds is refused too.
+    const std::uint64_t count = std::min<std::uint64_t>(
+        static_cast<std::uint64_t>(width) * static_cast<std::uint64_t>(height),
+        std::numeric_limits<std::size_t>::max());
+    // May throw; the record is then released.
+    canvas->pixels.reset(new orvel_color[static_cast<std::size_t>(count)]);
     orvel_canvas_clear(canvas.get(), {0, 0, 0, 255});
     return canvas.release();
 }
@@ -20,15 +28,16 @@ int orvel_canvas_height(const orvel_canvas* canvas) { return canvas ? canvas->he
 
 void orvel_canvas_clear(orvel_canvas* canvas, orvel_color color) {
     if (!canvas) return;
-    orvel::fill_run(canvas->pixels.get(), std::int64_t(canvas->width) * canvas->height, color);
+    fill_run(canvas->pixels.get(), static_cast<std::int64_t>(canvas->width) * canvas->height,
+             color);
 }
 
 void orvel_canvas_pixel(orvel_canvas* canvas, int x, int y, orvel_color color) {
-    if (!canvas || !orvel::inside(*canvas, x, y)) return;
-    *orvel::pixel_at(*canvas, x, y) = color;
+    if (!canvas || !inside(*canvas, x, y)) return;
+    *pixel_at(*canvas, x, y) = color;
 }
 
 orvel_color orvel_canvas_pixel_get(const orvel_canvas* canvas, int x, int y) {
-    if (!canvas || !orvel::inside(*canvas, x, y)) return {};
-    return *orvel::pixel_at(*canvas, x, y);
+    if (!canvas || !inside(*canvas, x, y)) return {};
+    return *pixel_at(*canvas, x, y);
 }

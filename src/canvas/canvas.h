@@ -1,4 +1,4 @@
-// The canvas record and the only ways into its pixels.
+// The canvas record, and how drawing reaches its pixels.
 #pragma once
 
 #include <cstddef>
@@ -7,6 +7,7 @@
 #include <cwchar>
 #include <memory>
 
+#include "core/span.h"
 #include "orvel.h"
 
 struct orvel_canvas {
@@ -34,7 +35,7 @@ inline std::uint32_t word_of(orvel_color color) {
 
 /// Stores @p word in @p count pixels from @p first on, with the widest stores that the processor
 /// has: wmemset picks them at run time. It pays for its call from some 24 pixels on, and for runs
-/// of ever other lengths, since it needs no loop whose end the processor would have to foresee.
+/// of ever other lengths, since it avoids the branch misprediction at the end of a loop.
 inline void fill_any_run(orvel_color* first, std::int64_t count, std::uint32_t word) {
     static_assert(sizeof(wchar_t) == sizeof word && sizeof(orvel_color) == sizeof word);
     std::wmemset(reinterpret_cast<wchar_t*>(first), static_cast<wchar_t>(word),
@@ -62,12 +63,10 @@ inline void fill_run(orvel_color* first, std::int64_t count, orvel_color color) 
     }
 }
 
-/// Fills the columns [@p from, @p to) of the row @p y, which must be inside, as far as they are.
-inline void fill_span(const orvel_canvas& canvas, std::int64_t from, std::int64_t to,
-                      std::int64_t y, orvel_color color) {
-    if (from < 0) from = 0;
-    if (to > canvas.width) to = canvas.width;
-    if (from < to) fill_run(pixel_at(canvas, from, y), to - from, color);
+/// Fills @p columns of the row @p y, which must be inside, as far as they are.
+inline void fill_span(const orvel_canvas& canvas, Span columns, std::int64_t y, orvel_color color) {
+    columns = visible(columns, canvas.width);
+    if (!columns.empty()) fill_run(pixel_at(canvas, columns.first, y), columns.count(), color);
 }
 
 }  // namespace orvel

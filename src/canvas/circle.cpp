@@ -13,6 +13,7 @@
 
 #include "canvas/canvas.h"
 
+namespace orvel {
 namespace {
 
 using std::int64_t;
@@ -53,17 +54,10 @@ struct ArcPoint {
     }
 };
 
-/// Offsets from the centre, both ends included.
-struct Range {
-    int64_t low, high;
-    bool empty() const { return low > high; }
-};
-
 /// The offsets >= 0 at which centre + sign * offset lies in [0, @p size).
-Range visible(int64_t centre, int sign, int64_t size) {
-    const int64_t low = sign > 0 ? -centre : centre - (size - 1);
-    const int64_t high = sign > 0 ? size - 1 - centre : centre;
-    return {std::max<int64_t>(low, 0), high};
+Span offsets(int64_t centre, int sign, int64_t size) {
+    const Span all = sign > 0 ? Span{-centre, size - centre} : Span{centre - size + 1, centre + 1};
+    return visible(all, all.end);
 }
 
 /// A point of the arc of radius @p r at or before the first one with x >= @p least_x and
@@ -83,7 +77,7 @@ ArcPoint start_of(int64_t r, int64_t least_x, int64_t most_y) {
 
 void draw_whole(const orvel_canvas& canvas, int64_t cx, int64_t cy, int64_t r, orvel_color color) {
     const int64_t stride = canvas.width;
-    orvel_color* const centre = orvel::pixel_at(canvas, cx, cy);
+    orvel_color* const centre = pixel_at(canvas, cx, cy);
     for (ArcPoint at = {0, r, 3 - 2 * r}; at.on_arc(); at.next()) {
         const int64_t x_rows = at.x * stride;
         const int64_t y_rows = at.y * stride;
@@ -100,17 +94,20 @@ void draw_whole(const orvel_canvas& canvas, int64_t cx, int64_t cy, int64_t r, o
 
 /// Draws the part of one arc for which both offsets are visible. @p x_step and @p y_step lead from
 /// one offset to the next, in pixels of memory.
-void draw_arc(orvel_color* pixels, int64_t centre, int64_t r, Range xs, Range ys, int64_t x_step,
+void draw_arc(orvel_color* pixels, int64_t centre, int64_t r, Span xs, Span ys, int64_t x_step,
               int64_t y_step, orvel_color color) {
-    if (xs.empty() || ys.empty() || xs.low > r || ys.low > r) return;
-    ArcPoint at = start_of(r, xs.low, ys.high);
-    while (at.on_arc() && (at.x < xs.low || at.y > ys.high)) at.next();
-    for (; at.on_arc() && at.x <= xs.high && at.y >= ys.low; at.next()) {
+    if (xs.empty() || ys.empty() || xs.first > r || ys.first > r) return;
+    ArcPoint at = start_of(r, xs.first, ys.end - 1);
+    while (at.on_arc() && (at.x < xs.first || at.y >= ys.end)) at.next();
+    for (; at.on_arc() && at.x < xs.end && at.y >= ys.first; at.next()) {
         pixels[centre + at.x * x_step + at.y * y_step] = color;
     }
 }
 
 }  // namespace
+}  // namespace orvel
+
+using namespace orvel;
 
 void orvel_canvas_circle(orvel_canvas* canvas, int cx, int cy, int r, orvel_color color) {
     if (!canvas || r < 0) return;
@@ -124,9 +121,9 @@ void orvel_canvas_circle(orvel_canvas* canvas, int cx, int cy, int r, orvel_colo
     orvel_color* const pixels = canvas->pixels.get();
     const int64_t centre = cy * width + cx;
     for (const int across : {1, -1}) {
-        const Range columns = visible(cx, across, width);
+        const Span columns = offsets(cx, across, width);
         for (const int down : {1, -1}) {
-            const Range rows = visible(cy, down, height);
+            const Span rows = offsets(cy, down, height);
             const int64_t row_step = down * width;
             draw_arc(pixels, centre, radius, columns, rows, across, row_step, color);
             draw_arc(pixels, centre, radius, rows, columns, row_step, across, color);

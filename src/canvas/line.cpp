@@ -12,6 +12,7 @@
 
 #include "canvas/canvas.h"
 
+namespace orvel {
 namespace {
 
 using std::int64_t;
@@ -33,37 +34,31 @@ struct Axis {
     }
 };
 
-/// Numbers of steps, both ends included; empty when first > last.
-struct Steps {
-    uint64_t first, last;
-    bool empty() const { return first > last; }
-};
-
 /// The numbers of steps along @p axis at which it is inside the canvas, which it is at some.
-Steps visible(const Axis& axis) {
+Span visible_steps(const Axis& axis) {
     const bool forward = axis.forward();
-    const int64_t near = forward ? -axis.start : axis.start - (axis.size - 1);
-    const int64_t far = forward ? axis.size - 1 - axis.start : axis.start;
-    return {static_cast<uint64_t>(std::max<int64_t>(near, 0)),
-            std::min(static_cast<uint64_t>(far), axis.extent())};
+    const Span inside = forward ? Span{-axis.start, axis.size - axis.start}
+                                : Span{axis.start - axis.size + 1, axis.start + 1};
+    return visible(inside, static_cast<int64_t>(axis.extent()) + 1);
 }
 
 /// What is added before the steps along the shorter axis are rounded down; the longer one is not 0.
 uint64_t half_of(uint64_t M) { return (M - 1) / 2; }
 
 /// The numbers of steps at which a line whose bounds meet the canvas is inside it.
-Steps visible(const Axis& major, const Axis& minor) {
-    Steps steps = visible(major);
-    const Steps sideways = visible(minor);
+Span visible_steps(const Axis& major, const Axis& minor) {
+    Span steps = visible_steps(major);
+    const Span sideways = visible_steps(minor);
     const uint64_t M = major.extent();
     const uint64_t m = minor.extent();
     const uint64_t half = half_of(M);
-    if (sideways.first > 0) {
-        const uint64_t needed = sideways.first * M - half;
-        steps.first = std::max(steps.first, (needed + m - 1) / m);
+    const auto first = static_cast<uint64_t>(sideways.first);
+    const auto end = static_cast<uint64_t>(sideways.end);
+    if (first > 0) {
+        steps.first = std::max(steps.first, static_cast<int64_t>((first * M - half + m - 1) / m));
     }
-    if (sideways.last < m) {
-        steps.last = std::min(steps.last, ((sideways.last + 1) * M - half - 1) / m);
+    if (end <= m) {
+        steps.end = std::min(steps.end, static_cast<int64_t>((end * M - half - 1) / m) + 1);
     }
     return steps;
 }
@@ -77,14 +72,16 @@ struct Part {
 
 /// What is inside of a line of which not all is; no pixel of it may be.
 Part clipped(const orvel_canvas& canvas, const Axis& major, const Axis& minor) {
-    const Steps steps = visible(major, minor);
+    const Span steps = visible_steps(major, minor);
     if (steps.empty()) return {nullptr, 0, 0};
+    const auto first = static_cast<uint64_t>(steps.first);
     const uint64_t M = major.extent();
     const uint64_t m = minor.extent();
     const uint64_t half = half_of(M);
-    const uint64_t aside = steps.first ? (steps.first * m + half) / M : 0;
-    return {canvas.pixels.get() + major.offset(steps.first) + minor.offset(aside),
-            steps.last - steps.first, static_cast<int64_t>(steps.first * m + half - aside * M - M)};
+    const uint64_t aside = first ? (first * m + half) / M : 0;
+    return {canvas.pixels.get() + major.offset(first) + minor.offset(aside),
+            static_cast<uint64_t>(steps.count() - 1),
+            static_cast<int64_t>(first * m + half - aside * M - M)};
 }
 
 void store(orvel_color* pixel, uint32_t word) { std::memcpy(pixel, &word, sizeof word); }
@@ -96,8 +93,7 @@ void draw_straight(const Part& part, int64_t stride, uint32_t word) {
     for (uint64_t to_go = part.steps; to_go > 0; --to_go) store(pixel += stride, word);
 }
 
-/// Draws lines with two strides. The choice between them is made without a branch, which the
-/// processor could not foresee.
+/// Draws lines with two strides. The choice between them avoids a branch misprediction per pixel.
 void draw_slanted(const Part& part, int64_t M, int64_t m, int64_t ahead, int64_t ahead_and_aside,
                   uint32_t word) {
     orvel_color* pixel = part.first;
@@ -117,15 +113,15 @@ void draw(const orvel_canvas& canvas, int x0, int y0, int x1, int y1, uint32_t w
     const auto [left, right] = std::minmax(x0, x1);
     const auto [top, bottom] = std::minmax(y0, y1);
     if (right < 0 || bottom < 0 || left >= canvas.width || top >= canvas.height) return;
-    const int64_t width = int64_t(right) - left;
-    const int64_t height = int64_t(bottom) - top;
+    const int64_t width = static_cast<int64_t>(right) - left;
+    const int64_t height = static_cast<int64_t>(bottom) - top;
     const bool is_steep = height > width;
     const int64_t M = is_steep ? height : width;
     const int64_t m = is_steep ? width : height;
     Part part;
     if (left >= 0 && top >= 0 && right < canvas.width && bottom < canvas.height) {
         const auto extent = static_cast<uint64_t>(M);
-        part = {orvel::pixel_at(canvas, x0, y0), extent, int64_t(half_of(extent)) - M};
+        part = {pixel_at(canvas, x0, y0), extent, static_cast<int64_t>(half_of(extent)) - M};
     } else {
         const Axis across = {x0, x1, canvas.width, 1};
         const Axis down = {y0, y1, canvas.height, canvas.width};
@@ -133,7 +129,7 @@ void draw(const orvel_canvas& canvas, int x0, int y0, int x1, int y1, uint32_t w
         if (!part.first) return;
     }
     const int64_t column = x1 > x0 ? 1 : -1;
-    const int64_t row = y1 > y0 ? canvas.width : -int64_t(canvas.width);
+    const int64_t row = y1 > y0 ? canvas.width : -static_cast<int64_t>(canvas.width);
     if (m == 0 || m == M) {
         draw_straight(part, m == 0 ? row : row + column, word);
     } else {
@@ -142,10 +138,14 @@ void draw(const orvel_canvas& canvas, int x0, int y0, int x1, int y1, uint32_t w
 }
 
 }  // namespace
+}  // namespace orvel
+
+using namespace orvel;
 
 void orvel_canvas_line(orvel_canvas* canvas, int x0, int y0, int x1, int y1, orvel_color color) {
     if (!canvas) return;
-    if (y0 != y1) return draw(*canvas, x0, y0, x1, y1, orvel::word_of(color));
+    if (y0 != y1) return draw(*canvas, x0, y0, x1, y1, word_of(color));
     if (y0 < 0 || y0 >= canvas->height) return;
-    orvel::fill_span(*canvas, std::min(x0, x1), int64_t(std::max(x0, x1)) + 1, y0, color);
+    const auto [left, right] = std::minmax(x0, x1);
+    fill_span(*canvas, {left, static_cast<int64_t>(right) + 1}, y0, color);
 }

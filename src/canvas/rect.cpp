@@ -1,6 +1,6 @@
-#include <algorithm>
-
 #include "canvas/canvas.h"
+
+using namespace orvel;
 
 // The far edges wrap as the 32-bit sums they are.
 
@@ -16,13 +16,11 @@ void orvel_canvas_rect(orvel_canvas* canvas, int x, int y, int w, int h, orvel_c
 
 void orvel_canvas_fill_rect(orvel_canvas* canvas, int x, int y, int w, int h, orvel_color color) {
     if (!canvas || w < 1 || h < 1) return;
-    const int left = std::max(x, 0);
-    const int top = std::max(y, 0);
-    const int right = std::min(x + w, canvas->width);
-    const int bottom = std::min(y + h, canvas->height);
-    if (left >= right || top >= bottom) return;
-    orvel_color* pixels = orvel::pixel_at(*canvas, left, top);
-    for (int row = top; row < bottom; ++row, pixels += canvas->width) {
-        orvel::fill_run(pixels, right - left, color);
+    const Span columns = visible({x, x + w}, canvas->width);
+    const Span rows = visible({y, y + h}, canvas->height);
+    if (columns.empty() || rows.empty()) return;
+    orvel_color* pixels = pixel_at(*canvas, columns.first, rows.first);
+    for (std::int64_t row = rows.first; row < rows.end; ++row, pixels += canvas->width) {
+        fill_run(pixels, columns.count(), color);
     }
 }

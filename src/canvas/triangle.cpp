@@ -11,6 +11,7 @@
 
 #include "canvas/canvas.h"
 
+namespace orvel {
 namespace {
 
 /// Up to this distance from zero every edge function fits 32 bits at every pixel of a canvas.
@@ -126,12 +127,12 @@ bool is_exact(const orvel_canvas& canvas, std::initializer_list<Point> points) {
 
 void fill(const orvel_canvas& canvas, Columns columns, int row, orvel_color color) {
     if (columns.first > columns.last) return;
-    orvel::fill_run(orvel::pixel_at(canvas, columns.first, row), columns.last - columns.first + 1,
-                    color);
+    fill_run(pixel_at(canvas, columns.first, row), columns.last - columns.first + 1, color);
 }
 
 Bounds bounds_of(const Edge (&edges)[3]) {
-    const std::int64_t area = std::int64_t(edges[0].value) + edges[1].value + edges[2].value;
+    const std::int64_t area =
+        static_cast<std::int64_t>(edges[0].value) + edges[1].value + edges[2].value;
     Bounds bounds;
     for (const Edge& edge : edges) {
         if (area >= 0) bounds.add(edge);
@@ -141,6 +142,9 @@ Bounds bounds_of(const Edge (&edges)[3]) {
 }
 
 }  // namespace
+}  // namespace orvel
+
+using namespace orvel;
 
 void orvel_canvas_fill_triangle(orvel_canvas* canvas, int x0, int y0, int x1, int y1, int x2,
                                 int y2, orvel_color color) {

@@ -31,10 +31,12 @@ GlobalState& state() {
 
 }  // namespace orvel
 
+using namespace orvel;
+
 int orvel_init() {
-    orvel::GlobalState& state = orvel::state();
-    if (state.initialized) return 0;
-    state.initialized = true;
+    GlobalState& process = state();
+    if (process.initialized) return 0;
+    process.initialized = true;
     std::fprintf(stderr, "[OrvelSDK] inizializzato (v%s)\n", orvel_version());
     return 0;
 }
@@ -42,14 +44,14 @@ int orvel_init() {
 const char* orvel_version() { return ORVEL_VERSION; }
 
 void orvel_shutdown() {
-    orvel::GlobalState& state = orvel::state();
-    if (state.initialized) std::fputs("[OrvelSDK] chiuso\n", stderr);
-    state.initialized = false;
+    GlobalState& process = state();
+    if (process.initialized) std::fputs("[OrvelSDK] chiuso\n", stderr);
+    process.initialized = false;
 }
 
 int orvel_set_resource_path(const char* path) {
     if (!path) return -1;
     std::string copy(path);  // may throw; the old root is then still in force
-    orvel::state().custom_resource_path = std::move(copy);
+    state().custom_resource_path = std::move(copy);
     return 0;
 }

@@ -2,8 +2,6 @@
 //
 // The file may hold anything. All sizes are bounded before a byte is read for them: rows by the
 // canvas and by what the file has of them, columns by the canvas and by the row.
-#include <sys/types.h>
-
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
@@ -44,39 +42,21 @@ struct Header {
     int32_t stride() const { return (width * pixel_bytes() + 3) & ~3; }
 
     /// The number of stored rows, up to 2^31.
-    int64_t rows() const { return std::abs(int64_t{height}); }
+    int64_t rows() const { return std::abs(static_cast<int64_t>(height)); }
 
     bool top_first() const { return height < 0; }
     int64_t image_row(int64_t stored) const { return top_first() ? stored : rows() - 1 - stored; }
 };
-
-/// Numbers from first on, last excluded.
-struct Range {
-    int64_t first, last;
-
-    bool empty() const { return first >= last; }
-    int64_t count() const { return last - first; }
-};
-
-/// Which of @p count positions from @p start on lie in [0, @p size).
-Range visible(int64_t start, int64_t count, int64_t size) {
-    return {std::max<int64_t>(0, -start), std::min(count, size - start)};
-}
 
 /// Deliberate: a row of so many bytes cannot be had, and the container says so to the host.
 void raise_length_error(int32_t stride) {
     std::vector<unsigned char> row(static_cast<std::size_t>(stride));
 }
 
-/// 0 for what has no size, such as a FIFO.
-int64_t size_of(std::FILE* file) {
-    return fseeko(file, 0, SEEK_END) == 0 ? static_cast<int64_t>(ftello(file)) : 0;
-}
-
-bool read_at(std::FILE* file, int64_t position, unsigned char* bytes, int64_t count) {
-    const auto wanted = static_cast<std::size_t>(count);
-    return fseeko(file, static_cast<off_t>(position), SEEK_SET) == 0 &&
-           std::fread(bytes, 1, wanted, file) == wanted;
+/// Reads up to @p count bytes from @p position on, and returns how many came.
+int64_t read_at(std::FILE* file, int64_t position, unsigned char* bytes, int64_t count) {
+    if (!move_to(file, position)) return 0;
+    return static_cast<int64_t>(std::fread(bytes, 1, static_cast<std::size_t>(count), file));
 }
 
 /// Blue, green, red; opaque.
@@ -92,67 +72,71 @@ void draw_row_32(const unsigned char* from, orvel_color* to, int64_t count) {
 }
 
 /// What is drawn of a bitmap: columns, and rows in the order in which they are stored.
-struct Part {
-    Range columns, stored;
+struct Drawn {
+    Span columns, stored;
 };
 
 /// The part that the canvas shows and the file holds whole rows of. Behind the first row that is
 /// not whole there is no other that is.
-Part drawn_part(const orvel_canvas& canvas, const Header& header, int64_t file_bytes, int x,
-                int y) {
+Drawn drawn_of(const orvel_canvas& canvas, const Header& header, int64_t file_bytes, int x, int y) {
     const int64_t stride = header.stride();
     const int64_t rows = header.rows();
     // A row has fewer columns than the width where the stride wrapped.
     const int64_t row_columns = std::min<int64_t>(header.width, stride / header.pixel_bytes());
-    const Range seen = visible(y, rows, canvas.height);
-    Range stored = seen;
-    if (!header.top_first()) stored = {rows - seen.last, rows - seen.first};
-    stored.last = std::min(stored.last, (file_bytes - header.data) / stride);
-    return {visible(x, row_columns, canvas.width), stored};
+    const Span columns = visible({x, x + row_columns}, canvas.width);
+    const Span seen = visible({y, y + rows}, canvas.height);
+    Span stored = {seen.first - y, seen.end - y};
+    if (!header.top_first()) stored = {rows - stored.end, rows - stored.first};
+    stored.end = std::min(stored.end, (file_bytes - header.data) / stride);
+    return {{columns.first - x, columns.end - x}, stored};
 }
 
 /// Draws the bitmap, reading as many rows at once as fit a block.
 void draw_rows(const orvel_canvas& canvas, std::FILE* file, const Header& header, int x, int y) {
     const int64_t stride = header.stride();
     if (header.width < 1 || stride == 0 || header.data < 0) return;
-    const auto [columns, stored] = drawn_part(canvas, header, size_of(file), x, y);
+    const auto [columns, stored] = drawn_of(canvas, header, size_of(file), x, y);
     if (columns.empty() || stored.empty()) return;
 
+    const int64_t left_bytes = columns.first * header.pixel_bytes();    // of a row, not read
     const int64_t last_bytes = columns.count() * header.pixel_bytes();  // of a block's last row
     const int64_t rows_a_block =
         std::min(stored.count(), std::max<int64_t>(1, kBlockBytes / stride));
     std::vector<unsigned char> block(
         static_cast<std::size_t>((rows_a_block - 1) * stride + last_bytes));
-    for (int64_t first = stored.first; first < stored.last; first += rows_a_block) {
-        const int64_t rows = std::min(rows_a_block, stored.last - first);
-        const int64_t position =
-            header.data + first * stride + columns.first * header.pixel_bytes();
-        if (!read_at(file, position, block.data(), (rows - 1) * stride + last_bytes)) return;
-        for (int64_t i = 0; i < rows; ++i) {
+    for (int64_t first = stored.first; first < stored.end; first += rows_a_block) {
+        const int64_t rows = std::min(rows_a_block, stored.end - first);
+        const int64_t wanted = (rows - 1) * stride + last_bytes;
+        const int64_t came =
+            read_at(file, header.data + first * stride + left_bytes, block.data(), wanted);
+        const int64_t whole_rows = came == wanted ? rows : (left_bytes + came) / stride;
+        for (int64_t i = 0; i < whole_rows; ++i) {
             const unsigned char* const from = block.data() + i * stride;
             orvel_color* const to =
                 pixel_at(canvas, x + columns.first, y + header.image_row(first + i));
             if (header.bits == 24) draw_row_24(from, to, columns.count());
             if (header.bits == 32) draw_row_32(from, to, columns.count());
         }
+        if (whole_rows < rows) return;
     }
 }
 
 }  // namespace
 }  // namespace orvel
 
+using namespace orvel;
+
 int orvel_icon_draw_bitmap(orvel_canvas* canvas, const char* name, int x, int y) {
     if (!canvas || !name) return -1;
-    const orvel::File file =
-        orvel::open_for_reading(orvel::resolve_resource("Icons", name).c_str());
+    const File file = open_for_reading(resolve_resource("Icons", name).c_str());
     if (!file) return -1;
     std::setvbuf(file.get(), nullptr, _IONBF, 0);  // each read is a block of its own
-    unsigned char bytes[orvel::Header::kBytes];
+    unsigned char bytes[Header::kBytes];
     if (std::fread(bytes, 1, sizeof bytes, file.get()) != sizeof bytes) return -1;
     if (bytes[0] != 'B' || bytes[1] != 'M') return -1;
-    const orvel::Header header(bytes);
+    const Header header(bytes);
     if (header.bits != 24 && header.bits != 32) return -1;
-    if (header.stride() < 0) orvel::raise_length_error(header.stride());
-    orvel::draw_rows(*canvas, file.get(), header, x, y);
+    if (header.stride() < 0) raise_length_error(header.stride());
+    draw_rows(*canvas, file.get(), header, x, y);
     return 0;
 }

@@ -73,18 +73,20 @@ Icon icon_in(orvel_canvas* canvas, int x, int y, int size, orvel_color color, or
     const auto left = static_cast<unsigned>(x), top = static_cast<unsigned>(y);
     const auto s = static_cast<unsigned>(size);
     const unsigned h = s / 2;
-    return {{canvas}, left, top, s, h, left + h, top + h, color, accent, background};
+    return {canvas, left, top, s, h, left + h, top + h, color, accent, background};
 }
 
 }  // namespace
 }  // namespace orvel
 
+using namespace orvel;
+
 const char** orvel_icon_list(int* count) {
-    if (count) *count = static_cast<int>(orvel::kCount);
-    return const_cast<const char**>(orvel::kBuiltinIcons.data());  // the interface's type
+    if (count) *count = static_cast<int>(kCount);
+    return const_cast<const char**>(kBuiltinIcons.data());  // the interface's type
 }
 
-int orvel_icon_exists(const char* name) { return name && orvel::find(name) ? 1 : 0; }
+int orvel_icon_exists(const char* name) { return name && find(name) ? 1 : 0; }
 
 int orvel_draw_icon(orvel_canvas* canvas, const char* name, int x, int y, int size,
                     orvel_color color) {
@@ -97,8 +99,8 @@ int orvel_draw_icon(orvel_canvas* canvas, const char* name, int x, int y, int si
 int orvel_draw_icon_ex(orvel_canvas* canvas, const char* name, int x, int y, int size,
                        orvel_color color, orvel_color accent, orvel_color background) {
     if (!canvas || !name || size < 1) return -1;
-    const orvel::Icon icon = orvel::icon_in(canvas, x, y, size, color, accent, background);
-    const orvel::Design* design = orvel::find(name);
+    const Icon icon = icon_in(canvas, x, y, size, color, accent, background);
+    const Design* design = find(name);
     if (!design) {
         icon.frame(icon.x, icon.y, icon.s, icon.s, icon.c);
         return -1;

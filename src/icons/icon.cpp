@@ -12,32 +12,33 @@ constexpr int as_int(unsigned number) { return static_cast<int>(number); }
 }  // namespace
 
 void Icon::fill(unsigned left, unsigned top, unsigned w, unsigned ht, orvel_color k) const {
-    pen.fill(as_int(left), as_int(top), as_int(w), as_int(ht), k);
+    orvel_canvas_fill_rect(canvas, as_int(left), as_int(top), as_int(w), as_int(ht), k);
 }
 
 void Icon::frame(unsigned left, unsigned top, unsigned w, unsigned ht, orvel_color k) const {
-    pen.frame(as_int(left), as_int(top), as_int(w), as_int(ht), k);
+    orvel_canvas_rect(canvas, as_int(left), as_int(top), as_int(w), as_int(ht), k);
 }
 
 void Icon::line(unsigned x0, unsigned y0, unsigned x1, unsigned y1, orvel_color k) const {
-    pen.line(as_int(x0), as_int(y0), as_int(x1), as_int(y1), k);
+    orvel_canvas_line(canvas, as_int(x0), as_int(y0), as_int(x1), as_int(y1), k);
 }
 
 void Icon::circle(unsigned px, unsigned py, unsigned r, orvel_color k) const {
-    pen.circle(as_int(px), as_int(py), as_int(r), k);
+    orvel_canvas_circle(canvas, as_int(px), as_int(py), as_int(r), k);
 }
 
 void Icon::disc(unsigned px, unsigned py, unsigned r, orvel_color k) const {
-    pen.disc(as_int(px), as_int(py), as_int(r), k);
+    orvel_canvas_fill_circle(canvas, as_int(px), as_int(py), as_int(r), k);
 }
 
 void Icon::tri(unsigned x0, unsigned y0, unsigned x1, unsigned y1, unsigned x2, unsigned y2,
                orvel_color k) const {
-    pen.tri(as_int(x0), as_int(y0), as_int(x1), as_int(y1), as_int(x2), as_int(y2), k);
+    orvel_canvas_fill_triangle(canvas, as_int(x0), as_int(y0), as_int(x1), as_int(y1), as_int(x2),
+                               as_int(y2), k);
 }
 
 void Icon::write(const char* text, unsigned left, unsigned top, orvel_color k) const {
-    pen.write(text, as_int(left), as_int(top), k);
+    orvel_text_draw(canvas, text, as_int(left), as_int(top), k);
 }
 
 void Icon::fill_rounded_rect(unsigned left, unsigned top, unsigned w, unsigned ht, unsigned r,

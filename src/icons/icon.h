@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/numbers.h"
-#include "text/pen.h"
+#include "orvel.h"
 
 namespace orvel {
 
@@ -12,7 +12,7 @@ namespace orvel {
 /// canvas is handed the same 32 bits as signed numbers. A product is formed before it is divided,
 /// and wraps first: 3 * s / 4 is not s - s / 4.
 struct Icon {
-    Pen pen;
+    orvel_canvas* canvas;
     unsigned x, y, s;    // top left corner and side
     unsigned h, cx, cy;  // half the side, rounded down; the centre
     orvel_color c;       // what the icon is drawn in

@@ -26,8 +26,9 @@ bool announce(const std::string& path, const char* found, const char* missing) {
 }  // namespace
 }  // namespace orvel
 
+using namespace orvel;
+
 int orvel_play_sound(const char* name) {
-    using namespace orvel;
     if (!name) return -1;
     const std::string path = resolve_resource("Sounds", name);
     if (!announce(path, "suono", "suono non trovato")) return -1;
@@ -35,7 +36,6 @@ int orvel_play_sound(const char* name) {
 }
 
 int orvel_play_music(const char* name) {
-    using namespace orvel;
     if (!name) return -1;
     stop_music();  // Deliberate: before the file is looked for, so that a missing one brings
                    // silence.
@@ -45,4 +45,4 @@ int orvel_play_music(const char* name) {
     return s_music_pid < 0 ? -1 : 0;
 }
 
-void orvel_stop_music() { orvel::stop_music(); }
+void orvel_stop_music() { stop_music(); }

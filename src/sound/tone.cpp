@@ -1,9 +1,5 @@
 #include "sound/tone.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -13,11 +9,10 @@
 #include "core/numbers.h"
 #include "orvel.h"
 #include "sound/player.h"
+#include "sound/tone_file.h"
 
 namespace orvel {
 namespace {
-
-constexpr const char* kTonePath = "/tmp/orvelsdk_tone.wav";
 
 constexpr int kHeaderSize = 44;
 constexpr unsigned char kFormat[] = {
@@ -55,30 +50,6 @@ void put_header(unsigned char* wav, std::uint32_t data_size) {
     put_u32(wav + 40, data_size);
 }
 
-/// Opens the tone file as "wb" would, or returns -1. Everybody can put something at that path, so
-/// links are not followed, FIFOs not waited for, and nothing is emptied before it has proved to be
-/// an ordinary file of this user's that has no second name.
-int open_tone_file() {
-    const int file =
-        open(kTonePath, O_WRONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0666);
-    if (file < 0) return -1;
-    struct stat info = {};
-    if (fstat(file, &info) == 0 && S_ISREG(info.st_mode) && info.st_nlink == 1 &&
-        info.st_uid == geteuid() && ftruncate(file, 0) == 0) {
-        return file;
-    }
-    close(file);
-    return -1;
-}
-
-void write_tone_file(const std::vector<unsigned char>& wav) {
-    const int file = open_tone_file();
-    // Deliberate: without the file the player still starts, on whatever lies at the path.
-    if (file < 0) return;
-    [[maybe_unused]] const ssize_t written = write(file, wav.data(), wav.size());
-    close(file);
-}
-
 }  // namespace
 
 std::vector<unsigned char> tone_wav(double frequency_hz, int duration_ms) {
@@ -101,8 +72,9 @@ std::vector<unsigned char> tone_wav(double frequency_hz, int duration_ms) {
 
 }  // namespace orvel
 
+using namespace orvel;
+
 int orvel_play_tone(double frequency_hz, int duration_ms) {
-    using namespace orvel;
     if (frequency_hz <= 0.0 || duration_ms < 1) return -1;
     write_tone_file(tone_wav(frequency_hz, duration_ms));
     std::fprintf(stderr, "[OrvelSDK] tone: %.0f Hz x %d ms\n", frequency_hz, duration_ms);

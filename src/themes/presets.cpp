@@ -1,10 +1,11 @@
 #include "themes/hex.h"
 
+using namespace orvel;
+
 // Deliberate: in both themes the hovered button has the colour of the borders, and the text of
 // buttons that of all other text.
 
 void orvel_theme_default(orvel_theme* theme) {
-    using orvel::color_from_hex;
     if (!theme) return;
     theme->background = color_from_hex("#1e1e2e");
     theme->surface = color_from_hex("#28283a");
@@ -18,7 +19,6 @@ void orvel_theme_default(orvel_theme* theme) {
 }
 
 void orvel_theme_light(orvel_theme* theme) {
-    using orvel::color_from_hex;
     if (!theme) return;
     theme->background = color_from_hex("#eff1f5");
     theme->surface = color_from_hex("#e6e9ef");

@@ -82,33 +82,33 @@ struct HexText {
 }  // namespace
 }  // namespace orvel
 
+using namespace orvel;
+
 int orvel_theme_load(orvel_theme* theme, const char* name) {
     if (!theme || !name) return -1;
-    orvel::File file = orvel::open_for_reading(orvel::resolve_resource("UI", name).c_str());
+    File file = open_for_reading(resolve_resource("UI", name).c_str());
     if (!file) return -1;
-    const std::string text = orvel::read_all(file.get());
+    const std::string text = read_all(file.get());
     file.reset();
 
     orvel_theme loaded = *theme;  // memory may run out at a value; the host's record is then whole
-    const auto ends = orvel::find_keys(text);
-    for (std::size_t i = 0; i < orvel::kKeyCount; ++i) {
-        if (ends[i] == orvel::kNone) continue;
-        const std::string value = orvel::value_after(text, ends[i] + 1);
+    const auto ends = find_keys(text);
+    for (std::size_t i = 0; i < kKeyCount; ++i) {
+        if (ends[i] == kNone) continue;
+        const std::string value = value_after(text, ends[i] + 1);
         // Deliberate: an empty value keeps the colour, a short one makes it white.
         if (value.empty()) continue;
-        const orvel_color color = orvel::color_from_hex(value.c_str());
-        std::memcpy(reinterpret_cast<char*>(&loaded) + orvel::kThemeKeys[i].offset, &color,
-                    sizeof color);
+        const orvel_color color = color_from_hex(value.c_str());
+        std::memcpy(reinterpret_cast<char*>(&loaded) + kThemeKeys[i].offset, &color, sizeof color);
     }
     *theme = loaded;
     return 0;
 }
 
 int orvel_theme_save(const orvel_theme* theme, const char* name) {
-    using orvel::HexText;
     if (!theme || !name) return -1;
-    const std::string path = orvel::resolve_resource("UI", name);
-    const orvel::File file = orvel::open_for_writing(path.c_str());
+    const std::string path = resolve_resource("UI", name);
+    const File file = open_for_writing(path.c_str());
     if (!file) return -1;
     // Deliberate: neither the writes nor the close are checked, and alpha is not stored.
     std::fprintf(file.get(),

@@ -3,6 +3,7 @@
 #include <new>
 #include <type_traits>
 
+#include "text/font.h"
 #include "widgets/widget.h"
 
 namespace orvel {
@@ -48,9 +49,7 @@ int tw(const char* text) { return orvel_text_width(text); }
 }  // namespace
 }  // namespace orvel
 
-using orvel::build;
-using orvel::clamp_to_unit;
-using orvel::tw;
+using namespace orvel;
 
 orvel_widget* orvel_widget_window(orvel_canvas* canvas, const orvel_theme* theme, const char* title,
                                   int x, int y, int w, int h) {
@@ -65,7 +64,7 @@ orvel_widget* orvel_widget_panel(orvel_canvas* canvas, const orvel_theme* theme,
 orvel_widget* orvel_widget_label(orvel_canvas* canvas, const orvel_theme* theme, const char* text,
                                  int x, int y) {
     return build(canvas, theme,
-                 {.kind = ORVEL_WIDGET_LABEL, .text = text, .box = {x, y, tw(text), 7}});
+                 {.kind = ORVEL_WIDGET_LABEL, .text = text, .box = {x, y, tw(text), kGlyphHeight}});
 }
 
 orvel_widget* orvel_widget_button(orvel_canvas* canvas, const orvel_theme* theme, const char* text,

@@ -3,7 +3,7 @@
 namespace orvel {
 
 Painter::Painter(const orvel_widget& widget)
-    : Pen{widget.canvas},
+    : canvas(widget.canvas),
       T(*widget.theme),
       text(widget.text.c_str()),
       icon_name(widget.icon_name.c_str()),
@@ -17,8 +17,8 @@ Painter::Painter(const orvel_widget& widget)
       value(widget.value),
       data(widget.data) {}
 
-void Painter::paint(int kind) const {
-    switch (kind) {
+void Painter::paint(orvel_widget_kind kind) const {
+    switch (kind) {  // No default: the compiler names a kind without a recipe.
     case ORVEL_WIDGET_WINDOW: return window();
     case ORVEL_WIDGET_PANEL: return panel();
     case ORVEL_WIDGET_LABEL: return label();
@@ -47,13 +47,14 @@ void Painter::paint(int kind) const {
     case ORVEL_WIDGET_SEARCH: return search();
     case ORVEL_WIDGET_TOOLTIP: return tooltip();
     case ORVEL_WIDGET_STATUSBAR: return statusbar();
-    default: return;
     }
 }
 
 }  // namespace orvel
 
+using namespace orvel;
+
 void orvel_widget_draw(orvel_widget* widget) {
     if (!widget) return;
-    orvel::Painter(*widget).paint(widget->kind);
+    Painter(*widget).paint(static_cast<orvel_widget_kind>(widget->kind));
 }

@@ -99,7 +99,7 @@ void Painter::tabs() const {
     const int tab_w = w / n;
     for (int i = 0; i < n; ++i) {
         const int tx = x + i * tab_w;
-        const char* const part = parts[std::size_t(i)].c_str();
+        const char* const part = parts[static_cast<std::size_t>(i)].c_str();
         const bool selected = i == amount;
         if (selected) {
             fill(tx, y, tab_w, h, T.surface);
@@ -117,7 +117,7 @@ void Painter::menu() const {
     const int iw = w / n;
     for (int i = 0; i < n; ++i) {
         const int ix = x + i * iw;
-        const char* const part = parts[std::size_t(i)].c_str();
+        const char* const part = parts[static_cast<std::size_t>(i)].c_str();
         if (i == amount) {
             fill(ix, y, iw, h, T.button_hover);
             fill(ix, y + h - 2, iw, 2, T.accent);  // underline
@@ -146,7 +146,7 @@ void Painter::bars() const {
     const int bw = w / n;
     const int p = bw > 2 ? bw : 2;  // pitch; many values run past the right edge
     for (int i = 0; i < n; ++i) {
-        const double v = clamp_to_unit(data[std::size_t(i)]);
+        const double v = clamp_to_unit(data[static_cast<std::size_t>(i)]);
         const int bh = std::max(trunc(v * (h - 2)), 0);
         fill(x + i * p, y + h - 2 - bh, p - 1, bh, T.accent);
     }

@@ -1,5 +1,7 @@
 #include "widgets/widget.h"
 
+using namespace orvel;
+
 void orvel_widget_set_hover(orvel_widget* widget, int on) {
     if (!widget) return;
     widget->hover = on != 0;
@@ -12,7 +14,7 @@ void orvel_widget_set_active(orvel_widget* widget, int on) {
 
 void orvel_widget_set_value(orvel_widget* widget, double value) {
     if (!widget) return;
-    widget->value = orvel::clamp_to_unit(value);
+    widget->value = clamp_to_unit(value);
 }
 
 void orvel_widget_set_amount(orvel_widget* widget, int amount) {
