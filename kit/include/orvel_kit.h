@@ -1,0 +1,430 @@
+/**
+ * @file orvel_kit.h
+ * The kit: what hosts put around the library. Readable words, widgets with captions, charts, and
+ * pixels for files and panels. A library of its own, libOrvelKit, on orvel.h alone.
+ *
+ * House rules, for every function unless it says otherwise; those of orvel.h hold too:
+ *  - Nothing throws. Where memory runs out, the call returns null or -1.
+ *  - Null. A null object or record is tolerated: null, 0 or -1, and nothing is drawn. A null face
+ * is kit_sans_12(). A null text is an empty one.
+ *  - Status. 0 for success, -1 for every failure. Where a reason can be told, it goes as one line
+ *    without a newline into the caller's buffer (why, size), cut to it and zero-terminated; a null
+ *    or empty buffer gets none.
+ *  - Every zero is the default. A record filled with zeros is a valid one; records end in a
+ * reserved field, which stays zero. Strings and arrays in a record are borrowed for the call.
+ *  - Texts are UTF-8. Each maximal ill-formed part shows as one U+FFFD (Unicode 15, section 3.9);
+ *    control characters, and what is only a mark for layout, show not at all. Characters are placed
+ *    one after another from left to right: scripts that run right to left or join their letters are
+ *    not supported.
+ *  - Only integers are computed with, so the bytes are the same everywhere.
+ *  - No blending. Alpha is stored like the other three.
+ *  - Threads. No state: threads may share faces, and anything else that none of them changes.
+ */
+#ifndef ORVEL_KIT_H
+#define ORVEL_KIT_H
+
+#include <stddef.h>
+
+#include "orvel.h"
+
+/** The version of this header; kit_version() tells that of the library in use. */
+#define KIT_VERSION "0.1.0"
+
+/* Behind each field of a record: with it, no C++ compiler asks for what is left out. */
+#ifdef __cplusplus
+#define KIT_ZERO \
+    {}
+#else
+#define KIT_ZERO
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/** The version of the kit. A static string: never null, never freed. */
+ORVEL_API const char* kit_version(void);
+
+/** A rectangle: [x, x + w) x [y, y + h), in pixels. Empty when a side is below 1. */
+typedef struct kit_box {
+    int x; /**< left */
+    int y; /**< top */
+    int w; /**< width */
+    int h; /**< height */
+} kit_box;
+
+/* ---- Guarded forms ---- */
+/* What orvel.h may raise as a C++ exception is null or -1 here; else each is the call of the same
+   name there. */
+
+/** orvel_canvas_create(), null when the pixels do not fit into memory, too. */
+ORVEL_API orvel_canvas* kit_canvas(int width, int height);
+/** orvel_icon_draw_bitmap(), -1 for every file that it cannot draw. */
+ORVEL_API int kit_bitmap(orvel_canvas* canvas, const char* name, int x, int y);
+ORVEL_API int kit_theme_load(orvel_theme* theme, const char* name);            /**< guarded */
+ORVEL_API int kit_theme_save(const orvel_theme* theme, const char* name);      /**< guarded */
+ORVEL_API int kit_save_bmp(const orvel_canvas* canvas, const char* path);      /**< guarded */
+ORVEL_API int kit_save_bmp_rgba(const orvel_canvas* canvas, const char* path); /**< guarded */
+ORVEL_API int kit_resource_path(const char* path);                             /**< guarded */
+ORVEL_API int kit_play_sound(const char* name);                                /**< guarded */
+ORVEL_API int kit_play_music(const char* name);                                /**< guarded */
+ORVEL_API int kit_play_tone(double frequency_hz, int duration_ms);             /**< guarded */
+
+/* ---- Pixels ---- */
+
+/** The colour @p percent of the way from one to another, each of the four channels cut toward
+ *  @p from. A percent is clamped to [0, 100]. */
+ORVEL_API orvel_color kit_mix(orvel_color from, orvel_color to, int percent);
+
+/** The lightness of a colour, 0 to 255: (2126 r + 7152 g + 722 b + 5000) / 10000. */
+ORVEL_API int kit_grey(orvel_color color);
+
+/**
+ * Copies the box @p part of @p from (all of it, when null) to the place (x, y) of @p to, pixel by
+ * pixel, alpha included; what lies outside either canvas is left out. The two may be one canvas,
+ * and the boxes may overlap.
+ */
+ORVEL_API int kit_copy(orvel_canvas* to, int x, int y, const orvel_canvas* from,
+                       const kit_box* part);
+
+/** As kit_copy(), but a pixel with alpha 0 leaves what is there. */
+ORVEL_API int kit_stamp(orvel_canvas* to, int x, int y, const orvel_canvas* from,
+                        const kit_box* part);
+
+/**
+ * Draws a built-in icon as orvel_draw_icon() draws it at the top left of a canvas of its own, cut
+ * to its square. Two icons, "home" and "power", look different further down a canvas; this way they
+ * look the same everywhere. Cut-outs take the colour of the pixel of the square nearest to its top
+ * left corner that the canvas has.
+ *
+ * @return 0; -1 for null, an unknown name, a size below 1 or above 16384, and where memory runs
+ * out, which all draw nothing.
+ */
+ORVEL_API int kit_icon(orvel_canvas* canvas, const char* name, int x, int y, int size,
+                       orvel_color color);
+
+/**
+ * Begins drawing that is to stay inside @p box: cuts the box to the canvas and returns a canvas of
+ * just that size that shows what is there. Draw on it with the box's new x and y subtracted, then
+ * hand both to kit_clip_end(). No pixel outside the box changes.
+ *
+ * @return the caller's, for kit_clip_end() or orvel_canvas_destroy(); null when nothing of the box
+ *         is on the canvas or memory runs out, which leave the box as it was.
+ */
+ORVEL_API orvel_canvas* kit_clip_begin(const orvel_canvas* canvas, kit_box* box);
+
+/** Copies @p inside back to the place of @p box, and destroys it, also where the others are null.
+ *  -1 for null, and for the canvas itself in place of @p inside, which is kept. */
+ORVEL_API int kit_clip_end(orvel_canvas* canvas, const kit_box* box, orvel_canvas* inside);
+
+/** What a pixel becomes in the caller's memory. */
+typedef enum kit_layout {
+    KIT_RGBA = 0,      /**< four bytes, red first */
+    KIT_BGRA = 1,      /**< four bytes, blue first */
+    KIT_RGB565_LE = 2, /**< 16 bits, red highest, the low byte first */
+    KIT_RGB565_BE = 3, /**< 16 bits, red highest, the high byte first */
+    KIT_GREY8 = 4,     /**< one byte */
+    KIT_GREY4 = 5,     /**< 4 bits, the first pixel in the highest ones; white is 15 */
+    KIT_GREY2 = 6,     /**< 2 bits, the first pixel in the highest ones; white is 3 */
+    KIT_GREY1 = 7,     /**< 1 bit, the first pixel in the highest one; white is 1 */
+    KIT_INDEX8 = 8,    /**< one byte, the number of the palette's colour */
+    KIT_INDEX4 = 9,    /**< 4 bits, the number of the palette's colour */
+    KIT_PLANE = 10     /**< 1 bit, 0 where the pixel takes the palette's colour number plane */
+} kit_layout;
+
+/**
+ * How the colours that a layout lacks are made up for. Levels of grey and of the channels of 16
+ * bits lie evenly from black to white. Of a palette, the nearest colour is that with the least 2
+ * dr^2 + 4 dg^2 + 3 db^2.
+ */
+typedef enum kit_dither {
+    KIT_DITHER_NONE = 0,    /**< the nearest colour, the first of equals */
+    KIT_DITHER_ORDERED = 1, /**< an 8 x 8 matrix (Bayer, IEEE ICC 1973) that lies on the canvas, so
+                                 that boxes drawn at different times fit together. A palette's own
+                                 colours stay; others are moved by up to half of the largest gap
+                                 that the palette has in a channel */
+    KIT_DITHER_DIFFUSED = 2 /**< errors to neighbours (Floyd and Steinberg, Proc. SID 17(2), 1976),
+                                 from the box's top left along its rows, in sixteenths: 7, 3 and 5
+                                 of 16 parts cut toward zero, the rest to the lower right; what
+                                 a pixel then wants is clamped to black and white */
+} kit_dither;
+
+/** How pixels come out. */
+typedef struct kit_format {
+    int layout KIT_ZERO;                 /**< a kit_layout */
+    int dither KIT_ZERO;                 /**< a kit_dither; the layouts of four bytes need none */
+    int turns KIT_ZERO;                  /**< quarter turns clockwise, or back when negative */
+    int colors KIT_ZERO;                 /**< of the palette, 1 to 16 */
+    const orvel_color* palette KIT_ZERO; /**< the panel's colours as they look, without alpha */
+    int plane KIT_ZERO;                  /**< the colour that KIT_PLANE marks, counted from 0 */
+    int keep_alpha KIT_ZERO; /**< 0: the four-byte layouts get alpha 255; 1: what is stored */
+    const void* reserved[4] KIT_ZERO;
+} kit_format;
+
+/** The bytes that a row of @p width pixels takes, after any turn; 0 for what is no format, a width
+ *  below 1 and where size_t cannot tell. */
+ORVEL_API size_t kit_pixels_stride(const kit_format* format, int width);
+
+/**
+ * Writes the pixels of @p box (all of the canvas, when null) to @p to, turned, rows top first, each
+ * @p stride bytes after the one before (0: kit_pixels_stride()). The bits that fill up a row's last
+ * byte are 0; bytes between the rows are left alone. Nothing is written unless all of it fits.
+ *
+ * What is no format: a number that no kit_layout or kit_dither has; for the layouts that need them,
+ * no palette, a number of colours or a plane outside it. Other fields may hold anything.
+ *
+ * @return 0; -1 for null, a box that is empty or not wholly on the canvas, what is no format, a
+ * stride shorter than a row, a memory of @p size bytes too small for the rows (the last one ends
+ * where its pixels do), and where memory runs out.
+ */
+ORVEL_API int kit_pixels(const orvel_canvas* canvas, const kit_box* box, const kit_format* format,
+                         void* to, size_t size, size_t stride);
+
+/* ---- Faces ---- */
+
+/** Letters of one design in one size. */
+typedef struct kit_face kit_face;
+
+/* DejaVu (its notice comes with the kit), by the size in pixels. Each lives as long as the library;
+   closing one does nothing. 715 characters: Latin, Greek, Cyrillic, punctuation, currency, arrows
+   and signs; Mono lacks five of them, and the digits have 0 to 9 and the space, + - . , : %,
+   the degree sign and the minus of mathematics (U+2212). */
+ORVEL_API const kit_face* kit_sans_11(void);
+ORVEL_API const kit_face* kit_sans_12(void);
+ORVEL_API const kit_face* kit_sans_14(void);
+ORVEL_API const kit_face* kit_sans_18(void);
+ORVEL_API const kit_face* kit_sans_24(void);
+ORVEL_API const kit_face* kit_sans_40(void);
+ORVEL_API const kit_face* kit_bold_11(void);
+ORVEL_API const kit_face* kit_bold_12(void);
+ORVEL_API const kit_face* kit_bold_14(void);
+ORVEL_API const kit_face* kit_bold_18(void);
+ORVEL_API const kit_face* kit_bold_24(void);
+ORVEL_API const kit_face* kit_mono_12(void);
+ORVEL_API const kit_face* kit_digits_64(void);
+ORVEL_API const kit_face* kit_digits_96(void);
+
+/** The face of that name, "sans 12" or "digits 96"; null when there is none. A program that is
+ *  linked to the static kit and calls this carries all faces. */
+ORVEL_API const kit_face* kit_face_named(const char* name);
+
+/**
+ * Reads a bitmap font in the Glyph Bitmap Distribution Format (BDF 2.1, Adobe 1993; of 2.2, widths
+ * for the whole font). The file is not trusted: time and memory stay in proportion to its size, of
+ * which 16 MiB are the most, and a FIFO is not waited for.
+ *  - The codes are Unicode's, or those of a set that shares them (ISO8859-1, ASCII), or of symbols
+ *    that belong to no set (FontSpecific). Fonts in another set are refused.
+ *  - Of several letters with one code the first counts; one without a code is left out. Where there
+ *    is no U+FFFD, the letter of the property DEFAULT_CHAR stands for it.
+ *  - Sides, offsets and advances have at most 4096 pixels; no letter goes back to the left.
+ *
+ * @return the caller's, for kit_face_close(); null, and the reason as "PATH:LINE: what is wrong",
+ *         when it is refused.
+ */
+ORVEL_API kit_face* kit_face_open(const char* path, char* why, size_t size);
+
+/** As kit_face_open(), from @p length bytes of memory, which are not needed afterwards; reasons
+ * begin with "font" in place of a path. */
+ORVEL_API kit_face* kit_face_read(const void* bytes, size_t length, char* why, size_t size);
+
+/**
+ * A face that takes from @p second what @p first lacks; lines are as high as the higher one, and
+ * capitals count as high as those of @p first. Both are borrowed and must outlive it. At most 8
+ * faces come together so. Letters of two faces are not kerned with each other.
+ *
+ * @return the caller's, for kit_face_close(); null for null, too many, or when memory runs out.
+ */
+ORVEL_API kit_face* kit_face_fallback(const kit_face* first, const kit_face* second);
+
+/** Releases what kit_face_open(), _read() or _fallback() returned. */
+ORVEL_API void kit_face_close(kit_face* face);
+
+ORVEL_API int kit_face_ascent(const kit_face* face);  /**< rows above the baseline's */
+ORVEL_API int kit_face_descent(const kit_face* face); /**< the baseline's row and those below */
+ORVEL_API int kit_face_line(const kit_face* face);    /**< from one baseline to the next */
+ORVEL_API int kit_face_cap(const kit_face* face);     /**< the height of a capital letter */
+
+/** 1 when the face, or one behind it, has the character @p code, else 0. */
+ORVEL_API int kit_face_has(const kit_face* face, unsigned int code);
+
+/* ---- Words ---- */
+/*
+ * Not shown at all are control characters (up to U+001F, U+007F to U+009F), soft hyphens but at the
+ * end of a wrapped line, zero width spaces and joiners, marks of direction, invisible operators,
+ * byte order marks, variation selectors, annotations and tags. Newline, U+2028 and U+2029 end a
+ * line in kit_text_wrap(), and are a space elsewhere. A space or hyphen of another kind that no
+ * face has is the plain one, an ellipsis three full stops; any other such character shows as
+ * U+FFFD, and as a hollow box where that is missing, too. What lies beyond the range of int is told
+ * as its nearest end.
+ */
+
+/** Where words stand in a box, from left to right. */
+typedef enum kit_align { KIT_LEFT = 0, KIT_CENTRE = 1, KIT_RIGHT = 2 } kit_align;
+
+/** The width of a line in pixels: all its advances and kernings. */
+ORVEL_API int kit_text_width(const kit_face* face, const char* text);
+
+/**
+ * Draws one line that starts at x and whose letters stand on the row @p baseline: the lowest row of
+ * a letter without a descender is the one above it.
+ *
+ * @return the x at which the line ends, or would end on a null canvas.
+ */
+ORVEL_API int kit_text_draw(orvel_canvas* canvas, const kit_face* face, const char* text, int x,
+                            int baseline, orvel_color color);
+
+/**
+ * Draws one line in a box, its capitals centred from top to bottom. A line wider than the box ends
+ * in an ellipsis; no pixel outside the box changes, so a letter may lose what hangs over its sides.
+ *
+ * @return 0 when the line is no wider than the box, 1 when it was cut, -1 for a null canvas.
+ */
+ORVEL_API int kit_text_box(orvel_canvas* canvas, const kit_face* face, const char* text,
+                           kit_box box, kit_align align, orvel_color color);
+
+/**
+ * Draws a paragraph in a box from its top: broken at spaces, which then take no room, at soft
+ * hyphens, which then show, at zero width spaces, behind hyphens and dashes between letters (not
+ * before a digit), at every newline, and inside a word only where the word alone is wider than the
+ * box. Lines that do not fit whole are left out, and the last one shown then ends in an ellipsis.
+ *
+ * @return the lines that the whole paragraph takes, 0 for an empty text; also for a null canvas,
+ *         where nothing is drawn.
+ */
+ORVEL_API int kit_text_wrap(orvel_canvas* canvas, const kit_face* face, const char* text,
+                            kit_box box, kit_align align, orvel_color color);
+
+/** The width in pixels of the first @p offset bytes of a line, the place of a caret there. An
+ * offset inside a character counts as the one before it; one past the end as the end. */
+ORVEL_API int kit_text_x(const kit_face* face, const char* text, int offset);
+
+/** The offset in bytes of the place between two characters of a line that is nearest to x: of two
+ *  as near the left one, of several at one x the last. */
+ORVEL_API int kit_text_at(const kit_face* face, const char* text, int x);
+
+/** How many characters of the text show as U+FFFD for want of a letter; ill-formed parts do not
+ *  count where a face has U+FFFD. */
+ORVEL_API int kit_text_missing(const kit_face* face, const char* text);
+
+/* ---- Widgets ---- */
+
+/** The states of a widget, to be added up. Kinds ignore what they do not show. */
+typedef enum kit_state {
+    KIT_HOVER = 1,   /**< under the pointer: button, slider, text box */
+    KIT_ACTIVE = 2,  /**< on, checked, selected, open or pressed */
+    KIT_FOCUS = 4,   /**< a ring, inside the box; a caret in text fields */
+    KIT_DISABLED = 8 /**< mixed halfway into the theme's background, without hover and focus */
+} kit_state;
+
+/**
+ * One widget, as a plain record; what a kind has no use for is ignored. The order of the fields is
+ * part of the interface.
+ */
+typedef struct kit_widget {
+    int kind KIT_ZERO;         /**< an orvel_widget_kind */
+    kit_box box KIT_ZERO;      /**< a width or height of 0 is what kit_size() says */
+    const char* text KIT_ZERO; /**< the caption; items of tabs and menus joined with "|"; the name
+                                    of an icon or image; what a stepper or badge shows in place of
+                                    its number, unless it is empty */
+    const char* hint KIT_ZERO; /**< what an empty text field shows, in the quiet colour */
+    const char* icon KIT_ZERO; /**< a built-in icon before the caption: list items, buttons */
+    const kit_face* face KIT_ZERO; /**< of all its words */
+    unsigned state KIT_ZERO;       /**< of kit_state */
+    int amount KIT_ZERO;   /**< of steppers and badges; the selected item of tabs and menus */
+    double value KIT_ZERO; /**< the fraction of sliders, progress bars, spinners and ratings */
+    const double* data KIT_ZERO; /**< the values of bars, 0 to 1 */
+    int count KIT_ZERO;          /**< how many values */
+    int caret KIT_ZERO;  /**< of a text field with focus: the offset of the caret, in bytes */
+    int anchor KIT_ZERO; /**< the other end of its selection */
+    const void* reserved[4] KIT_ZERO;
+} kit_widget;
+
+/**
+ * Draws a widget: the library's design with readable words, each in the room, the place and the
+ * colour that the kind has for its caption; an ellipsis ends what is longer. A text field with
+ * focus shows the part of a longer text that its caret is in. Where the design has no room for the
+ * face (bands, bubbles, boxes beside words) or more room than it uses (sliders, stars), it is drawn
+ * as large as the face or the box. Nothing is painted outside the box.
+ *
+ * @return 0, also where nothing of the box is on the canvas; -1 for null, an unknown kind, a
+ *         negative size, an icon or image that cannot be drawn, and where memory runs out: what was
+ *         drawn by then stays.
+ */
+ORVEL_API int kit_draw(orvel_canvas* canvas, const orvel_theme* theme, const kit_widget* widget);
+
+/**
+ * The size that a widget wants with its words, face and value: sides that its box gives stay. The
+ * size of an image is that of what shows of it, up to 4096 pixels to a side; finding it reads and
+ * draws the file. @p w and @p h may be null.
+ *
+ * @return 0; -1 for null, an unknown kind and where memory runs out, which want 0 x 0.
+ */
+ORVEL_API int kit_size(const kit_widget* widget, int* w, int* h);
+
+/* ---- Charts ---- */
+
+/** The kinds of chart. */
+typedef enum kit_chart_kind {
+    KIT_CHART_LINE = 0,    /**< a line for each series */
+    KIT_CHART_AREA = 1,    /**< the same, filled down to zero or to the nearer end of the range */
+    KIT_CHART_SPARK = 2,   /**< a line without anything around it; the last value has a dot */
+    KIT_CHART_BARS = 3,    /**< bars side by side, one of each series at every place */
+    KIT_CHART_STACKED = 4, /**< bars on top of each other, positive ones up, negative ones down */
+    KIT_CHART_GAUGE = 5    /**< the last value of the first series on three quarters of a ring */
+} kit_chart_kind;
+
+/** What a chart shows beside its values, to be added up. */
+typedef enum kit_chart_parts {
+    KIT_CHART_AXES = 1,   /**< lines at round numbers, with labels at the left */
+    KIT_CHART_LABELS = 2, /**< the labels below, as many of them as fit */
+    KIT_CHART_LEGEND = 4  /**< the names of the series at the top right */
+} kit_chart_parts;
+
+/** One row of values. */
+typedef struct kit_series {
+    const double* values KIT_ZERO; /**< NaN is a missing one; infinities count as missing */
+    int count KIT_ZERO;            /**< how many values */
+    orvel_color color KIT_ZERO;    /**< alpha 0: the theme's accent, then others by number */
+    const char* name KIT_ZERO;     /**< for the legend */
+    const void* reserved[2] KIT_ZERO;
+} kit_series;
+
+/** A chart, as a plain record. The order of the fields is part of the interface. */
+typedef struct kit_chart {
+    int kind KIT_ZERO;    /**< a kit_chart_kind */
+    kit_box box KIT_ZERO; /**< nothing is painted outside; the ground is left as it is */
+    const kit_series* series KIT_ZERO; /**< borrowed for the call */
+    int count KIT_ZERO;                /**< how many series, 32 at most */
+    double low KIT_ZERO;       /**< the range; found from the values, with zero for areas, bars */
+    double high KIT_ZERO;      /**<   and gauges, when the two are equal */
+    unsigned parts KIT_ZERO;   /**< of kit_chart_parts */
+    int decimals KIT_ZERO;     /**< of the labels and the gauge's number; the ticks may need more */
+    const char* unit KIT_ZERO; /**< written behind those numbers, " kW" for instance */
+    const char* labels KIT_ZERO;   /**< of the places from left to right, joined with "|" */
+    const kit_face* face KIT_ZERO; /**< of all its words */
+    const void* reserved[4] KIT_ZERO;
+} kit_chart;
+
+/**
+ * Draws a chart in the theme's colours.
+ *
+ * @return 0, also where there are no values to show; -1 for null, an unknown kind, a range that is
+ *         not finite or upside down, too many series, and where memory runs out.
+ */
+ORVEL_API int kit_chart_draw(orvel_canvas* canvas, const orvel_theme* theme,
+                             const kit_chart* chart);
+
+#ifdef __cplusplus
+}
+
+/** kit_draw() by reference, for designated initialisers. */
+inline int kit_draw(orvel_canvas* canvas, const orvel_theme& theme, const kit_widget& widget) {
+    return kit_draw(canvas, &theme, &widget);
+}
+/** kit_chart_draw() by reference, for designated initialisers. */
+inline int kit_chart_draw(orvel_canvas* canvas, const orvel_theme& theme, const kit_chart& chart) {
+    return kit_chart_draw(canvas, &theme, &chart);
+}
+#endif
+
+#endif /* ORVEL_KIT_H */

@@ -1,0 +1,112 @@
+#include "words/line.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+
+namespace kit {
+namespace {
+
+constexpr char32_t kEllipsis = 0x2026;
+
+/// Another character that looks the same; 0 for none.
+char32_t stand_in(char32_t code) {
+    if (is_space(code) || is_newline(code)) return ' ';
+    if (code == 0xA0 || code == 0x2007 || code == 0x202F) return ' ';  // that do not break
+    if (code == 0x2010 || code == 0x2011) return '-';
+    return 0;
+}
+
+/// A hollow box: for faces that have not even U+FFFD.
+Found frame(const kit_face& face) {
+    const int cap = kit_face_cap(&face);
+    Found found;
+    found.glyph.left = 1;
+    found.glyph.top = cap;
+    found.glyph.width = cap - cap / 3;
+    found.glyph.height = cap;
+    found.glyph.advance = found.glyph.width + 2;
+    return found;
+}
+
+/// The longest beginning of a part that takes no more than @p room, without spaces at its end.
+Part beginning(const kit_face& face, Part part, std::int64_t room) {
+    Pen pen(face);
+    const char* end = part.begin;
+    for (const char* at = part.begin; at != part.end;) {
+        const char32_t code = next_character(&at);
+        const bool shown = pen.step(code);
+        if (pen.end() > room) break;
+        if (shown && !is_space(code) && !is_newline(code)) end = at;
+    }
+    return {part.begin, end};
+}
+
+}  // namespace
+
+int to_int(std::int64_t value) {
+    using Limits = std::numeric_limits<int>;
+    return static_cast<int>(std::clamp<std::int64_t>(value, Limits::min(), Limits::max()));
+}
+
+Part whole(const char* text) { return {text, text + std::strlen(text)}; }
+
+Found find_or_alike(const kit_face& face, char32_t code) {
+    Found found = find_glyph(face, code);
+    if (found.face) return found;
+    const char32_t other = stand_in(code);
+    return other != 0 && other != code ? find_glyph(face, other) : found;
+}
+
+Found find_or_replace(const kit_face& face, char32_t code) {
+    Found found = find_or_alike(face, code);
+    if (!found.face) found = find_glyph(face, kReplacement);
+    return found.face ? found : frame(face);
+}
+
+bool Pen::step(char32_t code) {
+    if (is_hidden(code)) return false;
+    const Found next = find_or_replace(face_, is_newline(code) ? U' ' : code);
+    start_ = end_;
+    if (last_.face && last_.face == next.face) start_ += kerning(last_, next);
+    end_ = start_ + next.glyph.advance;
+    last_ = next;
+    return true;
+}
+
+std::int64_t width_of(const kit_face& face, Part part) {
+    Pen pen(face);
+    for (const char* at = part.begin; at != part.end;) pen.step(next_character(&at));
+    return pen.end();
+}
+
+Line line_of(const kit_face& face, Part part, const char* suffix) {
+    return {part, suffix, width_of(face, part) + width_of(face, whole(suffix))};
+}
+
+Line cut_line(const kit_face& face, Part part, std::int64_t room) {
+    const char* const dots = find_or_alike(face, kEllipsis).face ? "\xE2\x80\xA6" : "...";
+    return line_of(face, beginning(face, part, room - width_of(face, whole(dots))), dots);
+}
+
+std::int64_t Ink::write(Part part, std::int64_t x, std::int64_t baseline) const {
+    Pen pen(face);
+    for (const char* at = part.begin; at != part.end;) {
+        if (pen.step(next_character(&at)) && !clip.empty()) {
+            draw_glyph(canvas, pen.glyph(), x + pen.start(), baseline, clip, color);
+        }
+    }
+    return x + pen.end();
+}
+
+void Ink::place(const Line& line, const kit_box& box, kit_align align,
+                std::int64_t baseline) const {
+    const std::int64_t spare = std::max<std::int64_t>(0, box.w - line.width);
+    std::int64_t x = box.x;
+    if (align == KIT_CENTRE) x += spare / 2;
+    if (align == KIT_RIGHT) x += spare;
+    x = write(line.part, x, baseline);
+    write(whole(line.suffix), x, baseline);
+}
+
+}  // namespace kit

@@ -1,0 +1,79 @@
+// A line of words: its characters one after another.
+#pragma once
+
+#include <cstdint>
+
+#include "orvel_kit.h"
+#include "words/face.h"
+#include "words/runs.h"
+#include "words/utf8.h"
+
+namespace kit {
+
+/// Walks along a line, from 0. What a line holds may be a million letters of any width: places are
+/// 64-bit.
+class Pen {
+public:
+    explicit Pen(const kit_face& face) : face_(face) {}
+
+    /// Over the next character; false for one that shows not at all.
+    bool step(char32_t code);
+
+    std::int64_t start() const { return start_; }  // the origin of the last letter
+    std::int64_t end() const { return end_; }      // where it ends
+    const Glyph& glyph() const { return last_.glyph; }
+
+private:
+    const kit_face& face_;
+    Found last_;
+    std::int64_t start_ = 0, end_ = 0;
+};
+
+/// Part of a text, from one character to another.
+struct Part {
+    const char* begin;
+    const char* end;
+};
+
+/// Up to the zero.
+Part whole(const char* text);
+
+std::int64_t width_of(const kit_face& face, Part part);
+
+/// What some face has for the character, else something else that looks the same; a null face when
+/// there is neither.
+Found find_or_alike(const kit_face& face, char32_t code);
+
+/// The same with the letter that stands for what is missing.
+Found find_or_replace(const kit_face& face, char32_t code);
+
+/// What a line shows: a part of the text, and a hyphen or an ellipsis behind it.
+struct Line {
+    Part part;
+    const char* suffix;
+    std::int64_t width;  // of both
+};
+
+Line line_of(const kit_face& face, Part part, const char* suffix = "");
+
+/// What of a part goes into the room before an ellipsis.
+Line cut_line(const kit_face& face, Part part, std::int64_t room);
+
+/// Where words go on a canvas.
+struct Ink {
+    orvel_canvas* canvas;
+    const kit_face& face;
+    Clip clip;
+    orvel_color color;
+
+    /// Draws from x on; where it ends.
+    std::int64_t write(Part part, std::int64_t x, std::int64_t baseline) const;
+
+    /// Draws a line where it belongs in the width of a box.
+    void place(const Line& line, const kit_box& box, kit_align align, std::int64_t baseline) const;
+};
+
+/// The int nearest to @p value.
+int to_int(std::int64_t value);
+
+}  // namespace kit

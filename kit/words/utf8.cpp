@@ -1,0 +1,73 @@
+#include "words/utf8.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace kit {
+namespace {
+
+struct Codes {
+    char32_t first, last;
+};
+
+constexpr Codes kHidden[] = {
+    {0x0000, 0x001F},    // controls
+    {0x007F, 0x009F},    // delete and the other controls
+    {0x00AD, 0x00AD},    // soft hyphen
+    {0x034F, 0x034F},    // grapheme joiner
+    {0x061C, 0x061C},    // direction of Arabic letters
+    {0x180B, 0x180F},    // Mongolian selectors
+    {0x200B, 0x200F},    // zero width spaces, joiners, directions
+    {0x202A, 0x202E},    // directions
+    {0x2060, 0x206F},    // word joiner, invisible operators, directions
+    {0xFE00, 0xFE0F},    // variation selectors
+    {0xFEFF, 0xFEFF},    // byte order mark
+    {0xFFF9, 0xFFFB},    // annotations
+    {0xE0000, 0xE0FFF},  // tags, more variation selectors
+};
+
+/// What may follow a first byte: how many bytes, and the range of the first of them.
+struct Following {
+    int count;
+    unsigned char low, high;
+};
+
+constexpr Following following(unsigned char first) {
+    if (first < 0xC2 || first > 0xF4) return {0, 0, 0};
+    if (first < 0xE0) return {1, 0x80, 0xBF};
+    if (first == 0xE0) return {2, 0xA0, 0xBF};  // nothing longer than it need be
+    if (first == 0xED) return {2, 0x80, 0x9F};  // no surrogates
+    if (first < 0xF0) return {2, 0x80, 0xBF};
+    if (first == 0xF0) return {3, 0x90, 0xBF};
+    if (first == 0xF4) return {3, 0x80, 0x8F};  // nothing above U+10FFFF
+    return {3, 0x80, 0xBF};
+}
+
+}  // namespace
+
+char32_t next_character(const char** text) {
+    const auto first = static_cast<unsigned char>(*(*text)++);
+    if (first < 0x80) return first;
+    auto [count, low, high] = following(first);
+    if (count == 0) return kReplacement;
+    char32_t code = first & (0x3Fu >> count);
+    for (; count > 0; --count) {
+        const auto next = static_cast<unsigned char>(**text);
+        if (next < low || next > high) return kReplacement;
+        code = code << 6 | (next & 0x3Fu);
+        ++*text;
+        low = 0x80;
+        high = 0xBF;
+    }
+    return code;
+}
+
+bool is_hidden(char32_t code) {
+    if ((code >= 0x20 && code < 0x7F) || is_newline(code)) return false;
+    const Codes* const range =
+        std::lower_bound(std::begin(kHidden), std::end(kHidden), code,
+                         [](const Codes& r, char32_t value) { return r.last < value; });
+    return range != std::end(kHidden) && range->first <= code;
+}
+
+}  // namespace kit

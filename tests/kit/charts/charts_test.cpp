@@ -1,0 +1,380 @@
+// Charts, from outside: pictures worked out by hand, and what holds for any chart.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "orvel_kit.h"
+#include "support/golden.h"
+#include "support/picture.h"
+#include "support/random.h"
+
+namespace {
+
+using orvel_test::CanvasPtr;
+using orvel_test::kBlack;
+using orvel_test::make_canvas;
+
+constexpr double kMissing = std::numeric_limits<double>::quiet_NaN();
+constexpr orvel_color kA = {10, 20, 30, 255};
+constexpr orvel_color kB = {200, 100, 50, 255};
+
+orvel_theme dark() {
+    orvel_theme theme;
+    orvel_theme_default(&theme);
+    return theme;
+}
+
+kit_series series(const std::vector<double>& values, orvel_color color = kA) {
+    return {.values = values.data(), .count = static_cast<int>(values.size()), .color = color};
+}
+
+/// The chart on a canvas of just its size: '.' nothing, 'a' and 'b' the two series.
+std::string drawn(kit_chart chart, const std::vector<kit_series>& rows, int w, int h) {
+    const auto canvas = make_canvas(w, h);
+    chart.box = {0, 0, w, h};
+    chart.series = rows.data();
+    chart.count = static_cast<int>(rows.size());
+    EXPECT_EQ(kit_chart_draw(canvas.get(), dark(), chart), 0);
+    return orvel_test::picture(canvas.get(), {{'.', kBlack},
+                                              {'a', kA},
+                                              {'b', kB},
+                                              {'x', kit_mix(kA, dark().surface, 65)},
+                                              {'-', dark().border}});
+}
+
+TEST(BarChartTest, BarsStandOnZeroAndHaveAQuarterOfTheirPlaceBetweenThem) {
+    const std::vector<double> values = {1, 2, 4};
+    EXPECT_EQ(drawn({.kind = KIT_CHART_BARS, .high = 4}, {series(values)}, 12, 5),
+              "........aaa.\n"
+              "........aaa.\n"
+              "....aaa.aaa.\n"
+              "aaa.aaa.aaa.\n"
+              "............\n");
+}
+
+TEST(BarChartTest, NegativeBarsHangFromZero) {
+    const std::vector<double> values = {2, -2};
+    EXPECT_EQ(drawn({.kind = KIT_CHART_BARS}, {series(values)}, 8, 5),
+              "aaa.....\n"
+              "aaa.....\n"
+              "........\n"
+              "....aaa.\n"
+              "....aaa.\n");
+}
+
+TEST(BarChartTest, EachSeriesHasItsBarAtEveryPlaceAndAMissingValueLeavesItsPlaceFree) {
+    const std::vector<double> a = {1, kMissing};
+    const std::vector<double> b = {2, 2, 1};
+    EXPECT_EQ(drawn({.kind = KIT_CHART_BARS, .high = 2}, {series(a), series(b, kB)}, 15, 3),
+              "..bb...bb......\n"
+              "aabb...bb...bb.\n"
+              "...............\n");
+}
+
+TEST(BarChartTest, ValuesOutsideTheGivenRangeEndAtTheBox) {
+    const std::vector<double> values = {100, -100};
+    EXPECT_EQ(drawn({.kind = KIT_CHART_BARS, .low = -1, .high = 1}, {series(values)}, 8, 5),
+              "aaa.....\n"
+              "aaa.....\n"
+              "........\n"
+              "....aaa.\n"
+              "....aaa.\n");
+}
+
+TEST(StackedBarsTest, AStackThatNoNumberHoldsHasNoPartInTheRange) {
+    const std::vector<double> a = {1, 1.7e308, -1.7e308};
+    const std::vector<double> b = {1, 1.7e308, -1.7e308};
+    EXPECT_EQ(drawn({.kind = KIT_CHART_STACKED}, {series(a), series(b, kB)}, 12, 3),
+              "bbb.aaa.....\n"
+              "aaa.aaa.....\n"
+              "............\n");
+}
+
+TEST(StackedBarsTest, PositiveValuesGoUpAndNegativeOnesDown) {
+    const std::vector<double> a = {1, -1};
+    const std::vector<double> b = {2, -1};
+    EXPECT_EQ(drawn({.kind = KIT_CHART_STACKED}, {series(a), series(b, kB)}, 8, 6),
+              "bbb.....\n"
+              "bbb.....\n"
+              "aaa.....\n"
+              "........\n"
+              "....aaa.\n"
+              "....bbb.\n");
+}
+
+TEST(SparklineTest, TheLastValueHasADotAndAMissingOneIsAGap) {
+    const std::vector<double> values = {0, 4, kMissing, 2, 2};
+    EXPECT_EQ(drawn({.kind = KIT_CHART_SPARK}, {series(values)}, 18, 9),
+              "..................\n"
+              "..................\n"
+              ".....a.........a..\n"
+              "....a.........aaa.\n"
+              "...a........aaaaaa\n"
+              "...a..........aaa.\n"
+              "..a............a..\n"
+              "..................\n"
+              "..................\n");
+}
+
+TEST(LineChartTest, AValueAloneIsADot) {
+    const std::vector<double> values = {kMissing, 1, kMissing};
+    EXPECT_EQ(drawn({.kind = KIT_CHART_LINE, .high = 2}, {series(values)}, 7, 5),
+              "...a...\n"
+              "..aaa..\n"
+              ".aaaaa.\n"
+              "..aaa..\n"
+              "...a...\n");
+}
+
+TEST(LineChartTest, InfinitiesCountAsMissing) {
+    const std::vector<double> values = {HUGE_VAL, 1, -HUGE_VAL};
+    const std::vector<double> missing = {kMissing, 1, kMissing};
+    const kit_chart chart = {.kind = KIT_CHART_LINE, .high = 2};
+    EXPECT_EQ(drawn(chart, {series(values)}, 7, 5), drawn(chart, {series(missing)}, 7, 5));
+}
+
+TEST(AreaChartTest, IsFilledToZeroFromAboveAndBelow) {
+    const std::vector<double> values = {2, -2};
+    EXPECT_EQ(drawn({.kind = KIT_CHART_AREA}, {series(values)}, 5, 5),
+              "aa...\n"
+              "xaa..\n"
+              "xxaax\n"
+              "...aa\n"
+              "....a\n");
+}
+
+TEST(ChartTest, WhatIsTooWideForRoundNumbersOrHasNoNamesIsDrawnWithoutThem) {
+    const std::vector<double> values = {-1.7e308, 1.7e308};
+    const auto nameless = [&](const char* name, const char* labels) {
+        kit_series row = series(values);
+        row.name = name;
+        return drawn({.kind = KIT_CHART_BARS,
+                      .parts = KIT_CHART_AXES | KIT_CHART_LABELS | KIT_CHART_LEGEND,
+                      .labels = labels},
+                     {row}, 40, 60);
+    };
+    const std::string chart = nameless(nullptr, nullptr);
+    EXPECT_NE(chart.find('a'), std::string::npos);
+    EXPECT_EQ(chart.find('?'), std::string::npos);  // no letters
+    EXPECT_EQ(nameless("", ""), chart);
+}
+
+TEST(ChartTest, WithoutValuesNothingIsDrawnAndThatIsNoFailure) {
+    const std::vector<double> none = {kMissing, kMissing};
+    for (int kind = KIT_CHART_LINE; kind < KIT_CHART_GAUGE; ++kind) {
+        const std::string empty = drawn({.kind = kind}, {}, 20, 10);
+        EXPECT_EQ(empty.find_first_not_of(".\n"), std::string::npos) << kind;
+        EXPECT_EQ(drawn({.kind = kind}, {series(none)}, 20, 10), empty) << kind;
+        EXPECT_EQ(drawn({.kind = kind}, {series({})}, 20, 10), empty) << kind;
+    }
+}
+
+TEST(ChartTest, WhatIsNoChartIsRefusedAndDrawsNothing) {
+    const std::vector<double> values = {1, 2};
+    const kit_series one = series(values);
+    const std::vector<kit_series> many(33, one);
+    const orvel_theme theme = dark();
+    const kit_chart good = {.box = {0, 0, 20, 10}, .series = &one, .count = 1};
+    const auto refused = [&](auto change) {
+        kit_chart chart = good;
+        change(chart);
+        const auto canvas = make_canvas(20, 10);
+        const int status = kit_chart_draw(canvas.get(), &theme, &chart);
+        return status == -1 && orvel_test::checksum(canvas.get()) ==
+                                   orvel_test::checksum(make_canvas(20, 10).get());
+    };
+    const kit_series lost = {.values = nullptr, .count = 2};
+    const kit_series negative = {.values = values.data(), .count = -1};
+    EXPECT_FALSE(refused([](kit_chart&) {}));
+    EXPECT_TRUE(refused([](kit_chart& c) { c.kind = -1; }));
+    EXPECT_TRUE(refused([](kit_chart& c) { c.kind = KIT_CHART_GAUGE + 1; }));
+    EXPECT_TRUE(refused([](kit_chart& c) { c.series = nullptr; }));
+    EXPECT_TRUE(refused([](kit_chart& c) { c.count = -1; }));
+    EXPECT_TRUE(refused([&](kit_chart& c) { c.series = many.data(), c.count = 33; }));
+    EXPECT_FALSE(refused([&](kit_chart& c) { c.series = many.data(), c.count = 32; }));
+    EXPECT_TRUE(refused([&](kit_chart& c) { c.series = &lost; }));
+    EXPECT_TRUE(refused([&](kit_chart& c) { c.series = &negative; }));
+    EXPECT_TRUE(refused([](kit_chart& c) { c.low = 1; }));
+    EXPECT_TRUE(refused([](kit_chart& c) { c.high = HUGE_VAL; }));
+    EXPECT_TRUE(refused([](kit_chart& c) { c.low = kMissing; }));
+    EXPECT_TRUE(refused([](kit_chart& c) { c.low = -1.7e308, c.high = 1.7e308; }));
+    EXPECT_TRUE(refused([](kit_chart& c) { c.box.w = -1; }));
+    EXPECT_TRUE(refused([](kit_chart& c) { c.box.h = -1; }));
+    EXPECT_TRUE(refused([](kit_chart& c) { c.box.w = 32768; }));
+    EXPECT_TRUE(refused([](kit_chart& c) { c.box.h = 32768; }));
+    const auto canvas = make_canvas(20, 10);
+    EXPECT_EQ(kit_chart_draw(nullptr, &theme, &good), -1);
+    EXPECT_EQ(kit_chart_draw(canvas.get(), nullptr, &good), -1);
+    EXPECT_EQ(kit_chart_draw(canvas.get(), &theme, nullptr), -1);
+}
+
+/// A chart of random values, some of them missing, huge, or outside its range.
+struct RandomChart {
+    std::vector<std::vector<double>> values;
+    std::vector<kit_series> rows;
+    kit_chart chart = {};
+
+    explicit RandomChart(orvel_test::Random& random) {
+        values.resize(static_cast<std::size_t>(random.between(0, 4)));
+        for (auto& row : values) {
+            row.resize(static_cast<std::size_t>(random.between(0, 30)));
+            const double size = std::pow(10.0, random.one_in(4) ? random.between(-300, 300) : 1);
+            for (double& value : row) {
+                value = random.one_in(8) ? kMissing : random.between(-1000, 1000) / 100.0 * size;
+            }
+            rows.push_back(series(row, {}));
+            rows.back().name = random.one_in(2) ? "Solar" : nullptr;
+        }
+        chart.kind = random.between(KIT_CHART_LINE, KIT_CHART_GAUGE);
+        chart.box = {random.between(-60, 120), random.between(-60, 90), random.between(0, 120),
+                     random.between(0, 90)};
+        if (random.one_in(3)) {
+            chart.low = random.between(-50, 0);
+            chart.high = chart.low + random.between(0, 60);
+        }
+        chart.parts = static_cast<unsigned>(random.between(0, 7));
+        chart.decimals = random.between(-1, 3);
+        chart.unit = random.one_in(2) ? " kW" : nullptr;
+        chart.labels = random.one_in(2) ? "Mon|Tue|Wed|Thu" : nullptr;
+        chart.face = random.one_in(2) ? kit_sans_11() : nullptr;
+        chart.series = rows.data();
+        chart.count = static_cast<int>(rows.size());
+    }
+};
+
+bool inside(const kit_box& box, int x, int y) {
+    return x >= box.x && x < box.x + box.w && y >= box.y && y < box.y + box.h;
+}
+
+TEST(ChartTest, NoPixelOutsideTheBoxChanges) {
+    orvel_test::Random random(11);
+    const orvel_theme theme = dark();
+    for (int i = 0; i < 1000; ++i) {
+        const RandomChart any(random);
+        const auto canvas = make_canvas(120, 90);
+        ASSERT_EQ(kit_chart_draw(canvas.get(), theme, any.chart), 0) << i;
+        for (int y = 0; y < 90; ++y) {
+            for (int x = 0; x < 120; ++x) {
+                if (inside(any.chart.box, x, y)) continue;
+                ASSERT_EQ(orvel_canvas_pixel_get(canvas.get(), x, y), kBlack) << i;
+            }
+        }
+    }
+}
+
+TEST(ChartTest, LooksTheSameWhereverItLies) {
+    orvel_test::Random random(12);
+    const orvel_theme theme = dark();
+    for (int i = 0; i < 1000; ++i) {
+        RandomChart any(random);
+        const auto here = make_canvas(120, 90);
+        any.chart.box.x = 0;
+        any.chart.box.y = 0;
+        ASSERT_EQ(kit_chart_draw(here.get(), theme, any.chart), 0);
+        const auto there = make_canvas(150, 120);
+        any.chart.box.x = 30;
+        any.chart.box.y = 30;
+        ASSERT_EQ(kit_chart_draw(there.get(), theme, any.chart), 0);
+        const auto moved = make_canvas(120, 90);
+        const kit_box part = {30, 30, 120, 90};
+        kit_copy(moved.get(), 0, 0, there.get(), &part);
+        ASSERT_EQ(orvel_test::checksum(moved.get()), orvel_test::checksum(here.get())) << i;
+    }
+}
+
+TEST(ChartTest, RandomOnesAreTheSameEverywhere) {
+    orvel_test::Random random(13);
+    const orvel_theme theme = dark();
+    std::uint64_t sum = 0;
+    for (int i = 0; i < 1000; ++i) {
+        const RandomChart any(random);
+        const auto canvas = make_canvas(120, 90);
+        ASSERT_EQ(kit_chart_draw(canvas.get(), theme, any.chart), 0);
+        sum = orvel_test::checksum(canvas.get(), sum);
+    }
+    orvel_test::expect_golden_text("chart_checksums.txt", "random charts",
+                                   std::to_string(sum) + "\n");
+}
+
+const std::vector<double> kSolar = {0, 0, 0.2, 0.7, 2.2, 3.1, 4.3, 4.5, 4.2, 2.9, 1.1, 0.4};
+const std::vector<double> kUse = {0.6, 0.5, 1.7, 2.1, 1.2, 1.1, 1.9, 1.5, 1.2, 2.0, 3.1, 2.6};
+const std::vector<double> kChange = {3, -2, 5, kMissing, -4, 1, 6, -1, 0, 2, -3, 4};
+
+struct Sample {
+    const char* name;
+    int kind;
+    unsigned parts;
+    std::vector<std::vector<double>> values;
+    double low, high;
+};
+
+const std::vector<Sample>& samples() {
+    constexpr unsigned all = KIT_CHART_AXES | KIT_CHART_LABELS | KIT_CHART_LEGEND;
+    static const std::vector<Sample> list = {
+        {"lines", KIT_CHART_LINE, all, {kSolar, kUse}, 0, 0},
+        {"lines alone", KIT_CHART_LINE, 0, {kSolar, kUse}, 0, 0},
+        {"lines with gaps", KIT_CHART_LINE, KIT_CHART_AXES, {kChange}, 0, 0},
+        {"lines in a range", KIT_CHART_LINE, all, {kSolar, kUse}, 1, 3},
+        {"areas", KIT_CHART_AREA, all, {kSolar, kUse}, 0, 0},
+        {"areas with gaps", KIT_CHART_AREA, KIT_CHART_AXES, {kChange}, 0, 0},
+        {"sparkline", KIT_CHART_SPARK, 0, {kUse}, 0, 0},
+        {"bars", KIT_CHART_BARS, all, {kSolar, kUse}, 0, 0},
+        {"bars around zero", KIT_CHART_BARS, KIT_CHART_AXES, {kChange}, 0, 0},
+        {"stacked", KIT_CHART_STACKED, all, {kSolar, kUse}, 0, 0},
+        {"stacked around zero", KIT_CHART_STACKED, KIT_CHART_AXES, {kChange, kSolar}, 0, 0},
+        {"gauge", KIT_CHART_GAUGE, KIT_CHART_LABELS, {kUse}, 0, 5},
+        {"gauge at zero", KIT_CHART_GAUGE, 0, {{0.0}}, 0, 5},
+        {"gauge at its end", KIT_CHART_GAUGE, 0, {{7.0}}, 0, 5},
+        {"gauge without a value", KIT_CHART_GAUGE, 0, {{kMissing}}, 0, 5},
+    };
+    return list;
+}
+
+/// A sample on a panel, as a host would show it.
+CanvasPtr drawn_sample(const Sample& sample, const orvel_theme& theme) {
+    auto canvas = make_canvas(300, 160);
+    orvel_canvas_clear(canvas.get(), theme.surface);
+    std::vector<kit_series> rows;
+    for (const auto& values : sample.values) {
+        rows.push_back(series(values, {}));
+        rows.back().name = rows.size() == 1 ? "Solar" : "Use";
+    }
+    const kit_chart chart = {
+        .kind = sample.kind,
+        .box = {10, 10, 280, 140},
+        .series = rows.data(),
+        .count = static_cast<int>(rows.size()),
+        .low = sample.low,
+        .high = sample.high,
+        .parts = sample.parts,
+        .decimals = 1,
+        .unit = " kW",
+        .labels = "0:00|2:00|4:00|6:00|8:00|10:00|12:00|14:00|16:00|18:00|20:00",
+        .face = kit_sans_11()};
+    EXPECT_EQ(kit_chart_draw(canvas.get(), theme, chart), 0);
+    return canvas;
+}
+
+TEST(ChartGoldenTest, EveryKindInBothThemes) {
+    orvel_theme light;
+    orvel_theme_light(&light);
+    for (const Sample& sample : samples()) {
+        std::string text;
+        for (const orvel_theme& theme : {dark(), light}) {
+            const auto canvas = drawn_sample(sample, theme);
+            text += std::to_string(orvel_test::checksum(canvas.get())) + "\n";
+            if (const char* folder = std::getenv("ORVEL_CHARTS")) {
+                const std::string path = std::string(folder) + "/" + sample.name +
+                                         (theme.text == light.text ? "-light" : "-dark") + ".bmp";
+                orvel_canvas_save_bmp(canvas.get(), path.c_str());
+            }
+        }
+        orvel_test::expect_golden_text("chart_checksums.txt", sample.name, text);
+    }
+}
+
+}  // namespace

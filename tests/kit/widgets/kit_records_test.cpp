@@ -1,0 +1,306 @@
+// What kit_draw() and kit_size() make of odd records, of images and of memory that runs out.
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cmath>
+#include <string>
+
+#include "kit/widgets/kit_samples.h"
+#include "support/bitmap_files.h"
+#include "system/allocations.h"
+#include "widgets/distinct_theme.h"
+
+namespace {
+
+using namespace orvel_test;
+
+class KitRecordsTest : public testing::Test {
+protected:
+    int draw(const kit_widget& widget) { return kit_draw(canvas_.get(), theme_, widget); }
+    bool untouched() const {
+        return checksum(canvas_.get()) == checksum(make_canvas(100, 60).get());
+    }
+
+    CanvasPtr canvas_ = make_canvas(100, 60);
+    orvel_theme theme_ = distinct_theme();
+};
+
+TEST_F(KitRecordsTest, NullIsRefused) {
+    const kit_widget widget = {.kind = ORVEL_WIDGET_PANEL, .box = {0, 0, 10, 10}};
+    EXPECT_EQ(kit_draw(nullptr, &theme_, &widget), -1);
+    EXPECT_EQ(kit_draw(canvas_.get(), nullptr, &widget), -1);
+    EXPECT_EQ(kit_draw(canvas_.get(), &theme_, nullptr), -1);
+    EXPECT_TRUE(untouched());
+    int w = 5, h = 5;
+    EXPECT_EQ(kit_size(nullptr, &w, &h), -1);
+    EXPECT_EQ(w, 0);
+    EXPECT_EQ(h, 0);
+    EXPECT_EQ(kit_size(&widget, nullptr, nullptr), 0);
+}
+
+TEST_F(KitRecordsTest, UnknownKindsAndNegativeSizesAreRefused) {
+    for (const int kind : {-1, 28, INT_MIN, INT_MAX}) {
+        const kit_widget widget = {.kind = kind, .box = {0, 0, 10, 10}, .text = "x"};
+        EXPECT_EQ(draw(widget), -1);
+        int w = 5, h = 5;
+        EXPECT_EQ(kit_size(&widget, &w, &h), -1);
+        EXPECT_EQ(w, 0);
+        EXPECT_EQ(h, 0);
+    }
+    for (kit_widget widget : usual_widgets()) {
+        for (const int side : {-1, INT_MIN}) {
+            widget.box = {0, 0, side, 10};
+            EXPECT_EQ(draw(widget), -1) << name_of_kind(widget.kind);
+            widget.box = {0, 0, 10, side};
+            EXPECT_EQ(draw(widget), -1) << name_of_kind(widget.kind);
+        }
+    }
+    EXPECT_TRUE(untouched());
+}
+
+TEST_F(KitRecordsTest, NamesThatNothingHasAreTold) {
+    EXPECT_EQ(draw({.kind = ORVEL_WIDGET_ICON, .text = "nothing"}), -1);
+    EXPECT_EQ(draw({.kind = ORVEL_WIDGET_ICON}), -1);
+    EXPECT_EQ(draw({.kind = ORVEL_WIDGET_IMAGE, .text = "nothing"}), -1);
+    EXPECT_EQ(draw({.kind = ORVEL_WIDGET_IMAGE}), -1);
+    EXPECT_TRUE(untouched());
+    // The rest of the widget is drawn all the same.
+    EXPECT_EQ(draw({.kind = ORVEL_WIDGET_BUTTON, .text = "x", .icon = "nothing"}), -1);
+    EXPECT_FALSE(untouched());
+}
+
+TEST_F(KitRecordsTest, RecordsOfZerosAreDrawn) {
+    for (int kind = 0; kind < kKinds; ++kind) {
+        const bool named = kind == ORVEL_WIDGET_ICON || kind == ORVEL_WIDGET_IMAGE;
+        EXPECT_EQ(draw({.kind = kind}), named ? -1 : 0) << name_of_kind(kind);
+    }
+}
+
+TEST_F(KitRecordsTest, BoxesAtTheLimitsOfIntAreDrawn) {
+    constexpr int kPlaces[] = {INT_MIN, INT_MIN / 2, -70000, -20, 0, 20, 70000, INT_MAX};
+    constexpr int kSides[] = {1, 9, 30, 70000, INT_MAX};
+    for (const int place : kPlaces) {
+        for (const int side : kSides) {
+            for (kit_widget widget : usual_widgets()) {
+                if (widget.kind == ORVEL_WIDGET_IMAGE) continue;
+                widget.state = KIT_FOCUS | KIT_ACTIVE;
+                widget.box = {place, 10, side, 30};
+                EXPECT_EQ(draw(widget), 0) << name_of_kind(widget.kind);
+                widget.box = {10, place, 30, side};
+                EXPECT_EQ(draw(widget), 0) << name_of_kind(widget.kind);
+            }
+        }
+    }
+}
+
+TEST_F(KitRecordsTest, StatesOfEveryBitAreDrawn) {
+    for (kit_widget widget : usual_widgets()) {
+        if (widget.kind == ORVEL_WIDGET_IMAGE) continue;
+        widget.state = UINT_MAX;
+        EXPECT_EQ(draw(widget), 0) << name_of_kind(widget.kind);
+    }
+}
+
+TEST_F(KitRecordsTest, OddNumbersAreDrawn) {
+    for (kit_widget widget : usual_widgets()) {
+        if (widget.kind == ORVEL_WIDGET_IMAGE) continue;
+        widget.state = KIT_FOCUS;
+        for (const double value : {double{NAN}, double{INFINITY}, -double{INFINITY}, -1.0, 1e300}) {
+            const double data[] = {value, 0.5, value};
+            widget.value = value;
+            widget.data = data;
+            widget.count = 3;
+            EXPECT_EQ(draw(widget), 0);
+        }
+        widget.data = nullptr;
+        for (const int number : {INT_MIN, -1, 0, 1, INT_MAX}) {
+            widget.amount = widget.count = widget.caret = number;
+            widget.anchor = -1 - number;
+            EXPECT_EQ(draw(widget), 0);
+        }
+    }
+}
+
+TEST_F(KitRecordsTest, TextsOfAMillionBytesAreDrawn) {
+    for (const auto& [piece, length] : {std::pair{'W', 1000000}, {'|', 200000}, {'\xFF', 50000}}) {
+        const std::string text(static_cast<std::size_t>(length), piece);
+        for (kit_widget widget : usual_widgets()) {
+            const bool named =
+                widget.kind == ORVEL_WIDGET_ICON || widget.kind == ORVEL_WIDGET_IMAGE;
+            widget.state = KIT_FOCUS;
+            widget.text = text.c_str();
+            widget.caret = length / 2;
+            EXPECT_EQ(draw(widget), named ? -1 : 0) << name_of_kind(widget.kind);
+        }
+    }
+}
+
+TEST_F(KitRecordsTest, OfADisabledTitleBarTheDotsAreMixedToo) {
+    draw({.kind = ORVEL_WIDGET_TITLEBAR, .box = {0, 0, 60, 20}, .state = KIT_DISABLED});
+    EXPECT_EQ(orvel_canvas_pixel_get(canvas_.get(), 40, 10),
+              kit_mix({0xF3, 0x8B, 0xA8, 255}, theme_.background, 50));
+}
+
+TEST_F(KitRecordsTest, ACaretIsSeenWhereverItIs) {
+    const std::string text(200, 'x');
+    for (const int caret : {-5, 0, 1, 50, 100, 199, 200, INT_MAX}) {
+        orvel_canvas_clear(canvas_.get(), theme_.background);
+        ASSERT_EQ(draw({.kind = ORVEL_WIDGET_TEXTBOX,
+                        .box = {10, 10, 60, 24},
+                        .text = text.c_str(),
+                        .state = KIT_FOCUS,
+                        .caret = caret,
+                        .anchor = caret}),
+                  0);
+        // Nothing else stands as high above the letters.
+        int found = 0;
+        for (int x = 13; x < 67; ++x) {
+            found += orvel_canvas_pixel_get(canvas_.get(), x, 15) == theme_.text ? 1 : 0;
+        }
+        EXPECT_EQ(found, 1) << caret;
+    }
+}
+
+TEST_F(KitRecordsTest, WithoutFocusThereIsNoCaretOrSelection) {
+    kit_widget widget = {.kind = ORVEL_WIDGET_TEXTBOX, .box = {10, 10, 60, 24}, .text = "abc"};
+    draw(widget);
+    const auto plain = checksum(canvas_.get());
+    widget.caret = 2;
+    draw(widget);
+    EXPECT_EQ(checksum(canvas_.get()), plain);
+    widget.state = KIT_FOCUS;
+    draw(widget);
+    const auto focused = checksum(canvas_.get());
+    EXPECT_NE(focused, plain);
+    widget.state = KIT_FOCUS | KIT_DISABLED;
+    draw(widget);
+    EXPECT_NE(checksum(canvas_.get()), focused);
+}
+
+TEST_F(KitRecordsTest, DisabledWidgetsShowNeitherHoverNorFocus) {
+    for (kit_widget widget : usual_widgets()) {
+        widget.state = KIT_DISABLED;
+        canvas_ = make_canvas(200, 60);
+        draw(widget);
+        const auto disabled = checksum(canvas_.get());
+        widget.state = KIT_DISABLED | KIT_HOVER | KIT_FOCUS;
+        canvas_ = make_canvas(200, 60);
+        draw(widget);
+        EXPECT_EQ(checksum(canvas_.get()), disabled) << name_of_kind(widget.kind);
+    }
+}
+
+TEST_F(KitRecordsTest, WhatCanBeUsedShowsItsFocus) {
+    constexpr int kUsed[] = {ORVEL_WIDGET_BUTTON,   ORVEL_WIDGET_TOGGLE,    ORVEL_WIDGET_CHECKBOX,
+                             ORVEL_WIDGET_SLIDER,   ORVEL_WIDGET_TEXTBOX,   ORVEL_WIDGET_RADIO,
+                             ORVEL_WIDGET_DROPDOWN, ORVEL_WIDGET_RATING,    ORVEL_WIDGET_STEPPER,
+                             ORVEL_WIDGET_TABS,     ORVEL_WIDGET_LIST_ITEM, ORVEL_WIDGET_MENU,
+                             ORVEL_WIDGET_SEARCH};
+    for (const int kind : kUsed) {
+        for (const unsigned on : {0u, unsigned{KIT_ACTIVE}}) {
+            kit_widget widget = usual_widgets()[static_cast<std::size_t>(kind)];
+            widget.text = "";
+            widget.hint = nullptr;
+            widget.box.w = 60;
+            widget.state = on;
+            canvas_ = make_canvas(100, 60);
+            draw(widget);
+            const auto plain = checksum(canvas_.get());
+            widget.state = on | KIT_FOCUS;
+            canvas_ = make_canvas(100, 60);
+            draw(widget);
+            EXPECT_NE(checksum(canvas_.get()), plain) << name_of_kind(kind) << ' ' << on;
+        }
+    }
+}
+
+TEST_F(KitRecordsTest, MemoryThatRunsOutIsToldAndNothingLeaks) {
+    long failed = 0;
+    const std::string text(60, 'W');
+    for (kit_widget widget : usual_widgets()) {
+        if (widget.kind == ORVEL_WIDGET_IMAGE) continue;
+        for (const int w : {2, 60}) {  // the narrow ones are drawn on a canvas of their own
+            widget.box = {2, 2, w, 30};
+            widget.state = KIT_FOCUS;
+            if (widget.kind == ORVEL_WIDGET_TEXTBOX) widget.text = text.c_str();
+            const long before = allocations_made(), live = allocations_live();
+            EXPECT_EQ(draw(widget), 0) << name_of_kind(widget.kind);
+            const long made = allocations_made() - before;
+            for (long number = 1; number <= made; ++number, ++failed) {
+                const FailingAllocation fail(number);
+                EXPECT_EQ(draw(widget), -1) << name_of_kind(widget.kind) << ' ' << number;
+                EXPECT_EQ(allocations_live(), live) << name_of_kind(widget.kind) << ' ' << number;
+            }
+        }
+    }
+    EXPECT_GT(failed, 50);
+}
+
+class KitImageTest : public BitmapTest {
+protected:
+    /// A red picture of this size with a transparent pixel at its top left.
+    void save(int width, int height) {
+        const CanvasPtr picture = make_canvas(width, height);
+        orvel_canvas_clear(picture.get(), {200, 0, 0, 255});
+        orvel_canvas_pixel(picture.get(), 0, 0, {});
+        ASSERT_EQ(orvel_canvas_save_bmp_rgba(picture.get(), path("red.bmp").c_str()), 0);
+    }
+    orvel_theme theme_ = distinct_theme();
+    kit_widget image_ = {.kind = ORVEL_WIDGET_IMAGE, .box = {3, 2, 0, 0}, .text = "red"};
+};
+
+TEST_F(KitImageTest, WantsTheSizeOfItsPicture) {
+    for (const auto& [w, h] : {std::pair{7, 5}, {255, 256}, {256, 3}, {1500, 1}, {4096, 1}}) {
+        save(w, h);
+        int width = 0, height = 0;
+        EXPECT_EQ(kit_size(&image_, &width, &height), 0);
+        EXPECT_EQ(width, w);
+        EXPECT_EQ(height, h);
+    }
+}
+
+TEST_F(KitImageTest, WithAHeaderThatNoPictureHasWantsNoRoomAndIsRefused) {
+    write_file(path("red.bmp"), BmpHeader{-2, 2}.bytes());
+    const CanvasPtr canvas = make_canvas(12, 8);
+    int width = 1, height = 1;
+    EXPECT_EQ(kit_size(&image_, &width, &height), 0);
+    EXPECT_EQ(width, 0);
+    EXPECT_EQ(height, 0);
+    EXPECT_EQ(kit_draw(canvas.get(), theme_, image_), -1);
+}
+
+TEST_F(KitImageTest, IsCutToItsBox) {
+    save(7, 5);
+    const CanvasPtr canvas = make_canvas(12, 8);
+    const Palette letters = {{'.', kBlack}, {'r', {200, 0, 0, 255}}};
+    EXPECT_EQ(kit_draw(canvas.get(), theme_, image_), 0);
+    EXPECT_EQ(picture(canvas.get(), letters).substr(13 * 2, 26), "....rrrrrr..\n...rrrrrrr..\n");
+    orvel_canvas_clear(canvas.get(), kBlack);
+    image_.box.w = 3;
+    EXPECT_EQ(kit_draw(canvas.get(), theme_, image_), 0);
+    EXPECT_EQ(picture(canvas.get(), letters).substr(13 * 2, 26), "....rr......\n...rrr......\n");
+    orvel_canvas_clear(canvas.get(), kBlack);
+    image_.box = {3, 2, 0, 1};
+    EXPECT_EQ(kit_draw(canvas.get(), theme_, image_), 0);
+    EXPECT_EQ(picture(canvas.get(), letters).substr(13 * 2, 26), "....rrrrrr..\n............\n");
+}
+
+TEST_F(KitImageTest, ThatIsMissingIsNotDrawnDisabledEither) {
+    const CanvasPtr canvas = make_canvas(12, 8);
+    image_.state = KIT_DISABLED;
+    EXPECT_EQ(kit_draw(canvas.get(), theme_, image_), -1);
+    EXPECT_EQ(checksum(canvas.get()), checksum(make_canvas(12, 8).get()));
+}
+
+TEST_F(KitImageTest, IsMixedWhenItIsDisabled) {
+    save(7, 5);
+    const CanvasPtr canvas = make_canvas(12, 8);
+    image_.state = KIT_DISABLED;
+    EXPECT_EQ(kit_draw(canvas.get(), theme_, image_), 0);
+    EXPECT_EQ(orvel_canvas_pixel_get(canvas.get(), 3, 2), kBlack);
+    EXPECT_EQ(orvel_canvas_pixel_get(canvas.get(), 4, 2),
+              kit_mix({200, 0, 0, 255}, theme_.background, 50));
+    EXPECT_EQ(orvel_canvas_pixel_get(canvas.get(), 10, 2), kBlack);
+}
+
+}  // namespace
