@@ -1,24 +1,23 @@
-// Any bytes as a series of drawing calls: no finding of the sanitizers, and after every call the
-// canvas of the plain models. Calls with numbers beyond 16 bits, which the models would walk for
-// minutes, are made all the same, and the model then takes over what they drew.
+// Any bytes as a series of drawing calls: no finding of the sanitizers, after every shape and text
+// the canvas of the plain models, and of every icon and widget what a larger canvas shows. Shapes
+// with numbers beyond 16 bits, which the models would walk for minutes, are drawn all the same, and
+// the model then takes over what they drew.
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <string>
 
+#include "any_widget.h"
 #include "harness.h"
 #include "input.h"
 #include "models/bitmap_model.h"
-#include "models/icon_model.h"
 #include "models/shapes_model.h"
 #include "models/text_model.h"
-#include "widget_calls.h"
 
 namespace {
 
 using fuzz::require;
-using orvel_test::Call;
 
 constexpr int kWidth = 24;
 constexpr int kHeight = 20;
@@ -27,8 +26,8 @@ bool equal(orvel_color a, orvel_color b) { return std::memcmp(&a, &b, sizeof a) 
 
 class Screen {
 public:
-    Screen(fuzz::Input input, const fuzz::Resources& resources, const orvel_test::IconModel& icons)
-        : input_(input), resources_(resources), icons_(icons) {
+    Screen(fuzz::Input input, const fuzz::Resources& resources)
+        : input_(input), resources_(resources) {
         orvel_theme_default(&theme_);
     }
     ~Screen() { orvel_canvas_destroy(canvas_); }
@@ -56,20 +55,38 @@ private:
         }
     }
 
-    void shape() {
-        Call call{static_cast<Call::Function>(input_.byte() % 6), {}, "", input_.color()};
-        for (int i = 0; i < 6; ++i) call.numbers.push_back(input_.number());
+    /// Makes a call on the canvas and, unless its numbers are wild, on the model.
+    template <typename Actual, typename Model, typename... Values>
+    void both(Actual* actual, Model* model, const Values&... values) {
         wild_ = input_.was_wild();
-        orvel_test::perform({call}, canvas_);
-        if (!wild_) perform(call);
+        actual(canvas_, values...);
+        if (!wild_) model(model_, values...);
+    }
+
+    void shape() {
+        const int which = input_.byte() % 6;
+        const orvel_color c = input_.color();
+        int n[6];
+        for (int& number : n) number = input_.number();
+        switch (which) {
+        case 0: return both(orvel_canvas_fill_rect, model::fill_rect, n[0], n[1], n[2], n[3], c);
+        case 1: return both(orvel_canvas_rect, model::rect, n[0], n[1], n[2], n[3], c);
+        case 2: return both(orvel_canvas_line, model::line, n[0], n[1], n[2], n[3], c);
+        case 3: return both(orvel_canvas_circle, model::circle, n[0], n[1], n[2], c);
+        case 4: return both(orvel_canvas_fill_circle, model::fill_circle, n[0], n[1], n[2], c);
+        default:
+            return both(orvel_canvas_fill_triangle, model::fill_triangle, n[0], n[1], n[2], n[3],
+                        n[4], n[5], c);
+        }
     }
 
     void text() {
-        const Call call{
-            Call::kWrite, {input_.number(), input_.number()}, input_.text(), input_.color()};
+        const int x = input_.number(), y = input_.number();
+        const std::string text = input_.text();
+        const orvel_color color = input_.color();
         wild_ = input_.was_wild();
-        orvel_test::perform({call}, canvas_);
-        if (!wild_) perform(call);
+        orvel_text_draw(canvas_, text.c_str(), x, y, color);
+        if (!wild_) model::text_draw(model_, text, x, y, color);
     }
 
     void icon() {
@@ -77,23 +94,51 @@ private:
         const int x = input_.number(), y = input_.number(), size = input_.number();
         const orvel_color c = input_.color(), a = input_.color(), b = input_.color();
         wild_ = input_.was_wild();
-        orvel_draw_icon_ex(canvas_, name.c_str(), x, y, size, c, a, b);
-        if (!wild_) draw_icon(name, x, y, size, {c, a, b});
-    }
-
-    void bitmap() {
-        const Call call{Call::kBitmap, {input_.number(), input_.number()}, "image", {}};
-        wild_ = input_.was_wild();
-        orvel_test::perform({call}, canvas_);
-        if (!wild_) perform(call);
+        as_on_a_larger_canvas([&](orvel_canvas* canvas) {
+            orvel_draw_icon_ex(canvas, name.c_str(), x, y, size, c, a, b);
+        });
     }
 
     void widget() {
-        const fuzz::WidgetPair pair = fuzz::any_widget(input_, canvas_, &theme_);
+        const fuzz::AnyWidget any = fuzz::any_changed_widget(input_);
         wild_ = input_.was_wild();
-        orvel_widget_draw(pair.actual.get());
+        // Their icons take their ground from what was painted under their corner, wherever that is.
+        wild_ |= any.kind == ORVEL_WIDGET_LIST_ITEM || any.kind == ORVEL_WIDGET_SEARCH;
+        as_on_a_larger_canvas(
+            [&](orvel_canvas* canvas) { orvel_widget_draw(any.make(canvas, &theme_).get()); });
+    }
+
+    void bitmap() {
+        const int x = input_.number(), y = input_.number();
+        wild_ = input_.was_wild();
+        orvel_icon_draw_bitmap(canvas_, "image", x, y);
         if (wild_) return;
-        for (const Call& call : orvel_test::widget_calls(pair.expected, theme_)) perform(call);
+        const std::string file = resources_.get("Icons/image.bmp");
+        const orvel_test::BitmapModel bitmap(file);
+        orvel_canvas* const canvas = orvel_canvas_create(kWidth, kHeight);
+        std::copy_n(model_.pixels(), kWidth * kHeight, canvas->pixels.get());
+        bitmap.draw(canvas, x, y);
+        std::copy_n(canvas->pixels.get(), kWidth * kHeight, model_.pixels());
+        orvel_canvas_destroy(canvas);
+    }
+
+    /// Draws what has no model. Unless its numbers are wild and wrap, it is cut off at the canvas
+    /// and nowhere else: on a larger canvas the same is to be seen in this part.
+    template <typename Draw>
+    void as_on_a_larger_canvas(const Draw& draw) {
+        draw(canvas_);
+        if (wild_) return;
+        orvel_canvas* const larger = orvel_canvas_create(2 * kWidth, 2 * kHeight);
+        for (int y = 0; y < kHeight; ++y) {
+            std::copy_n(model_.pixels() + y * kWidth, kWidth,
+                        larger->pixels.get() + y * 2 * kWidth);
+        }
+        draw(larger);
+        for (int y = 0; y < kHeight; ++y) {
+            std::copy_n(larger->pixels.get() + y * 2 * kWidth, kWidth,
+                        model_.pixels() + y * kWidth);
+        }
+        orvel_canvas_destroy(larger);
     }
 
     void colors() {
@@ -132,59 +177,10 @@ private:
         orvel_canvas_destroy(copy);
     }
 
-    /// The call on the model.
-    void perform(const Call& call) {
-        const std::vector<int>& n = call.numbers;
-        const orvel_color c = call.color;
-        switch (call.function) {
-        case Call::kFill: return model::fill_rect(model_, n[0], n[1], n[2], n[3], c);
-        case Call::kFrame: return model::rect(model_, n[0], n[1], n[2], n[3], c);
-        case Call::kLine: return model::line(model_, n[0], n[1], n[2], n[3], c);
-        case Call::kRing: return model::circle(model_, n[0], n[1], n[2], c);
-        case Call::kDisc: return model::fill_circle(model_, n[0], n[1], n[2], c);
-        case Call::kTriangle:
-            return model::fill_triangle(model_, n[0], n[1], n[2], n[3], n[4], n[5], c);
-        case Call::kWrite: return model::text_draw(model_, call.text, n[0], n[1], c);
-        case Call::kIcon: {
-            orvel_color background = model::pixel_get(model_, n[0], n[1]);
-            if (background.a == 0) background = {0, 0, 0, 255};
-            return draw_icon(call.text, n[0], n[1], n[2], {c, c, background});
-        }
-        case Call::kBitmap: return draw_bitmap(call.text, n[0], n[1]);
-        }
-    }
-
-    void draw_icon(const std::string& name, int x, int y, int size,
-                   const orvel_test::IconColors& colors) {
-        if (size < 1) return;
-        if (!orvel_icon_exists(name.c_str())) {
-            return model::rect(model_, x, y, size, size, colors.c);
-        }
-        on_a_canvas([&](orvel_canvas* canvas) { icons_.draw(canvas, name, x, y, size, colors); });
-    }
-
-    void draw_bitmap(const std::string& name, int x, int y) {
-        const bool complete = name.find('.') != std::string::npos;
-        const std::string file = resources_.get("Icons/" + name + (complete ? "" : ".bmp"));
-        const orvel_test::BitmapModel bitmap(file);
-        on_a_canvas([&](orvel_canvas* canvas) { bitmap.draw(canvas, x, y); });
-    }
-
-    /// For models that draw on a canvas of the library's.
-    template <typename Draw>
-    void on_a_canvas(Draw draw) {
-        orvel_canvas* const canvas = orvel_canvas_create(kWidth, kHeight);
-        std::copy_n(model_.pixels(), kWidth * kHeight, canvas->pixels.get());
-        draw(canvas);
-        std::copy_n(canvas->pixels.get(), kWidth * kHeight, model_.pixels());
-        orvel_canvas_destroy(canvas);
-    }
-
     void adopt() { std::copy_n(canvas_->pixels.get(), kWidth * kHeight, model_.pixels()); }
 
     fuzz::Input input_;
     const fuzz::Resources& resources_;
-    const orvel_test::IconModel& icons_;
     orvel_canvas* const canvas_ = orvel_canvas_create(kWidth, kHeight);
     model::Canvas model_{kWidth, kHeight};
     orvel_theme theme_;
@@ -195,8 +191,7 @@ private:
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const fuzz::Resources resources;
-    static const orvel_test::IconModel icons;
     resources.put("Icons/image.bmp", "");
-    Screen(fuzz::Input(data, size), resources, icons).run();
+    Screen(fuzz::Input(data, size), resources).run();
     return 0;
 }

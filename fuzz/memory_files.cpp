@@ -1,6 +1,7 @@
 // Resource files without a file system, which a run would spend most of its time in: the linker
 // leads the calls that open files here, and those for files below the root end here.
 #include <fcntl.h>
+#include <sys/stat.h>
 
 #include <cerrno>
 #include <cstdarg>
@@ -16,6 +17,7 @@ constexpr int kDescriptor = 1 << 20;  // beyond those of any process
 std::map<std::string, std::string> s_files;
 std::string* s_opened = nullptr;  // the file that kDescriptor stands for
 std::FILE* s_stream = nullptr;    // that reads it
+std::FILE* s_written = nullptr;   // the stream that writes it
 
 bool is_here(const char* path) { return std::strncmp(path, kRoot, std::strlen(kRoot)) == 0; }
 
@@ -37,13 +39,15 @@ extern "C" {
 int __real_open(const char* path, int flags, ...);
 int __real_close(int descriptor);
 std::FILE* __real_fdopen(int descriptor, const char* mode);
-std::FILE* __real_fopen(const char* path, const char* mode);
+int __real_fileno(std::FILE* stream);
+int __real_fstat(int descriptor, struct stat* info);
 int __real_setvbuf(std::FILE* stream, char* block, int mode, std::size_t size);
 
 int __wrap_open(const char* path, int flags, ...);
 int __wrap_close(int descriptor);
 std::FILE* __wrap_fdopen(int descriptor, const char* mode);
-std::FILE* __wrap_fopen(const char* path, const char* mode);
+int __wrap_fileno(std::FILE* stream);
+int __wrap_fstat(int descriptor, struct stat* info);
 int __wrap_setvbuf(std::FILE* stream, char* block, int mode, std::size_t size);
 
 int __wrap_open(const char* path, int flags, ...) {
@@ -54,7 +58,7 @@ int __wrap_open(const char* path, int flags, ...) {
         va_end(list);
         return __real_open(path, flags, mode);
     }
-    s_opened = find(path);
+    s_opened = flags & O_CREAT ? &(s_files[path] = "") : find(path);
     if (s_opened) return kDescriptor;
     errno = ENOENT;
     return -1;
@@ -66,18 +70,27 @@ int __wrap_close(int descriptor) {
 
 std::FILE* __wrap_fdopen(int descriptor, const char* mode) {
     if (descriptor != kDescriptor) return __real_fdopen(descriptor, mode);
+    s_stream = nullptr;
+    if (*mode == 'w') {
+        s_written = fopencookie(s_opened, mode, {nullptr, append, nullptr, nullptr});
+        return s_written;
+    }
     static char block[1024];
     s_stream = fmemopen(s_opened->data(), s_opened->size(), mode);
     __real_setvbuf(s_stream, block, _IOFBF, sizeof block);
     return s_stream;
 }
 
-std::FILE* __wrap_fopen(const char* path, const char* mode) {
-    if (!is_here(path)) return __real_fopen(path, mode);
-    s_stream = nullptr;
-    std::string& file = s_files[path];
-    file.clear();
-    return fopencookie(&file, mode, {nullptr, append, nullptr, nullptr});
+int __wrap_fileno(std::FILE* stream) {
+    return stream == s_written ? kDescriptor : __real_fileno(stream);
+}
+
+int __wrap_fstat(int descriptor, struct stat* info) {
+    if (descriptor != kDescriptor) return __real_fstat(descriptor, info);
+    *info = {};
+    info->st_mode = S_IFREG;
+    info->st_size = static_cast<off_t>(s_opened->size());
+    return 0;
 }
 
 /// Without a block, such a stream would be read byte by byte.

@@ -35,6 +35,11 @@ run_consumer() {  # PROGRAM
         "$source_folder/include/orvel.h")" ] || fail "$1 uses version $version"
 }
 
+flags=()  # what pkg-config says; it quotes for the shell
+flags_of() {  # PKG_CONFIG_NAME
+    eval "flags=($(pkg-config --cflags --libs "$1"))"
+}
+
 build_with_cmake() {  # LANGUAGE CMAKE_OPTIONS...
     local language=$1
     shift
@@ -55,7 +60,34 @@ moved_tree() {  # PREFIX
     fi
 }
 
+# The libraries of a copy of the sources in FOLDER, with nothing but a compiler and CMake.
+build_copy() {  # FOLDER CMAKE_BUILD_OPTION...
+    local folder=$1 entry
+    shift
+    mkdir -p "$folder"
+    for entry in "$source_folder"/*; do
+        case ${entry##*/} in
+        build | demo-output) ;;
+        *) cp -R "$entry" "$folder" ;;
+        esac
+    done
+    {
+        cmake -S "$folder" -B "$folder/build" -DCMAKE_DISABLE_FIND_PACKAGE_CLI11=ON \
+            -DCMAKE_DISABLE_FIND_PACKAGE_PNG=ON -DCMAKE_DISABLE_FIND_PACKAGE_GTest=ON &&
+            cmake --build "$folder/build" -j "$(getconf _NPROCESSORS_ONLN)" "$@"
+    } >cmake.log 2>&1 || fail "$(cat cmake.log)"
+}
+
 case $3 in
+plain_builds_need_a_compiler_alone_and_make_the_same_bytes_everywhere)
+    build_copy "$work/one" --target OrvelSDK --target hello
+    build_copy "$work/another folder/with a longer name" --target OrvelSDK
+    library=$(cd one && find build -name 'libOrvelSDK.*' -type f)
+    cmp "one/$library" "another folder/with a longer name/$library" || fail "other bytes"
+    one/build/examples/hello || fail "a host of a plain build"
+    grep -q 'CMAKE_BUILD_TYPE:STRING=Release' "$work/one/build/CMakeCache.txt" ||
+        fail "a plain build is not optimised"
+    ;;
 pkg_config_from_c)
     install_into "$work/prefix"
     use_prefix "$work/prefix"
@@ -75,11 +107,60 @@ pkg_config_from_cpp_in_a_moved_tree)
     ;;
 find_package_from_c)
     install_into "$work/prefix"
+    use_prefix "$work/prefix"  # macOS: the host names the library without a path
     build_with_cmake C -DCMAKE_PREFIX_PATH="$work/prefix"
     ;;
 find_package_from_cpp_in_a_moved_tree)
     moved_tree "$work/a folder with spaces"
+    use_prefix "$work/a folder with spaces"
     build_with_cmake CXX -DCMAKE_PREFIX_PATH="$work/a folder with spaces"
+    ;;
+kit_by_pkg_config_shared_and_static_in_a_moved_tree)
+    moved_tree "$work/a folder with spaces"
+    use_prefix "$work/a folder with spaces"
+    for kit in orvelkit orvelkit-static; do
+        flags_of $kit
+        cc -std=c99 -pedantic -Wall -Wextra -Werror "$consumer/kit_consumer.c" -o $kit-c "${flags[@]}"
+        c++ -std=c++20 -Wall -Wextra -Werror "$consumer/kit_consumer.cpp" -o $kit-cpp "${flags[@]}"
+        run_consumer ./$kit-c
+        run_consumer ./$kit-cpp
+        [ "$(pkg-config --modversion $kit)" = "$(pkg-config --modversion orvelsdk)" ] ||
+            fail "the version of $kit.pc"
+    done
+    # A host of the archive needs no shared kit.
+    rm -f "$LD_LIBRARY_PATH"/libOrvelKit.so* "$LD_LIBRARY_PATH"/libOrvelKit*.dylib
+    run_consumer ./orvelkit-static-c
+    if ./orvelkit-c 2>shared.log; then fail "the shared kit was linked as an archive"; fi
+    ;;
+kit_by_find_package_shared_and_static_in_a_moved_tree)
+    moved_tree "$work/a folder with spaces"
+    for language in C CXX; do
+        for kit in Kit KitStatic; do
+            rm -rf build
+            build_with_cmake $language -DKIT=$kit -DCMAKE_PREFIX_PATH="$work/a folder with spaces"
+        done
+    done
+    ;;
+kit_that_is_not_installed_is_told)
+    for component in liborvelsdk0 liborvelsdk-dev; do
+        cmake --install "$build_folder" --prefix "$work/prefix" --component $component >install.log ||
+            fail "$(cat install.log)"
+    done
+    build_with_cmake C -DCMAKE_PREFIX_PATH="$work/prefix"
+    if cmake -S "$consumer" -B asking -G Ninja -DWAY=installed -DLANGUAGE=C -DKIT=Kit \
+        -DCMAKE_PREFIX_PATH="$work/prefix" >asking.log 2>&1; then
+        fail "a kit is found that was not installed"
+    fi
+    grep -q "was installed without its component Kit" asking.log || fail "$(cat asking.log)"
+    ;;
+archive_brings_only_the_faces_that_are_named)
+    install_into "$work/prefix"
+    use_prefix "$work/prefix"
+    flags_of orvelkit-static
+    cc -std=c99 "$consumer/kit_consumer.c" -o consumer "${flags[@]}"
+    nm consumer >symbols
+    grep -q ' kit_sans_12$' symbols || fail "the face is missing"
+    if grep -E ' kit_(digits|bold|mono|sans_40)' symbols; then fail "faces come along unasked"; fi
     ;;
 install_name_on_macos)
     # Elsewhere, what CMake would do there is read from the files that it generates.
@@ -89,16 +170,30 @@ install_name_on_macos)
             [ "$(otool -D "$library" | tail -n 1)" = OrvelSDK ] || fail "$(otool -D "$library")"
             [ -e "$(dirname "$library")/OrvelSDK" ] || fail "programs do not find $library"
         done
+        for library in "$build_folder/libOrvelKit.dylib" "$work/prefix/lib/libOrvelKit.dylib"; do
+            [ "$(otool -D "$library" | tail -n 1)" = @rpath/libOrvelKit.dylib ] ||
+                fail "$(otool -D "$library")"
+            otool -L "$library" | grep -q '@rpath/libOrvelSDK.dylib' || fail "$(otool -L "$library")"
+        done
     else
-        cmake -S "$source_folder" -B build -G Ninja -DCMAKE_SYSTEM_NAME=Darwin \
-            -DCMAKE_TRY_COMPILE_TARGET_TYPE=STATIC_LIBRARY \
-            -DCMAKE_INSTALL_NAME_TOOL=/usr/bin/install_name_tool \
-            -DORVEL_BUILD_TESTS=OFF -DORVEL_BUILD_TOOLS=OFF >cmake.log 2>&1 ||
+        (cd "$source_folder" && cmake --preset tarball -B "$work/build" -DORVEL_BUILD_TOOLS=OFF \
+            -DCMAKE_SYSTEM_NAME=Darwin -DCMAKE_TRY_COMPILE_TARGET_TYPE=STATIC_LIBRARY \
+            -DCMAKE_CXX_OSX_DEPLOYMENT_TARGET_FLAG=-mmacosx-version-min= \
+            -DCMAKE_INSTALL_NAME_TOOL=/usr/bin/install_name_tool) >cmake.log 2>&1 ||
             fail "$(cat cmake.log)"
-        [ "$(grep -v install_name_tool build/build.ninja |
-            grep -o -E 'install_name[^ ]*|SONAME.*')" = install_name,OrvelSDK ] ||
-            fail "the linker is told more or less than the install name OrvelSDK"
-        if grep -r install_name build/cmake_install.cmake build/src/cmake_install.cmake; then
+        [ "$(grep -v install_name_tool build/build.ninja | grep -o -E 'install_name[^ ]*|SONAME.*' |
+            sort | xargs)" = "install_name,@rpath/libOrvelKit.dylib install_name,OrvelSDK" ] ||
+            fail "the linker is told more or less than the two install names"
+        for exports in exports_apple.txt exports_kit_apple.txt; do
+            [ "$(grep -c "exported_symbols_list,$source_folder/cmake/$exports" build/build.ninja)" = 1 ] ||
+                fail "no library exports what $exports says"
+        done
+        grep -q -E 'change OrvelSDK @rpath/libOrvelSDK.dylib .*libOrvelKit' build/build.ninja ||
+            fail "the kit does not find the library by its run path"
+        grep -q -e '-mmacosx-version-min=11.0' build/build.ninja ||
+            fail "the tarball is for no older macOS than the builder's"
+        if grep -r -E 'install_name| -id' build/cmake_install.cmake build/src/cmake_install.cmake \
+            build/kit/cmake_install.cmake | grep -v rpath; then
             fail "the installation changes the install name"
         fi
         [ "$(readlink build/OrvelSDK)" = libOrvelSDK.dylib ] ||

@@ -1,4 +1,4 @@
-// The font table as it is printed: five glyphs a line, five bytes a glyph, column 0 first. Kept as
+// The font's bytes written out: five glyphs a line, five bytes a glyph, column 0 first. Kept as
 // text and apart from the library's own table, which must equal it.
 #pragma once
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# usage: scripts_test.sh SOURCE_FOLDER CASE
+# usage: scripts_test.sh SOURCE_FOLDER CASE [BUILD_FOLDER]
 # The commands at the top of the tree, with a package manager that only writes down what it is told.
 set -euo pipefail
 
@@ -43,7 +43,70 @@ bootstrap() {  # SCOPE; leaves $status, $output, $error
     error=$(cat "$work/err")
 }
 
+# A tool by its name, refusing what macOS's does not take.
+refused() {  # COMMAND...
+    ! "$@" </dev/null >/dev/null 2>&1 || fail "not refused: $*"
+}
+
+# A program that does nothing, or what it is given.
+stand_in() {  # NAME [COMMANDS]
+    mkdir -p "$work/bin"
+    printf '#!/bin/bash\n%s\n' "${2:-}" >"$work/bin/$1"
+    chmod +x "$work/bin/$1"
+}
+
 case $2 in
+bsd_tools_are_unlike_gnus)
+    [ "$(uname)" != Darwin ] || exit 0
+    touch "$work/file"
+    refused sed -i s/a/b/ "$work/file"
+    refused sed 's/a\+/b/' "$work/file"
+    refused date -d @0
+    refused readlink -f "$work"
+    refused mktemp --suffix=.txt
+    refused stat -c %s "$work/file"
+    refused find -name file
+    refused find "$work" -printf '%f\n'
+    refused grep -P a "$work/file"
+    refused cp --recursive "$work/file" "$work/copy"
+    refused head --lines=1 "$work/file"
+    refused xargs -r echo
+    refused nproc
+    refused realpath "$work"
+    expect "lines, as text" "$(printf 'a\nb\n' | wc -l)" "       2 "
+    expect "what xargs does with nothing" "$(xargs echo ran </dev/null)" ""
+    expect "what sed makes of it" "$(echo aab | sed -E 's/a+/c/')" cb
+    ;;
+demo_and_check_run_with_bsd_tools)
+    tree="$work/a tree"
+    mkdir -p "$tree/build/release"
+    cp -R "$source_folder/demo" "$source_folder/check" "$source_folder/scripts" \
+        "$source_folder/CMakePresets.json" "$tree"
+    ln -s "$3/examples" "$3/orvel-bmp2png" "$tree/build/release"
+    for tool in cmake apt-get brew; do stand_in $tool; done
+    stand_in dpkg-query 'echo installed'
+    stand_in ctest 'echo "1/1 Test #1: A.B ......   Passed    0.01 sec"; echo "100% tests passed"'
+    PATH=$work/bin:$PATH
+    "$tree/demo" "$work/pictures" >"$work/said" || fail "$(cat "$work/said")"
+    for file in hello.bmp hello.png gallery.html; do
+        [ -s "$work/pictures/$file" ] || fail "no $file:" "$(cat "$work/said")"
+    done
+    grep -qx '  hello.png' "$work/said" || fail "$(cat "$work/said")"
+    expect "what check says" "$("$tree/check" -R canvas)" "building (release)
+testing (release)
+100% tests passed"
+    ;;
+those_for_linux_say_so_elsewhere)
+    stand_in uname 'echo Darwin'
+    echo 'import sys; sys.platform = "darwin"' >"$work/sitecustomize.py"
+    for command in .ci/run bench/run scripts/matrix scripts/mutate scripts/coverage scripts/valgrind; do
+        status=0
+        PATH=$work/bin:$PATH PYTHONPATH=$work "$source_folder/$command" >"$work/out" 2>&1 || status=$?
+        expect "status of $command" $status 1
+        expect "what $command says" "$(cat "$work/out")" \
+            "${command#scripts/}: it needs Linux"
+    done
+    ;;
 bootstrap_is_silent_and_fetches_nothing_when_nothing_is_missing)
     machine_without
     bootstrap ci
@@ -60,6 +123,12 @@ bootstrap_installs_only_what_is_missing)
     expect "the package manager was told" "$(cat "$work/told")" \
         "-q -o DPkg::Lock::Timeout=120 update
 -q -y -o DPkg::Lock::Timeout=120 install --no-install-recommends ninja-build libcli11-dev"
+    ;;
+bootstrap_fetches_for_the_library_a_compiler_and_cmake_alone)
+    machine_without g++ cmake ninja-build pkg-config libpng-dev libcli11-dev python3 libfreetype-dev \
+        libfontconfig-dev fonts-dejavu-core libsdl2-dev libgtest-dev
+    bootstrap library
+    expect output "$output" "bootstrap: installing g++ cmake ninja-build"
     ;;
 bootstrap_takes_the_first_name_that_the_system_knows)
     machine_without libclang-rt-dev libclang-common-14-dev
@@ -95,19 +164,19 @@ bootstrap_without_a_package_manager_names_what_is_missing)
         fail "$error"
     ;;
 commands_explain_themselves)
-    for command in demo check scripts/bootstrap scripts/build scripts/draw; do
+    for command in demo check scripts/bake scripts/bootstrap scripts/build scripts/draw; do
         [[ $("$source_folder/$command" --help) == "usage: "*"$command"* ]] || fail "$command --help"
     done
     ;;
 mistakes_are_said_in_one_line)
     for call in "demo --unknown" "check unknown" "scripts/bootstrap unknown" "scripts/build unknown" \
-        "scripts/draw nowhere /tmp"; do
+        "scripts/draw nowhere /tmp" "scripts/bake unknown"; do
         read -r command argument <<<"$call"
         status=0
         # shellcheck disable=SC2086  # several arguments
         "$source_folder/$command" $argument >/dev/null 2>"$work/err" || status=$?
         [ "$status" != 0 ] || fail "$call succeeds"
-        expect "lines of $call" "$(wc -l <"$work/err")" 1
+        [ "$(wc -l <"$work/err")" -eq 1 ] || fail "$call says:" "$(cat "$work/err")"
     done
     ;;
 *) fail "unknown case $2" ;;

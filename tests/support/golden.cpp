@@ -5,9 +5,11 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <iostream>
 #include <sstream>
 #include <utility>
 
+#include "support/cases.h"
 #include "support/files.h"
 
 namespace orvel_test {
@@ -120,13 +122,22 @@ void leave_images(const std::string& file, const std::string& name, const orvel_
     orvel_canvas_save_bmp(difference.get(), (folder + base + ".difference.bmp").c_str());
 }
 
-bool updating() { return std::getenv("ORVEL_UPDATE_GOLDEN") != nullptr; }
+/// ORVEL_UPDATE_GOLDEN=1 renews all, otherwise it names a file or a section.
+bool updating(const std::string& file, const std::string& name) {
+    const char* const value = std::getenv("ORVEL_UPDATE_GOLDEN");
+    const std::string which = value ? value : "";
+    return which == "1" || (!which.empty() && (which == name || which == file));
+}
 
 }  // namespace
 
 void expect_golden_text(const std::string& file, const std::string& name, const std::string& text) {
+    if (is_replay()) {
+        std::cout << file << ", " << name << ":\n" << text;
+        return;
+    }
     GoldenFile golden(file);
-    if (updating()) return golden.set(name, text);
+    if (updating(file, name)) return golden.set(name, text);
     const std::string* expected = golden.find(name);
     ASSERT_NE(expected, nullptr) << file << " has no section " << name;
     EXPECT_EQ(text, *expected) << file << ", " << name << ": " << first_difference(text, *expected);
@@ -139,7 +150,7 @@ void expect_golden(const std::string& file, const std::string& name, const orvel
         << file << ", " << name << ": a colour without a letter\n"
         << actual;
     GoldenFile golden(file);
-    if (updating()) return golden.set(name, actual);
+    if (updating(file, name)) return golden.set(name, actual);
     const std::string* expected = golden.find(name);
     ASSERT_NE(expected, nullptr) << file << " has no section " << name;
     if (actual == *expected) return;

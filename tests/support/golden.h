@@ -9,12 +9,14 @@ namespace orvel_test {
 
 /// Fails unless the canvas, as a picture, equals the section @p name of the file tests/golden/@p
 /// file. On failure it names the first differing pixel, shows both pictures and leaves actual,
-/// expected and difference images in the build folder's golden-failures. With ORVEL_UPDATE_GOLDEN=1
-/// in the environment the section is written instead, and must then be read like code.
+/// expected and difference images in the build folder's golden-failures. With
+/// ORVEL_UPDATE_GOLDEN=1, or its own name or its file's there, the section is written instead, and
+/// must then be read like code.
 void expect_golden(const std::string& file, const std::string& name, const orvel_canvas* canvas,
                    const Palette& palette);
 
-/// The same for text that is not a picture, such as a list of checksums.
+/// The same for text that is not a picture, such as a list of checksums. Printed, not compared,
+/// when one case of a sweep is replayed.
 void expect_golden_text(const std::string& file, const std::string& name, const std::string& text);
 
 }  // namespace orvel_test

@@ -1,0 +1,65 @@
+// Words, plainly: a text becomes a list of characters, each character's pixels are put one by one,
+// and a line is broken by trying every end.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "models/canvas_model.h"
+#include "orvel_kit.h"
+
+namespace model {
+
+/// A scalar value as UTF-8.
+std::string utf8(char32_t code);
+
+/// The characters of a text; U+FFFD for each longest part that begins some character and is none.
+std::vector<char32_t> characters(const std::string& text);
+
+/// What a letter looks like: its pixels from the origin, y upwards from the baseline.
+struct Letter {
+    int advance = 0;
+    struct Dot {
+        int x, y;
+    };
+    std::vector<Dot> dots;
+};
+
+/// The letters of a face: what it lacks is decided here, too.
+using Letters = std::function<Letter(char32_t)>;
+
+/// The measures of a face.
+struct Measures {
+    int ascent, descent, line, cap;
+};
+
+class Words {
+public:
+    Words(Letters letters, Measures measures);
+
+    long long width(const std::string& text) const;
+    void draw(Canvas& canvas, const std::string& text, long long x, long long baseline,
+              orvel_color color) const;
+    /// 0, or 1 when it was cut.
+    int box(Canvas& canvas, const std::string& text, kit_box box, int align,
+            orvel_color color) const;
+    /// How many lines.
+    int wrap(Canvas& canvas, const std::string& text, kit_box box, int align,
+             orvel_color color) const;
+
+private:
+    using Codes = std::vector<char32_t>;
+    long long width_of(const Codes& codes) const;
+    Codes shortened(Codes codes, long long room) const;
+    void put(Canvas& canvas, const Codes& codes, kit_box box, int align, long long baseline,
+             orvel_color color) const;
+    void put_at(Canvas& canvas, const Codes& codes, long long x, long long baseline, kit_box clip,
+                orvel_color color) const;
+    std::vector<Codes> lines(const Codes& codes, int room) const;
+
+    Letters letters_;
+    Measures measures_;
+};
+
+}  // namespace model

@@ -1,0 +1,41 @@
+// The numbered cases of a sweep, each of which can be replayed alone: ORVEL_SWEEP_CASE=n.
+#pragma once
+
+#include <cstdint>
+
+namespace orvel_test {
+
+class Cases {
+public:
+    class Iterator {
+    public:
+        explicit Iterator(std::uint64_t number) : number_(number) {}
+        std::uint64_t operator*() const { return number_; }
+        Iterator& operator++() {
+            ++number_;
+            return *this;
+        }
+        bool operator!=(const Iterator& other) const { return number_ != other.number_; }
+
+    private:
+        std::uint64_t number_;
+    };
+
+    Cases(std::uint64_t first, std::uint64_t last) : first_(first), last_(last) {}
+    Iterator begin() const { return Iterator(first_); }
+    Iterator end() const { return Iterator(last_); }
+
+private:
+    std::uint64_t first_, last_;
+};
+
+/// The number in an environment variable; @p otherwise when it is not set, and 0 for what is none.
+std::uint64_t number_from(const char* variable, std::uint64_t otherwise);
+
+/// Whether one case alone is asked for.
+bool is_replay();
+
+/// 0 ... @p count - 1, or only the case that is to be replayed.
+Cases cases(std::uint64_t count);
+
+}  // namespace orvel_test

@@ -1,0 +1,147 @@
+#include "system/players.h"
+
+#include <fcntl.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+
+#include "system/ledger.h"
+#include "system/shared.h"
+#include "system/system.h"
+
+namespace orvel_test::torture {
+namespace {
+
+constexpr int kMostPlayers = 16;
+
+struct Player {
+    pid_t pid;
+    bool ends;      // by itself
+    char name[16];  // of the program; empty when none could be run
+};
+
+/// Shared with the players, which fill in what they become.
+struct Players {
+    Player all[kMostPlayers];
+    int count;
+};
+Players& s_players = shared<Players>();
+int s_started = -1;  // in a child, the end of a pipe that tells its parent by being closed
+
+enum class State { plays, ended, gone };
+
+State state_of(pid_t pid) {
+    siginfo_t info = {};
+    if (waitid(P_PID, static_cast<id_t>(pid), &info, WEXITED | WNOHANG | WNOWAIT) != 0) {
+        return State::gone;
+    }
+    return info.si_pid == 0 ? State::plays : State::ended;
+}
+
+void wait_until_ended(pid_t pid) {
+    siginfo_t info = {};
+    waitid(P_PID, static_cast<id_t>(pid), &info, WEXITED | WNOWAIT);
+}
+
+void end_and_reap(pid_t pid) {
+    kill(pid, SIGKILL);
+    waitpid(pid, nullptr, 0);
+}
+
+bool is_player(pid_t pid) {
+    for (int i = 0; i < s_players.count; ++i) {
+        if (s_players.all[i].pid == pid) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+/// Returns in the parent when the child plays or has ended, so that their calls have one order.
+pid_t start_child() {
+    if (fails(Call::fork)) return -1;
+    int ends[2];
+    if (s_players.count == kMostPlayers || pipe2(ends, O_CLOEXEC) != 0) return -1;
+    Player& player = s_players.all[s_players.count++];
+    player = {};
+    const pid_t pid = fork();
+    close(ends[pid == 0 ? 0 : 1]);
+    if (pid == 0) {
+        s_started = ends[1];
+        return 0;
+    }
+    char nothing;
+    [[maybe_unused]] const ssize_t end_of_file = read(ends[0], &nothing, 1);
+    close(ends[0]);
+    player.pid = pid;
+    if (player.ends) wait_until_ended(pid);
+    return pid;
+}
+
+int become_player(const char* program, const char* name, ...) {
+    if (s_started < 0) std::abort();  // the host itself would be replaced by the player
+    Player& player = s_players.all[s_players.count - 1];
+    player.ends = true;
+    if (fails(Call::execl)) return -1;
+    if (!is_installed(program)) {
+        errno = ENOENT;
+        return -1;
+    }
+    std::snprintf(player.name, sizeof player.name, "%s", name);
+    if (machine().tracks_are_short) _exit(0);
+    player.ends = false;
+    close(s_started);
+    for (;;) pause();
+}
+
+int end_child(pid_t pid, int signal) {
+    const bool failing = fails(Call::kill);
+    if (!is_player(pid)) return -1;  // not even when the library asks for everybody's end
+    if (!failing) return kill(pid, signal);
+    kill(pid, SIGKILL);  // without a signal of the library's the track plays to its end
+    errno = EPERM;
+    return -1;
+}
+
+pid_t wait_for_child(pid_t pid, int* status, int options) {
+    const Way way = way_of(options & WNOHANG ? Call::poll_child : Call::wait_for_child);
+    if (way == Way::succeeds) return waitpid(pid, status, options);
+    if (way == Way::fails && is_player(pid)) {
+        end_and_reap(pid);  // as a host does that waits for all its children
+        errno = ECHILD;
+    }
+    return -1;
+}
+
+std::string players() {
+    constexpr const char* kStates[] = {" plays", " ended", " is gone"};
+    std::string text;
+    for (int i = 0; i < s_players.count; ++i) {
+        const Player& player = s_players.all[i];
+        const State state = state_of(player.pid);
+        text += std::string(text.empty() ? "" : ", ") + (*player.name ? player.name : "no player") +
+                kStates[static_cast<int>(state)];
+    }
+    return text.empty() ? "no child" : text;
+}
+
+int unreaped_players() {
+    int count = 0;
+    for (int i = 0; i < s_players.count; ++i) {
+        if (state_of(s_players.all[i].pid) != State::gone) ++count;
+    }
+    return count;
+}
+
+void end_all_players() {
+    for (int i = 0; i < s_players.count; ++i) {
+        if (state_of(s_players.all[i].pid) != State::gone) end_and_reap(s_players.all[i].pid);
+    }
+    s_players.count = 0;
+}
+
+}  // namespace orvel_test::torture

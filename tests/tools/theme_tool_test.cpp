@@ -1,0 +1,372 @@
+// orvel-theme, the rules it checks by, and the theme files that are delivered.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+#include <filesystem>
+
+#include "support/cases.h"
+#include "support/files.h"
+#include "support/picture.h"
+#include "support/process.h"
+#include "support/random.h"
+#include "theme_check.h"
+#include "tools/png.h"
+
+namespace {
+
+using orvel_test::cases;
+using orvel_test::Finished;
+using orvel_test::is_replay;
+using orvel_test::Random;
+using orvel_test::read_file;
+using orvel_test::run;
+using orvel_test::TempFolder;
+using orvel_test::write_file;
+using orvel_tools::check_theme;
+using orvel_tools::contrast;
+using orvel_tools::Finding;
+
+constexpr const char* kTheme = ORVEL_BINARY_DIR "/orvel-theme";
+constexpr const char* kThemes = ORVEL_SOURCE_DIR "/share/themes";
+constexpr const char* kKeys[] = {"background", "surface",      "text",        "accent", "border",
+                                 "button",     "button_hover", "button_text", "error"};
+
+const std::string kComplete = R"({
+  "background":   "#1e1e2e",
+  "surface":      "#28283a",
+  "text":         "#cdd6f4",
+  "accent":       "#89b4fa",
+  "border":       "#45475a",
+  "button":       "#313244",
+  "button_hover": "#45475a",
+  "button_text":  "#cdd6f4",
+  "error":        "#f38ba8"
+}
+)";
+
+std::string replaced(std::string text, const std::string& from, const std::string& to) {
+    const std::size_t at = text.find(from);
+    EXPECT_NE(at, std::string::npos) << from;
+    return text.replace(at, from.size(), to);
+}
+
+/// The findings as text, one a line.
+std::string found_in(const std::string& text) {
+    std::string lines;
+    for (const Finding& finding : check_theme(text)) {
+        lines += std::to_string(finding.line) + " " + finding.key + ": " + finding.message + "\n";
+    }
+    return lines;
+}
+
+TEST(ThemeCheck, ACompleteFileHasNoFindings) { EXPECT_EQ(found_in(kComplete), ""); }
+
+TEST(ThemeCheck, EveryKeyIsMissed) {
+    for (const std::string key : kKeys) {
+        EXPECT_EQ(found_in(replaced(kComplete, "\"" + key + "\"", "\"other\"")),
+                  "0 " + key + ": missing, so the colour stays what it was before the load\n");
+    }
+}
+
+TEST(ThemeCheck, KeysOfAnotherCaseAreMissing) {
+    EXPECT_EQ(found_in(replaced(kComplete, "\"error\"", "\"Error\"")),
+              "0 error: missing, so the colour stays what it was before the load\n");
+}
+
+TEST(ThemeCheck, AnEmptyValueKeepsTheColour) {
+    EXPECT_EQ(found_in(replaced(kComplete, "#89b4fa", "")),
+              "5 accent: empty, so the colour stays what it was before the load\n");
+}
+
+TEST(ThemeCheck, AShortValueBecomesWhite) {
+    EXPECT_EQ(found_in(replaced(kComplete, "#89b4fa", "#fff")),
+              "5 accent: \"#fff\" is too short and becomes white\n");
+    EXPECT_EQ(found_in(replaced(kComplete, "#89b4fa", "#")),
+              "5 accent: \"#\" is too short and becomes white\n");
+    EXPECT_EQ(found_in(replaced(kComplete, "#89b4fa", std::string("#89\0b4fa", 8))),
+              "5 accent: \"#89...\" is too short and becomes white\n");
+}
+
+TEST(ThemeCheck, SixDigitsWithoutASignAndInCapitalsAreFine) {
+    EXPECT_EQ(found_in(replaced(kComplete, "#89b4fa", "89B4FA")), "");
+}
+
+TEST(ThemeCheck, ABadDigitCountsAs0) {
+    EXPECT_EQ(found_in(replaced(kComplete, "#89b4fa", "#12345g")),
+              "5 accent: \"#12345g\" has a bad digit, which counts as 0\n");
+    EXPECT_EQ(found_in(replaced(kComplete, "#89b4fa", "##ff0000")),
+              "5 accent: \"##ff0000\" has a bad digit, which counts as 0\n");
+}
+
+TEST(ThemeCheck, DigitsAfterTheSixthDoNotCount) {
+    EXPECT_EQ(found_in(replaced(kComplete, "#89b4fa", "#ff000080")),
+              "5 accent: \"#ff000080\" is too long; only its first six digits count\n");
+}
+
+TEST(ThemeCheck, ANumberForAValueIsToldWithWhatIsTakenInstead) {
+    EXPECT_EQ(found_in(replaced(kComplete, "\"#1e1e2e\"", "5")),
+              "2 background: not followed by its value; the loader takes the next text in quotes "
+              "after a colon, \"surface\"\n");
+}
+
+TEST(ThemeCheck, AKeyThatFirstStandsAsAValueIsToldWithWhatIsTakenInstead) {
+    EXPECT_EQ(found_in(replaced(kComplete, "{\n", "{ \"name\": \"text\",\n")),
+              "1 text: not followed by its value; the loader takes the next text in quotes after a "
+              "colon, \"#1e1e2e\"\n");
+}
+
+TEST(ThemeCheck, AnUnfinishedValueKeepsTheColour) {
+    EXPECT_EQ(
+        found_in(replaced(kComplete, "#f38ba8\"\n}\n", "#f38ba8")),
+        "10 error: has no value in quotes, so the colour stays what it was before the load\n");
+    EXPECT_EQ(
+        found_in(replaced(kComplete, ":        \"#f38ba8\"", "")),
+        "10 error: has no value in quotes, so the colour stays what it was before the load\n");
+}
+
+TEST(ThemeCheck, OfAKeyGivenTwiceOnlyTheFirstCounts) {
+    EXPECT_EQ(found_in(replaced(kComplete, "}\n", "\"accent\": \"#000000\"}\n")),
+              "5 accent: given more than once; only the first one counts\n");
+}
+
+TEST(ThemeCheck, OrderAndLayoutDoNotMatter) {
+    std::string text;
+    for (const std::string key : kKeys) {
+        text.insert(0, "'" + key + "' \"" + key + "\"\t:\r\n  \"ABCDEF\"");
+    }
+    EXPECT_EQ(found_in(text), "");
+}
+
+/// Exactly the keys said to keep their colour are those that the library leaves unchanged.
+TEST(ThemeCheck, AgreesWithTheLibraryAboutWhatStaysUnchanged) {
+    const TempFolder folder;
+    ASSERT_EQ(orvel_set_resource_path(folder.path().c_str()), 0);
+    for (std::size_t length = 0; length <= kComplete.size(); ++length) {
+        const std::string text = kComplete.substr(0, length);
+        write_file(folder / "UI/cut.json", text);
+        orvel_theme theme = {};  // alpha 0, which no load gives
+        ASSERT_EQ(orvel_theme_load(&theme, "cut.json"), 0);
+        std::string kept, said;
+        const orvel_color fields[] = {theme.background,   theme.surface,     theme.text,
+                                      theme.accent,       theme.border,      theme.button,
+                                      theme.button_hover, theme.button_text, theme.error};
+        for (std::size_t i = 0; i < 9; ++i)
+            kept += fields[i].a == 0 ? kKeys[i] + std::string(" ") : "";
+        for (const Finding& finding : check_theme(text)) {
+            ASSERT_NE(finding.message.find("stays what it was"), std::string::npos);
+            said += finding.key + " ";
+        }
+        EXPECT_EQ(said, kept) << "the first " << length << " bytes";
+    }
+    orvel_set_resource_path("");
+}
+
+/// Fails unless the library did to a colour, whose alpha was 7, what the finding of its key says.
+void expect_as_loaded(const std::string& text, const std::string& key, orvel_color loaded) {
+    std::string message;
+    for (const Finding& finding : check_theme(text)) {
+        if (finding.key == key) message = finding.message;
+    }
+    const auto says = [&message](const char* words) {
+        return message.find(words) != std::string::npos;
+    };
+    const orvel_color white = {255, 255, 255, 255};
+    if (says("stays what it was")) {
+        EXPECT_EQ(loaded.a, 7) << key << ": " << message << " in:\n" << text;
+    } else if (!says("the next text in quotes")) {  // which may itself be empty
+        EXPECT_EQ(loaded.a, 255) << key << ": " << message << " in:\n" << text;
+    }
+    if (says("becomes white")) {
+        EXPECT_EQ(loaded, white) << key << " in:\n" << text;
+    }
+}
+
+TEST(ThemeCheck, AgreesWithTheLibraryAboutAnyText) {
+    const TempFolder folder;
+    orvel_set_resource_path(folder.path().c_str());
+    const std::string words[] = {"\"background\"", "\"button\"", "\"error\"", ":",    "\"", "#",
+                                 "12abEF",         ",",          "\"#1234\"", "text", "\n", "\"\""};
+    int changed = 0;
+    for (const std::uint64_t number : cases(2000)) {
+        Random random(number);
+        std::string text;
+        for (int left = random.between(0, 30); left > 0; --left) {
+            text += words[random.between(0, 11)];
+        }
+        write_file(folder / "UI/any.json", text);
+        orvel_theme theme;
+        std::memset(&theme, 7, sizeof theme);
+        ASSERT_EQ(orvel_theme_load(&theme, "any.json"), 0);
+        expect_as_loaded(text, "background", theme.background);
+        expect_as_loaded(text, "button", theme.button);
+        expect_as_loaded(text, "error", theme.error);
+        changed += theme.error.a == 255;
+        if (testing::Test::HasFailure()) FAIL() << "replay it with ORVEL_SWEEP_CASE=" << number;
+    }
+    EXPECT_TRUE(is_replay() || changed > 200) << changed;
+    orvel_set_resource_path("");
+}
+
+TEST(Contrast, GivesTheRatiosThatTheGuidelinesAreKnownBy) {
+    constexpr orvel_color black = {0, 0, 0, 255}, white = {255, 255, 255, 255};
+    EXPECT_DOUBLE_EQ(contrast(black, white), 21.0);
+    EXPECT_DOUBLE_EQ(contrast(white, black), 21.0);
+    EXPECT_DOUBLE_EQ(contrast(white, white), 1.0);
+    // The lightest grey that words may have on white, and the first that is too light.
+    EXPECT_GE(contrast({0x76, 0x76, 0x76, 255}, white), 4.5);
+    EXPECT_LT(contrast({0x77, 0x77, 0x77, 255}, white), 4.5);
+    EXPECT_NEAR(contrast({255, 0, 0, 255}, white), 3.998, 0.001);
+    EXPECT_NEAR(contrast({0, 0, 255, 255}, white), 8.592, 0.001);
+}
+
+std::vector<std::string> delivered_themes() {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(kThemes)) {
+        names.push_back(entry.path().filename().string());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+TEST(DeliveredThemes, AreSix) {
+    EXPECT_EQ(delivered_themes(),
+              (std::vector<std::string>{"forest.json", "high-contrast.json", "lagoon.json",
+                                        "midnight.json", "paper.json", "terminal.json"}));
+}
+
+TEST(DeliveredThemes, AreByteForByteWhatTheLibrarySaves) {
+    const TempFolder folder;
+    ASSERT_EQ(orvel_set_resource_path(folder.path().c_str()), 0);
+    for (const std::string& name : delivered_themes()) {
+        const std::string bytes = read_file(std::string(kThemes) + "/" + name);
+        write_file(folder / "UI/" + name, bytes);
+        orvel_theme theme = {};
+        ASSERT_EQ(orvel_theme_load(&theme, name.c_str()), 0);
+        ASSERT_EQ(orvel_theme_save(&theme, "saved.json"), 0);
+        EXPECT_EQ(bytes.size(), 264u);
+        EXPECT_EQ(read_file(folder / "UI/saved.json"), bytes) << name;
+    }
+    orvel_set_resource_path("");
+}
+
+TEST(DeliveredThemes, GiveAllWordsAContrastOfAtLeast4Point5) {
+    for (const std::string& name : delivered_themes()) {
+        const Finished done =
+            run({kTheme, "check", std::string(kThemes) + "/" + name, "--min-contrast", "4.5"});
+        EXPECT_EQ(done.status, 0) << done.output << done.error;
+    }
+}
+
+class ThemeTool : public testing::Test {
+protected:
+    orvel_test::TempFolder folder;
+    const std::string file = folder / "mine.json";
+
+    Finished check(const std::string& text, std::vector<std::string> options = {}) {
+        write_file(file, text);
+        options.insert(options.begin(), {kTheme, "check", file});
+        return run(options);
+    }
+};
+
+TEST_F(ThemeTool, ACompleteThemeExitsWith0AndShowsEveryRatio) {
+    const Finished done = check(kComplete);
+    EXPECT_EQ(done.status, 0);
+    EXPECT_EQ(done.error, "");
+    EXPECT_EQ(done.output,
+              file +
+                  ": all nine colours are there\n"
+                  "  11.34  text on background           labels, list items\n"
+                  "   9.98  text on surface              text boxes, title bars\n"
+                  "   6.31  text on button_hover         selected menu and list items\n"
+                  "   8.69  button_text on button        buttons\n"
+                  "   6.31  button_text on button_hover  buttons under the pointer\n"
+                  "   6.85  accent on surface            the selected tab\n"
+                  "   7.79  background on accent         window titles, badges, avatars\n"
+                  "   7.08  error on background          the host's own messages\n");
+}
+
+TEST_F(ThemeTool, FindingsNameFileAndLineAndExitWith1) {
+    const Finished done =
+        check(replaced(replaced(kComplete, "#89b4fa", "#fff"), "\"error\"", "\"e\""));
+    EXPECT_EQ(done.status, 1);
+    EXPECT_EQ(
+        done.output.rfind(file + ":5: accent: \"#fff\" is too short and becomes white\n" + file +
+                              ": error: missing, so the colour stays what it was before the "
+                              "load\n",
+                          0),
+        0u)
+        << done.output;
+}
+
+TEST_F(ThemeTool, RatiosBelowTheWantedOneExitWith1) {
+    const Finished done = check(kComplete, {"--min-contrast", "6.5"});
+    EXPECT_EQ(done.status, 1);
+    EXPECT_NE(done.output.find("   6.31  text on button_hover         selected menu and list items"
+                               "  <- too low\n"),
+              std::string::npos)
+        << done.output;
+    EXPECT_EQ(check(kComplete, {"--min-contrast", "6.3"}).status, 0);
+}
+
+TEST_F(ThemeTool, ThePreviewShowsTheNineColoursInOrderUnderWidgetsInTheTheme) {
+    const std::string lagoon = std::string(kThemes) + "/lagoon.json";
+    const Finished done = run({kTheme, "check", lagoon, "--preview", folder / "sheet.png"});
+    EXPECT_EQ(done.status, 0) << done.error;
+    const orvel_tools::Picture sheet = orvel_test::read_png(folder / "sheet.png");
+    ASSERT_EQ(sheet.width, 480);
+    ASSERT_EQ(sheet.height, 320);
+    constexpr orvel_color kBackground = {0xee, 0xf8, 0xf8, 255}, kAccent = {0x00, 0x6a, 0x73, 255};
+    constexpr orvel_color kHover = {0xb0, 0xd5, 0xd7, 255}, kError = {0xa8, 0x12, 0x3a, 255};
+    const orvel_color swatches[] = {kBackground, {0xdc, 0xef, 0xef, 255}, {0x12, 0x36, 0x3b, 255},
+                                    kAccent,     {0x9c, 0xc3, 0xc6, 255}, {0xc8, 0xe3, 0xe4, 255},
+                                    kHover,      {0x0d, 0x2c, 0x30, 255}, kError};
+    for (int i = 0; i < 9; ++i) EXPECT_EQ(sheet.at(36 + 51 * i, 284), swatches[i]) << i;
+    EXPECT_EQ(sheet.at(2, 2), kBackground);
+    EXPECT_EQ(sheet.at(200, 13), kAccent);  // the window's title band
+    EXPECT_EQ(sheet.at(136, 40), kHover);   // the button under the pointer
+}
+
+TEST_F(ThemeTool, APreviewThatCannotBeWrittenIsAnError) {
+    const Finished done = check(kComplete, {"--preview", folder / "none/sheet.png"});
+    EXPECT_EQ(done.status, 2);
+    EXPECT_EQ(done.error.rfind("orvel-theme: " + (folder / "none/sheet.png"), 0), 0u) << done.error;
+}
+
+TEST_F(ThemeTool, LeavesNoFilesBehind) {
+    setenv("TMPDIR", folder.path().c_str(), 1);
+    EXPECT_EQ(check(kComplete).status, 0);
+    unsetenv("TMPDIR");
+    const auto entries = std::filesystem::directory_iterator(folder.path());
+    EXPECT_EQ(std::distance(begin(entries), end(entries)), 1);
+}
+
+TEST_F(ThemeTool, ErrorsAreOneLineAndStatus2) {
+    const std::vector<std::pair<std::vector<std::string>, std::string>> cases = {
+        {{}, "A subcommand is required (orvel-theme --help tells more)"},
+        {{"check"}, "FILE is required (orvel-theme --help tells more)"},
+        {{"check", folder / "none.json"}, (folder / "none.json") + ": No such file or directory"},
+        {{"check", folder.path()}, folder.path() + ": not a file"},
+    };
+    for (const auto& [arguments, message] : cases) {
+        std::vector<std::string> command = {kTheme};
+        command.insert(command.end(), arguments.begin(), arguments.end());
+        const Finished done = run(command);
+        EXPECT_EQ(done.status, 2);
+        EXPECT_EQ(done.output, "");
+        EXPECT_EQ(done.error, "orvel-theme: " + message + "\n");
+    }
+}
+
+TEST_F(ThemeTool, HelpAndVersionExitWith0) {
+    for (const std::vector<std::string>& arguments :
+         std::vector<std::vector<std::string>>{{kTheme, "--help"}, {kTheme, "check", "--help"}}) {
+        const Finished help = run(arguments);
+        EXPECT_EQ(help.status, 0);
+        EXPECT_NE(help.output.find("Usage: orvel-theme"), std::string::npos);
+    }
+    EXPECT_EQ(run({kTheme, "--version"}).output, std::string(orvel_version()) + "\n");
+}
+
+}  // namespace
