@@ -1,5 +1,7 @@
 #include <cairo.h>
 
+#include <map>
+
 #include "player.h"
 
 namespace bench {
@@ -9,6 +11,7 @@ struct Cairo {
     cairo_surface_t* surface;
     cairo_t* context;
     int width, height;
+    std::map<std::pair<int, int>, cairo_scaled_font_t*> fonts;  // by size and weight
 
     Cairo(int w, int h)
         : surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, w, h)),
@@ -25,6 +28,7 @@ struct Cairo {
         cairo_set_font_size(context, 8.0);
     }
     ~Cairo() {
+        for (const auto& [key, font] : fonts) cairo_scaled_font_destroy(font);
         cairo_destroy(context);
         cairo_surface_destroy(surface);
     }
@@ -79,6 +83,20 @@ struct Cairo {
         cairo_line_to(context, op.x2, op.y2);
         cairo_close_path(context);
         cairo_fill(context);
+    }
+    void words(const Op& op) {
+        cairo_scaled_font_t*& font = fonts[{op.x1, op.y1}];
+        if (!font) {
+            cairo_save(context);
+            cairo_select_font_face(context, "DejaVu Sans", CAIRO_FONT_SLANT_NORMAL,
+                                   op.y1 ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
+            cairo_set_font_size(context, op.x1);
+            font = cairo_scaled_font_reference(cairo_get_scaled_font(context));
+            cairo_restore(context);
+        }
+        cairo_set_scaled_font(context, font);
+        cairo_move_to(context, op.x0, op.y0);
+        cairo_show_text(context, op.text.c_str());
     }
     void text(const Op& op) {
         cairo_move_to(context, op.x0, op.y0 + 7);

@@ -50,6 +50,18 @@ struct Gd {
         gdImageString(image, font, op.x0, op.y0, bytes, color);
     }
 
+#ifdef ORVEL_BENCH_FONT
+    void words(const Op& op) {
+        constexpr double kPointsPerPixel = 0.75;  // at 96 to the inch, as it has them
+        auto* path = const_cast<char*>(op.y1 ? ORVEL_BENCH_BOLD : ORVEL_BENCH_FONT);
+        auto* bytes = const_cast<char*>(op.text.c_str());
+        int corners[8];
+        // A negative colour is one without anti-aliasing.
+        gdImageStringFT(image, corners, -color, path, op.x1 * kPointsPerPixel, 0, op.x0, op.y0,
+                        bytes);
+    }
+#endif
+
     bool save(const char* path, int depth) {
         if (depth != 24) return false;
         std::FILE* file = std::fopen(path, "wb");

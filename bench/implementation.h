@@ -32,6 +32,7 @@ Implementation gd();
 Implementation cairo();
 Implementation pixman();
 Implementation sdl();
+Implementation sdl_ttf();
 Implementation sdl_gfx();
 Implementation qt();
 Implementation imlib();

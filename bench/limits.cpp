@@ -87,6 +87,10 @@ Run rows_of(const Op& op, int height) {
     switch (op.shape) {
     case Shape::pixel: break;
     case Shape::text: bottom = op.y0 + 7; break;
+    case Shape::words:
+        top = op.y0 - op.x1;
+        bottom = op.y0 + op.x1;
+        break;
     case Shape::rect:
     case Shape::fill: bottom = op.y0 + op.y1; break;
     case Shape::circle:
@@ -235,7 +239,9 @@ Job prepare(const Workload& work) {
     case Task::draw:
     case Task::icons:
     case Task::redraw:
-    case Task::rebuild: return {stores<fill>(work), {}};
+    case Task::rebuild:
+    case Task::words: return {stores<fill>(work), {}};
+    case Task::dashboard: return {};
     case Task::save: return {writing(work.file), {}};
     case Task::bitmap: return {reading(work), {}};
     case Task::tone: return {writing("/tmp/orvelsdk_tone.wav"), {}};

@@ -65,7 +65,7 @@ int block_length(std::vector<Contender>& contenders) {
 /// other fonts, and pictures with alpha are read in different ways.
 bool plausible(const Workload& work, long painted, long ours) {
     if (ours == 0) return painted == 0;
-    const bool loose = work.task != Task::draw || work.ops.front().shape == Shape::text;
+    const bool loose = work.task != Task::draw || work.ops.front().shape >= Shape::text;
     return painted >= ours / 3 && painted <= (loose ? ours * 3 : ours * 3 / 2);
 }
 
@@ -287,6 +287,9 @@ std::vector<Implementation> implementations() {
 #endif
 #ifdef ORVEL_BENCH_SDL
     all.push_back(sdl());
+#endif
+#ifdef ORVEL_BENCH_SDL_TTF
+    all.push_back(sdl_ttf());
 #endif
 #ifdef ORVEL_BENCH_SDL_GFX
     all.push_back(sdl_gfx());

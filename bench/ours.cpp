@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "dashboard.h"
 #include "screen.h"
 
 namespace bench {
@@ -58,6 +59,10 @@ struct Whole : Ours {
         case Task::rebuild:
             return [self](int times) {
                 while (times-- > 0) draw_screen(Screen(self->canvas).widgets);
+            };
+        case Task::dashboard:
+            return [self](int times) {
+                while (times-- > 0) draw_dashboard(self->canvas, kit_text_box);
             };
         case Task::tone:
             return [](int times) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "orvel_kit.h"
 #include "player.h"
 
 namespace bench {
@@ -33,6 +34,18 @@ struct Ours {
         orvel_canvas_fill_triangle(canvas, op.x0, op.y0, op.x1, op.y1, op.x2, op.y2, color);
     }
     void text(const Op& op) { orvel_text_draw(canvas, op.text.c_str(), op.x0, op.y0, color); }
+
+    void words(const Op& op) {
+        kit_text_draw(canvas, face_of(op), op.text.c_str(), op.x0, op.y0, color);
+    }
+    static const kit_face* face_of(const Op& op) {
+        switch (op.x1) {
+        case 11: return op.y1 ? kit_bold_11() : kit_sans_11();
+        case 12: return op.y1 ? kit_bold_12() : kit_sans_12();
+        case 18: return op.y1 ? kit_bold_18() : kit_sans_18();
+        default: return kit_sans_40();
+        }
+    }
 
     bool save(const char* path, int depth) {
         const auto write = depth == 24 ? orvel_canvas_save_bmp : orvel_canvas_save_bmp_rgba;

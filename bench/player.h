@@ -37,6 +37,8 @@ bool with_shape(Shape shape, Visit visit) {
         return offer([](auto& p, const Op& op) -> decltype(p.triangle(op)) { p.triangle(op); });
     case Shape::text:
         return offer([](auto& p, const Op& op) -> decltype(p.text(op)) { p.text(op); });
+    case Shape::words:
+        return offer([](auto& p, const Op& op) -> decltype(p.words(op)) { p.words(op); });
     }
     return false;
 }
@@ -98,8 +100,11 @@ template <typename Peer>
 std::function<void(int)> runner(std::shared_ptr<Peer> peer, const Workload& work) {
     switch (work.task) {
     case Task::create:
-        return repeat<Peer>(
-            peer, [](Peer&, const Workload& w) { Peer::create(w.width, w.height); }, work);
+        if constexpr (requires { Peer::create(1, 1); }) {
+            return repeat<Peer>(
+                peer, [](Peer&, const Workload& w) { Peer::create(w.width, w.height); }, work);
+        }
+        return {};
     case Task::clear:
         return repeat<Peer>(
             peer, [](Peer& p, const Workload&) { p.clear(kInk); }, work);
@@ -122,6 +127,8 @@ std::function<void(int)> runner(std::shared_ptr<Peer> peer, const Workload& work
     case Task::rebuild:
         if constexpr (requires { Peer::own(peer, work); }) return Peer::own(peer, work);
         return scene(peer, work);
+    case Task::words: return scene(peer, work);
+    case Task::dashboard:
     case Task::tone:
         if constexpr (requires { Peer::own(peer, work); }) return Peer::own(peer, work);
         return {};

@@ -14,6 +14,8 @@ struct Qt {
     QPainter painter;
     QColor color;
     std::map<const Op*, QStaticText> texts;
+    std::map<const Op*, int> ascents;
+    std::map<std::pair<int, int>, QFont> fonts;  // by size and weight
     enum class Mode { none, outline, area } mode = Mode::none;
 
     Qt(int width, int height) : image(width, height, QImage::Format_RGB32), painter(&image) {
@@ -80,6 +82,24 @@ struct Qt {
             text.setPerformanceHint(QStaticText::AggressiveCaching);
         }
         painter.drawStaticText(op.x0, op.y0, text);
+    }
+    void words(const Op& op) {
+        outlines();
+        QStaticText& text = texts[&op];
+        QFont& font = fonts[{op.x1, op.y1}];
+        if (text.text().isEmpty()) {
+            font = QFont("DejaVu Sans");
+            font.setPixelSize(op.x1);
+            font.setBold(op.y1 == 1);
+            font.setStyleStrategy(QFont::NoAntialias);
+            text.setText(QString::fromUtf8(op.text.c_str()));
+            text.setTextFormat(::Qt::PlainText);
+            text.setPerformanceHint(QStaticText::AggressiveCaching);
+            text.prepare({}, font);
+            ascents[&op] = QFontMetrics(font).ascent();
+        }
+        painter.setFont(font);
+        painter.drawStaticText(op.x0, op.y0 - ascents[&op], text);
     }
 
     bool save(const char* path, int depth) { return depth == 24 && image.save(path, "BMP"); }

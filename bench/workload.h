@@ -8,10 +8,11 @@
 
 namespace bench {
 
-enum class Shape { pixel, line, rect, fill, circle, disc, triangle, text };
+enum class Shape { pixel, line, rect, fill, circle, disc, triangle, text, words };
 
 /// One drawing call. Lines and triangles have two and three points; rectangles and boxes a corner
-/// and their size in x1, y1; circles and discs a centre and their radius in x1.
+/// and their size in x1, y1; circles and discs a centre and their radius in x1. Words are readable:
+/// they stand on the baseline y0, x1 pixels large, and are bold where y1 is 1.
 struct Op {
     Shape shape;
     int x0, y0, x1, y1, x2, y2;
@@ -19,7 +20,19 @@ struct Op {
     std::string text;
 };
 
-enum class Task { create, clear, draw, save, bitmap, icons, redraw, rebuild, tone };
+enum class Task {
+    create,
+    clear,
+    draw,
+    save,
+    bitmap,
+    icons,
+    redraw,
+    rebuild,
+    words,
+    dashboard,
+    tone
+};
 
 /// The ratios to reach; 0 where there is none.
 struct Goal {

@@ -9,6 +9,7 @@
 #include <iostream>
 #include <sstream>
 
+#include "dashboard.h"
 #include "screen.h"
 
 namespace bench {
@@ -184,6 +185,67 @@ void add_text(Table& table) {
         {"text of 80", Task::draw, 640, 240, spread(text, 640, 240, 640, 13), {0.2, 2}});
 }
 
+/// What the dashboard of the examples writes, as it is being drawn.
+std::vector<Op>* s_words = nullptr;
+
+int note_words(orvel_canvas*, const kit_face* face, const char* text, kit_box box, kit_align align,
+               orvel_color color) {
+    const struct {
+        const kit_face* face;
+        int size, bold;
+    } faces[] = {{kit_sans_11(), 11, 0}, {kit_bold_11(), 11, 1}, {kit_sans_12(), 12, 0},
+                 {kit_bold_12(), 12, 1}, {kit_bold_18(), 18, 1}, {kit_sans_40(), 40, 0}};
+    const int spare = box.w - kit_text_width(face, text);
+    const int moved = align == KIT_CENTRE ? spare / 2 : align == KIT_RIGHT ? spare : 0;
+    for (const auto& known : faces) {
+        if (known.face != face) continue;
+        Op words = op(Shape::words, box.x + moved, box.y + (box.h + kit_face_cap(face)) / 2,
+                      known.size, known.bold);
+        words.color = color;
+        words.text = text;
+        s_words->push_back(words);
+    }
+    return 0;
+}
+
+std::vector<Op> words_of_the_dashboard() {
+    std::vector<Op> words;
+    s_words = &words;
+    orvel_canvas* const canvas = orvel_canvas_create(DASHBOARD_W, DASHBOARD_H);
+    draw_dashboard(canvas, note_words);
+    orvel_canvas_destroy(canvas);
+    return words;
+}
+
+void add_words(Table& table) {
+    Op words = op(Shape::words, 0, 10, 12);
+    words.text = "Größe 42 €";
+    add_inside(table, "words of 10 letters", words, 80, 16, {1.0, 0}, true);
+    const char* const lines[] = {
+        "A screen is drawn on a canvas, in the colours of a theme, and saved",
+        "as a picture. What is drawn later lies on top. A widget takes any",
+        "theme, so the primary button, the list without lines and the charts",
+        "of two colours are the same widgets with a changed copy of it, and",
+        "pictures are copied from one place or canvas to another. Nothing is",
+        "ever blended, scaled or smoothed: every pixel is a promise."};
+    std::vector<Op> paragraph;
+    for (const char* const line : lines) {
+        words.x0 = 8;
+        words.y0 = 20 + 15 * static_cast<int>(paragraph.size());
+        words.text = line;
+        paragraph.push_back(words);
+    }
+    table.push_back({"paragraph of 6 lines", Task::words, 640, 240, paragraph, {1.0, 0}});
+    table.back().counted = true;
+    table.push_back({"all words of a dashboard",
+                     Task::words,
+                     DASHBOARD_W,
+                     DASHBOARD_H,
+                     words_of_the_dashboard(),
+                     {1.0, 0}});
+    table.push_back({"dashboard of 800 × 480", Task::dashboard, DASHBOARD_W, DASHBOARD_H});
+}
+
 void add_files(Table& table, const std::string& folder) {
     const int sizes[][2] = {{320, 240}, {1920, 1080}};
     for (const int depth : {24, 32}) {
@@ -318,6 +380,7 @@ std::vector<Workload> workloads(const std::string& folder) {
     add_circles(table);
     add_triangles(table);
     add_text(table);
+    add_words(table);
     add_files(table, folder);
     add_bitmaps(table, folder);
     add_scenes(table);

@@ -101,7 +101,6 @@ def environment(tree, tools):
         "PKG_CONFIG_PATH": str(library / "pkgconfig"),
         "CMAKE_PREFIX_PATH": str(tree),
         "LD_LIBRARY_PATH": str(library),
-        "DYLD_LIBRARY_PATH": str(library),
         "PULSE_SERVER": "unix:/nonexistent",
         "PIPEWIRE_REMOTE": "nonexistent",
         "SDL_VIDEODRIVER": "dummy",
@@ -140,7 +139,7 @@ def run_blocks(page, sources, tree, work):
         elif block.language == "sh":
             commands, left_out = without(skipping, block.text)
             skipped |= left_out
-            printed = run_commands(commands, where, work, environment(tree, tools))
+            printed = run_commands(commands, where, work, environment(tree, tools), sys.platform)
         elif block.language == "text":
             if printed is None:
                 raise Failure(f"{where}: output without commands before it")
@@ -159,8 +158,20 @@ def copy_sources(sources, work):
                     ignored if pathlib.Path(folder) == sources else set())
 
 
-def run_commands(text, where, work, variables):
-    done = subprocess.run(["bash", "-euo", "pipefail", "-c", text], cwd=work, text=True,
+def shell_on(platform, library_path):
+    """The command that runs a block, and what goes before the block."""
+    shell = ["bash", "-euo", "pipefail", "-c"]
+    if platform != "darwin":
+        return shell, ""
+    # A Mac's own programs, bash among them, are started without DYLD_LIBRARY_PATH, so the block sets it.
+    # Its player makes itself heard wherever the library's root is: it must not start.
+    quiet = '(version 1)(allow default)(deny process-exec (literal "/usr/bin/afplay"))'
+    return ["sandbox-exec", "-p", quiet, *shell], f"export DYLD_LIBRARY_PATH='{library_path}'\n"
+
+
+def run_commands(text, where, work, variables, platform):
+    shell, first = shell_on(platform, variables["LD_LIBRARY_PATH"])
+    done = subprocess.run([*shell, first + text], cwd=work, text=True,
                           env=variables, stdin=subprocess.DEVNULL,
                           stdout=subprocess.PIPE, stderr=subprocess.PIPE, check=False)
     if done.returncode != 0:

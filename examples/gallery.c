@@ -3,21 +3,21 @@
 #define _POSIX_C_SOURCE 200809L
 #include <sys/stat.h>
 
+#include "orvel_kit.h"
 #include "output.h"
 
-enum { kWidth = 480, kHeight = 441, kMargin = 4, kMost = 120 };
+enum { kWidth = 560, kHeight = 524, kMargin = 4, kMost = 120 };
 
-/* Where a widget stands on the sheets, and what made it. */
+/* Where a widget stands on the sheets, and its record. */
 typedef struct {
-    int x, y, w, h;
-    const char *call, *state;
+    kit_box box;
+    const char* record;
 } shown;
 
 static shown s_shown[kMost];
 static int s_count;
 static int s_row_height;
 
-/* What the calls below are written with. */
 static orvel_canvas* canvas;
 static orvel_theme* theme;
 static int x, y;
@@ -28,140 +28,121 @@ static void start_row(void) {
     s_row_height = 0;
 }
 
-/* Makes sure that a widget of this size has its place. */
-static void place(int w, int h) {
-    if (h > s_row_height) s_row_height = h;
-    if (s_count == kMost || x + w + kMargin > kWidth || y + h + kMargin > kHeight) {
-        fputs("the gallery is too small for its widgets\n", stderr);
+/* Draws a widget in the next place, in the next row where this one is full. */
+static void show(kit_widget one, const char* record) {
+    kit_size(&one, &one.box.w, &one.box.h);
+    if (x + one.box.w + 2 * kMargin > kWidth) start_row();
+    one.box.x = x;
+    one.box.y = y;
+    if (s_count == kMost || x + one.box.w > kWidth || y + one.box.h > kHeight ||
+        kit_draw(canvas, theme, &one) != 0) {
+        fprintf(stderr, "the gallery cannot show {%s}\n", record);
         exit(1);
     }
+    s_shown[s_count++] = (shown){one.box, record};
+    x += one.box.w + 3 * kMargin;
+    if (one.box.h > s_row_height) s_row_height = one.box.h;
 }
 
-static void draw(orvel_widget* widget, int w, int h, const char* call, const char* state) {
-    if (!widget) {
-        fputs("no memory for a widget\n", stderr);
-        exit(1);
-    }
-    orvel_widget_draw(widget);
-    orvel_widget_destroy(widget);
-    const shown next = {x, y, w, h, call, state};
-    s_shown[s_count++] = next;
-    x += w + 2 * kMargin;
-}
-
-/* Draws the widget that a call makes, in the state that a statement gives it, in w x h pixels. */
-#define SHOW(w, h, call, state)            \
-    do {                                   \
-        place(w, h);                       \
-        orvel_widget* widget = call;       \
-        state;                             \
-        draw(widget, w, h, #call, #state); \
-    } while (0)
+#define SHOW(...) show((kit_widget){__VA_ARGS__}, #__VA_ARGS__)
 
 static void show_frames(void) {
     start_row();
-    SHOW(100, 50, orvel_widget_window(canvas, theme, "Files", x, y, 100, 50), );
-    SHOW(60, 50, orvel_widget_panel(canvas, theme, x, y, 60, 50), );
-    SHOW(60, 50, orvel_widget_card(canvas, theme, x, y, 60, 50), );
-    SHOW(120, 16, orvel_widget_titlebar(canvas, theme, "Notes", x, y, 120, 16), );
+    SHOW(.kind = ORVEL_WIDGET_WINDOW, .box = {.w = 150, .h = 64}, .text = "Files");
+    SHOW(.kind = ORVEL_WIDGET_PANEL, .box = {.w = 80, .h = 64});
+    SHOW(.kind = ORVEL_WIDGET_CARD, .box = {.w = 80, .h = 64});
+    SHOW(.kind = ORVEL_WIDGET_TITLEBAR, .box = {.w = 190}, .text = "Notes");
     start_row();
-    SHOW(101, 13, orvel_widget_statusbar(canvas, theme, "Ready", x, y, 100, 13), );
-    SHOW(61, 1, orvel_widget_separator(canvas, theme, x, y, 60), );
-    SHOW(61, 13, orvel_widget_tooltip(canvas, theme, "Save all", x, y), );
-    SHOW(41, 7, orvel_widget_label(canvas, theme, "Welcome", x, y), );
+    SHOW(.kind = ORVEL_WIDGET_STATUSBAR, .box = {.w = 180}, .text = "Ready");
+    SHOW(.kind = ORVEL_WIDGET_SEPARATOR, .box = {.w = 60});
+    SHOW(.kind = ORVEL_WIDGET_TOOLTIP, .text = "Save all");
+    SHOW(.kind = ORVEL_WIDGET_LABEL, .text = "Welcome");
+    SHOW(.kind = ORVEL_WIDGET_LABEL, .text = "Grüße, привет, γειά", .state = KIT_DISABLED);
+}
+
+static void show_buttons(void) {
+    start_row();
+    SHOW(.kind = ORVEL_WIDGET_BUTTON, .text = "Save");
+    SHOW(.kind = ORVEL_WIDGET_BUTTON, .text = "Save", .icon = "check");
+    SHOW(.kind = ORVEL_WIDGET_BUTTON, .text = "Save", .state = KIT_HOVER);
+    SHOW(.kind = ORVEL_WIDGET_BUTTON, .text = "Save", .state = KIT_ACTIVE);
+    SHOW(.kind = ORVEL_WIDGET_BUTTON, .text = "Save", .state = KIT_FOCUS);
+    SHOW(.kind = ORVEL_WIDGET_BUTTON, .text = "Save", .state = KIT_DISABLED);
+    start_row();
+    SHOW(.kind = ORVEL_WIDGET_TOGGLE);
+    SHOW(.kind = ORVEL_WIDGET_TOGGLE, .state = KIT_ACTIVE);
+    SHOW(.kind = ORVEL_WIDGET_TOGGLE, .state = KIT_ACTIVE | KIT_FOCUS);
+    SHOW(.kind = ORVEL_WIDGET_CHECKBOX, .text = "Bold");
+    SHOW(.kind = ORVEL_WIDGET_CHECKBOX, .text = "Bold", .state = KIT_ACTIVE);
+    SHOW(.kind = ORVEL_WIDGET_CHECKBOX, .text = "Bold", .state = KIT_FOCUS);
+    SHOW(.kind = ORVEL_WIDGET_RADIO, .text = "Left");
+    SHOW(.kind = ORVEL_WIDGET_RADIO, .text = "Left", .state = KIT_ACTIVE);
+    SHOW(.kind = ORVEL_WIDGET_RADIO, .text = "Left", .state = KIT_DISABLED);
 }
 
 static void show_fields(void) {
     start_row();
-    SHOW(60, 18, orvel_widget_button(canvas, theme, "Save", x, y, 60, 18), );
-    SHOW(60, 18, orvel_widget_button(canvas, theme, "Save", x, y, 60, 18),
-         orvel_widget_set_hover(widget, 1));
-    SHOW(80, 15, orvel_widget_textbox(canvas, theme, "Name", x, y, 80, 15), );
-    SHOW(80, 15, orvel_widget_textbox(canvas, theme, "Name", x, y, 80, 15),
-         orvel_widget_set_hover(widget, 1));
+    SHOW(.kind = ORVEL_WIDGET_TEXTBOX, .box = {.w = 100}, .hint = "Name");
+    SHOW(.kind = ORVEL_WIDGET_TEXTBOX, .box = {.w = 100}, .text = "Größe");
+    SHOW(.kind = ORVEL_WIDGET_TEXTBOX, .box = {.w = 100}, .text = "Größe", .state = KIT_HOVER);
+    SHOW(.kind = ORVEL_WIDGET_TEXTBOX, .box = {.w = 100}, .text = "Größe", .state = KIT_FOCUS,
+         .caret = 7, .anchor = 4);
     start_row();
-    SHOW(90, 16, orvel_widget_search(canvas, theme, "Find", x, y, 90, 16), );
-    SHOW(90, 16, orvel_widget_search(canvas, theme, "Find", x, y, 90, 16),
-         orvel_widget_set_active(widget, 1));
-    SHOW(80, 16, orvel_widget_dropdown(canvas, theme, "Weekly", x, y, 80, 16, 0), );
-    SHOW(80, 16, orvel_widget_dropdown(canvas, theme, "Weekly", x, y, 80, 16, 1), );
+    SHOW(.kind = ORVEL_WIDGET_SEARCH, .box = {.w = 120}, .hint = "Find");
+    SHOW(.kind = ORVEL_WIDGET_SEARCH, .box = {.w = 120}, .text = "Words", .state = KIT_ACTIVE);
+    SHOW(.kind = ORVEL_WIDGET_DROPDOWN, .box = {.w = 100}, .text = "Weekly");
+    SHOW(.kind = ORVEL_WIDGET_DROPDOWN, .box = {.w = 100}, .text = "Weekly", .state = KIT_ACTIVE);
 }
 
 static void show_pictures(void) {
     start_row();
-    SHOW(16, 16, orvel_widget_icon(canvas, theme, "home", x, y, 16), );
-    SHOW(24, 24, orvel_widget_icon(canvas, theme, "heart", x, y, 24), );
-    SHOW(32, 32, orvel_widget_icon(canvas, theme, "settings", x, y, 32), );
-    SHOW(32, 32, orvel_widget_icon(canvas, theme, "no such icon", x, y, 32), );
-    SHOW(24, 24, orvel_widget_image(canvas, theme, "target", x, y), );
-    SHOW(21, 21, orvel_widget_avatar(canvas, theme, "A", x, y, 20), );
-    SHOW(33, 33, orvel_widget_avatar(canvas, theme, "AB", x, y, 32), );
-    SHOW(21, 21, orvel_widget_avatar(canvas, theme, NULL, x, y, 20), );
-    SHOW(14, 11, orvel_widget_badge(canvas, theme, x, y, 7), );
-    SHOW(20, 11, orvel_widget_badge(canvas, theme, x, y, 42), );
-    SHOW(26, 11, orvel_widget_badge(canvas, theme, x, y, -12), );
+    SHOW(.kind = ORVEL_WIDGET_ICON, .box = {.w = 16}, .text = "home");
+    SHOW(.kind = ORVEL_WIDGET_ICON, .box = {.w = 24}, .text = "heart");
+    SHOW(.kind = ORVEL_WIDGET_ICON, .box = {.w = 32}, .text = "settings");
+    SHOW(.kind = ORVEL_WIDGET_IMAGE, .text = "target");
+    SHOW(.kind = ORVEL_WIDGET_AVATAR, .text = "A");
+    SHOW(.kind = ORVEL_WIDGET_AVATAR, .box = {.w = 32}, .text = "AB");
+    SHOW(.kind = ORVEL_WIDGET_BADGE, .amount = 7);
+    SHOW(.kind = ORVEL_WIDGET_BADGE, .amount = 42);
+    SHOW(.kind = ORVEL_WIDGET_BADGE, .text = "new");
+    SHOW(.kind = ORVEL_WIDGET_RATING, .value = 0.25);
+    SHOW(.kind = ORVEL_WIDGET_RATING, .value = 1);
 }
 
-static void show_switches(void) {
+static void show_meters(void) {
+    static const double rates[] = {0.2, 0.45, 0.3, 0.7, 0.55, 0.9, 1, 0.65};
     start_row();
-    SHOW(30, 14, orvel_widget_toggle(canvas, theme, x, y, 30, 14, 0), );
-    SHOW(30, 14, orvel_widget_toggle(canvas, theme, x, y, 30, 14, 1), );
-    SHOW(42, 9, orvel_widget_checkbox(canvas, theme, "Bold", x, y, 0), );
-    SHOW(42, 9, orvel_widget_checkbox(canvas, theme, "Bold", x, y, 1), );
-    SHOW(42, 9, orvel_widget_radio(canvas, theme, "Left", x, y, 0), );
-    SHOW(42, 9, orvel_widget_radio(canvas, theme, "Left", x, y, 1), );
-}
-
-static void show_bars(void) {
+    SHOW(.kind = ORVEL_WIDGET_SLIDER, .box = {.w = 90}, .value = 0.25);
+    SHOW(.kind = ORVEL_WIDGET_SLIDER, .box = {.w = 90}, .state = KIT_HOVER, .value = 0.5);
+    SHOW(.kind = ORVEL_WIDGET_SLIDER, .box = {.w = 90}, .state = KIT_FOCUS, .value = 0.5);
+    SHOW(.kind = ORVEL_WIDGET_SLIDER, .box = {.w = 90}, .state = KIT_DISABLED, .value = 1);
     start_row();
-    SHOW(80, 9, orvel_widget_slider(canvas, theme, x, y, 80, 0), );
-    SHOW(80, 9, orvel_widget_slider(canvas, theme, x, y, 80, 0.25), );
-    SHOW(80, 9, orvel_widget_slider(canvas, theme, x, y, 80, 0.5), );
-    SHOW(80, 9, orvel_widget_slider(canvas, theme, x, y, 80, 1), );
-    SHOW(80, 9, orvel_widget_slider(canvas, theme, x, y, 80, 0.5),
-         orvel_widget_set_hover(widget, 1));
+    SHOW(.kind = ORVEL_WIDGET_PROGRESS, .box = {.w = 90, .h = 12});
+    SHOW(.kind = ORVEL_WIDGET_PROGRESS, .box = {.w = 90, .h = 12}, .value = 0.5);
+    SHOW(.kind = ORVEL_WIDGET_PROGRESS, .box = {.w = 90, .h = 12}, .value = 1);
+    SHOW(.kind = ORVEL_WIDGET_SPINNER, .value = 0);
+    SHOW(.kind = ORVEL_WIDGET_SPINNER, .value = 0.25);
+    SHOW(.kind = ORVEL_WIDGET_SPINNER, .value = 0.6);
     start_row();
-    SHOW(80, 10, orvel_widget_progress(canvas, theme, x, y, 80, 10, 0), );
-    SHOW(80, 10, orvel_widget_progress(canvas, theme, x, y, 80, 10, 0.25), );
-    SHOW(80, 10, orvel_widget_progress(canvas, theme, x, y, 80, 10, 0.5), );
-    SHOW(80, 10, orvel_widget_progress(canvas, theme, x, y, 80, 10, 1), );
-}
-
-static void show_turns(void) {
-    start_row();
-    SHOW(24, 24, orvel_widget_spinner(canvas, theme, x, y, 24, 0), );
-    SHOW(24, 24, orvel_widget_spinner(canvas, theme, x, y, 24, 0.25), );
-    SHOW(24, 24, orvel_widget_spinner(canvas, theme, x, y, 24, 0.5), );
-    SHOW(24, 24, orvel_widget_spinner(canvas, theme, x, y, 24, 1), );
-    SHOW(50, 10, orvel_widget_rating(canvas, theme, x, y, 0), );
-    SHOW(50, 10, orvel_widget_rating(canvas, theme, x, y, 0.25), );
-    SHOW(50, 10, orvel_widget_rating(canvas, theme, x, y, 0.5), );
-    SHOW(50, 10, orvel_widget_rating(canvas, theme, x, y, 1), );
+    SHOW(.kind = ORVEL_WIDGET_BARS, .box = {.w = 120, .h = 48}, .data = rates, .count = 8);
+    SHOW(.kind = ORVEL_WIDGET_STEPPER, .amount = -42);
+    SHOW(.kind = ORVEL_WIDGET_STEPPER, .text = "21.5 °C");
+    SHOW(.kind = ORVEL_WIDGET_STEPPER, .state = KIT_FOCUS);
 }
 
 static void show_lists(void) {
     start_row();
-    SHOW(140, 18, orvel_widget_tabs(canvas, theme, "Day|Week|Month", x, y, 140, 18, 0), );
-    SHOW(140, 18, orvel_widget_tabs(canvas, theme, "Day|Week|Month", x, y, 140, 18, 2), );
-    SHOW(140, 18, orvel_widget_tabs(canvas, theme, "Day|Week|Month", x, y, 140, 18, -1), );
+    SHOW(.kind = ORVEL_WIDGET_TABS, .text = "Day|Week|Month");
+    SHOW(.kind = ORVEL_WIDGET_TABS, .text = "Day|Week|Month", .state = KIT_FOCUS, .amount = 2);
     start_row();
-    SHOW(140, 16, orvel_widget_menu(canvas, theme, "File|Edit|View", x, y, 140, 16, 1), );
-    SHOW(140, 16, orvel_widget_menu(canvas, theme, "File|Edit|View", x, y, 140, 16, 9), );
-    SHOW(80, 16, orvel_widget_stepper(canvas, theme, x, y, 80, 16, 0), );
-    SHOW(80, 16, orvel_widget_stepper(canvas, theme, x, y, 80, 16, -42), );
+    SHOW(.kind = ORVEL_WIDGET_MENU, .text = "File|Edit|View");
+    SHOW(.kind = ORVEL_WIDGET_MENU, .text = "File|Edit|View", .amount = -1);
     start_row();
-    SHOW(110, 20, orvel_widget_list_item(canvas, theme, "Inbox", "mail", x, y, 110, 20, 0), );
-    SHOW(110, 20, orvel_widget_list_item(canvas, theme, "Inbox", "mail", x, y, 110, 20, 1), );
-    SHOW(110, 20, orvel_widget_list_item(canvas, theme, "Drafts", NULL, x, y, 110, 20, 0), );
-    SHOW(110, 20, orvel_widget_list_item(canvas, theme, "Drafts", NULL, x, y, 110, 20, 1), );
-}
-
-static void show_charts(void) {
-    static const double rates[] = {0.2, 0.45, 0.3, 0.7, 0.55, 0.9, 1, 0.65};
-    start_row();
-    SHOW(90, 40, orvel_widget_bars(canvas, theme, x, y, 90, 40),
-         orvel_widget_set_data(widget, rates, 8));
-    SHOW(90, 40, orvel_widget_bars(canvas, theme, x, y, 90, 40), );
+    SHOW(.kind = ORVEL_WIDGET_LIST_ITEM, .box = {.w = 120}, .text = "Inbox", .icon = "mail");
+    SHOW(.kind = ORVEL_WIDGET_LIST_ITEM, .box = {.w = 120}, .text = "Inbox", .icon = "mail",
+         .state = KIT_ACTIVE);
+    SHOW(.kind = ORVEL_WIDGET_LIST_ITEM, .box = {.w = 120}, .text = "Drafts");
+    SHOW(.kind = ORVEL_WIDGET_LIST_ITEM, .box = {.w = 120}, .text = "Drafts", .state = KIT_FOCUS);
 }
 
 static void draw_sheet(const char* folder, const char* name) {
@@ -169,13 +150,11 @@ static void draw_sheet(const char* folder, const char* name) {
     y = 2 * kMargin;
     orvel_canvas_clear(canvas, theme->background);
     show_frames();
+    show_buttons();
     show_fields();
     show_pictures();
-    show_switches();
-    show_bars();
-    show_turns();
+    show_meters();
     show_lists();
-    show_charts();
     save(canvas, orvel_canvas_save_bmp, folder, name);
 }
 
@@ -210,8 +189,8 @@ static void put_escaped(FILE* page, const char* text) {
 static void put_crop(FILE* page, const char* sheet, const shown* one) {
     fprintf(page,
             "<td class=%s><i style=\"width:%dpx;height:%dpx;background-position:%dpx %dpx\"></i>",
-            sheet, 2 * (one->w + 2 * kMargin), 2 * (one->h + 2 * kMargin), -2 * (one->x - kMargin),
-            -2 * (one->y - kMargin));
+            sheet, 2 * (one->box.w + 2 * kMargin), 2 * (one->box.h + 2 * kMargin),
+            -2 * (one->box.x - kMargin), -2 * (one->box.y - kMargin));
 }
 
 static void put_page(FILE* page) {
@@ -227,11 +206,9 @@ static void put_page(FILE* page) {
         fputs("<tr>", page);
         put_crop(page, "dark", one);
         put_crop(page, "light", one);
-        fputs("<td><code>", page);
-        put_escaped(page, one->call);
-        if (*one->state) fputs("<br>", page);
-        put_escaped(page, one->state);
-        fputs("</code>\n", page);
+        fputs("<td><code>kit_draw(canvas, &amp;theme, &amp;(kit_widget){", page);
+        put_escaped(page, one->record);
+        fputs("});</code>\n", page);
     }
     fputs("</table></html>\n", page);
 }

@@ -1,7 +1,7 @@
 /* The 95 glyphs as the library really draws them, enlarged: a code's first hexadecimal digit stands
    at the left of its row, the second above its column. */
+#include "orvel_kit.h"
 #include "output.h"
-#include "segments.h"
 
 enum { kBlock = 4, kPitchX = 6 * kBlock + 4, kPitchY = 8 * kBlock + 4, kLeft = 36, kTop = 36 };
 
@@ -27,11 +27,14 @@ int main(int argc, char** argv) {
     const char* folder = output_folder(argc, argv);
     orvel_canvas* sheet = new_canvas(kLeft + 16 * kPitchX + 8, kTop + 6 * kPitchY + 8);
     orvel_canvas_clear(sheet, paper);
-    for (int column = 0; column < 16; ++column) {
-        draw_digit(sheet, kLeft + column * kPitchX + 6, 12, 2, column, heading);
-    }
-    for (int row = 0; row < 6; ++row) {
-        draw_digit(sheet, 14, kTop + row * kPitchY + 7, 2, row + 2, heading);
+    for (int digit = 0; digit < 16; ++digit) {
+        const char text[2] = {"0123456789ABCDEF"[digit], '\0'};
+        const kit_box above = {kLeft + digit * kPitchX, 8, 5 * kBlock, 20};
+        const kit_box beside = {8, kTop + (digit - 2) * kPitchY, 20, 7 * kBlock};
+        kit_text_box(sheet, kit_bold_14(), text, above, KIT_CENTRE, heading);
+        if (digit >= 2 && digit <= 7) {
+            kit_text_box(sheet, kit_bold_14(), text, beside, KIT_CENTRE, heading);
+        }
     }
     for (int code = 32; code <= 126; ++code) {
         draw_enlarged(sheet, (char)code, kLeft + code % 16 * kPitchX,

@@ -1,21 +1,22 @@
-#include <orvel.h>
+#include <orvel_kit.h>
 #include <stdio.h>
 
 int main(void) {
     const orvel_color night = {22, 27, 51, 255}, far = {52, 64, 105, 255};
     const orvel_color near = {32, 40, 72, 255}, light = {255, 209, 102, 255};
-    orvel_canvas* canvas = orvel_canvas_create(160, 96);
+    orvel_canvas* canvas = kit_canvas(240, 144);
     if (!canvas) return 1;
 
     orvel_canvas_clear(canvas, night);
-    orvel_canvas_fill_circle(canvas, 116, 30, 17, light);
-    orvel_canvas_fill_circle(canvas, 109, 25, 15, night);
-    orvel_canvas_fill_triangle(canvas, -20, 96, 58, 34, 130, 96, far);
-    orvel_canvas_fill_triangle(canvas, 60, 96, 124, 56, 190, 96, near);
-    orvel_text_draw(canvas, "Hello", 12, 12, light);
-    orvel_canvas_rect(canvas, 0, 0, 160, 96, light);
+    orvel_canvas_fill_circle(canvas, 186, 44, 25, light);
+    orvel_canvas_fill_circle(canvas, 175, 37, 22, night);
+    orvel_canvas_fill_triangle(canvas, -30, 144, 84, 66, 192, 144, far);
+    orvel_canvas_fill_triangle(canvas, 90, 144, 186, 90, 285, 144, near);
+    kit_text_draw(canvas, kit_bold_24(), "Hello", 18, 36, light);
+    kit_text_draw(canvas, kit_sans_12(), "Good night, hills", 19, 56, light);
+    orvel_canvas_rect(canvas, 0, 0, 240, 144, light);
 
-    const int status = orvel_canvas_save_bmp(canvas, "hello.bmp");
+    const int status = kit_save_bmp(canvas, "hello.bmp");
     orvel_canvas_destroy(canvas);
     if (status != 0) fprintf(stderr, "hello: cannot write hello.bmp\n");
     return status == 0 ? 0 : 1;

@@ -1,11 +1,10 @@
-/* All 68 icons at five sizes on both themes, with their names beside them in the library's own
- * text. */
+/* All 68 icons at three sizes on both themes, with their names below them. */
+#include "orvel_kit.h"
 #include "output.h"
 
-enum { kColumns = 4, kRows = 17, kNameWidth = 74, kGap = 10, kPitchX = 314, kPitchY = 84 };
-enum { kSizes = 5, kMargin = 10 };
+enum { COLUMNS = 7, ROWS = 10, CELL_W = 120, CELL_H = 82, MARGIN = 12, GAP = 8, SIZES = 3 };
 
-static const int sizes[kSizes] = {16, 24, 32, 48, 64};
+static const int sizes[SIZES] = {48, 24, 16};
 
 /* Whether the design measures from the top edge of the canvas: further down, home loses its body,
    and power's stem crosses everything below it. */
@@ -13,42 +12,37 @@ static int measures_from_the_top(const char* name) {
     return strcmp(name, "home") == 0 || strcmp(name, "power") == 0;
 }
 
-/* Draws the icon on a canvas of its own, and copies that so that the icon's box is at (x, y). */
-static void draw_on_sheet(orvel_canvas* sheet, const orvel_theme* theme, const char* name, int x,
-                          int y, int size) {
-    const int side = size + 2 * kGap;
-    const int top = measures_from_the_top(name) ? 1 : kGap;
-    orvel_canvas* tile = new_canvas(side, side);
+/* Draws the icon on a canvas of its own, and copies that so that the icon's box is at (x, y): with
+   what some designs paint beside their box, but of no other icon's room. */
+static void draw_icon(orvel_canvas* sheet, const orvel_theme* theme, const char* name, int x, int y,
+                      int size) {
+    const int edge = GAP / 2 - 1, top = measures_from_the_top(name) ? 1 : edge;
+    orvel_canvas* tile = new_canvas(size + 2 * edge, size + 2 * edge);
     orvel_canvas_clear(tile, theme->background);
-    orvel_draw_icon_ex(tile, name, kGap, top, size, theme->text, theme->accent, theme->background);
-    for (int row = 0; row < side; ++row) {
-        for (int column = kGap / 2; column < side - kGap / 2; ++column) {
-            orvel_canvas_pixel(sheet, x - kGap + column, y - top + row,
-                               orvel_canvas_pixel_get(tile, column, row));
-        }
-    }
+    orvel_draw_icon_ex(tile, name, edge, top, size, theme->text, theme->accent, theme->background);
+    kit_copy(sheet, x - edge, y - top, tile, NULL);
     orvel_canvas_destroy(tile);
 }
 
-static void draw_line(orvel_canvas* sheet, const orvel_theme* theme, const char* name, int x,
+static void draw_cell(orvel_canvas* sheet, const orvel_theme* theme, const char* name, int x,
                       int y) {
-    orvel_text_draw(sheet, name, x, y + 28, theme->text);
-    x += kNameWidth;
-    for (int i = 0; i < kSizes; ++i) {
-        draw_on_sheet(sheet, theme, name, x, y + (64 - sizes[i]) / 2, sizes[i]);
-        x += sizes[i] + kGap;
+    const kit_box caption = {x, y + sizes[0] + 4, CELL_W, 18};
+    int left = x + (CELL_W - 48 - 24 - 16 - 2 * GAP) / 2;
+    for (int i = 0; i < SIZES; ++i) {
+        draw_icon(sheet, theme, name, left, y + sizes[0] - sizes[i], sizes[i]);
+        left += sizes[i] + GAP;
     }
+    kit_text_box(sheet, kit_sans_11(), name, caption, KIT_CENTRE, theme->text);
 }
 
 static void draw_sheet(const orvel_theme* theme, const char* folder, const char* file) {
-    orvel_canvas* sheet =
-        new_canvas(kColumns * kPitchX + 2 * kMargin, kRows * kPitchY + 2 * kMargin);
+    orvel_canvas* sheet = new_canvas(COLUMNS * CELL_W + 2 * MARGIN, ROWS * CELL_H + MARGIN);
     orvel_canvas_clear(sheet, theme->background);
     int count = 0;
     const char** names = orvel_icon_list(&count);
     for (int i = 0; i < count; ++i) {
-        draw_line(sheet, theme, names[i], kMargin + i / kRows * kPitchX,
-                  kMargin + i % kRows * kPitchY);
+        draw_cell(sheet, theme, names[i], MARGIN + i % COLUMNS * CELL_W,
+                  MARGIN + i / COLUMNS * CELL_H);
     }
     save(sheet, orvel_canvas_save_bmp, folder, file);
     orvel_canvas_destroy(sheet);

@@ -1,29 +1,24 @@
 /* The screen of live_window without a window: what happens to it can be tested, and its pictures
-   compared, anywhere. Usage: live_picture FOLDER [REGULAR_FONT BOLD_FONT] */
-#include <stdio.h>
-
+   compared, anywhere. Usage: live_picture FOLDER */
 #include "live_screen.h"
+#include "output.h"
 
 static void click(screen* s, target what) {
-    const box at = place(s, what);
+    const kit_box at = place(s, what);
     screen_press(s, at.x + at.w / 2, at.y + at.h / 2);
     screen_release(s);
 }
 
 int main(int argc, char** argv) {
-    if (argc != 2 && argc != 4) {
-        fprintf(stderr, "usage: %s FOLDER [REGULAR_FONT BOLD_FONT]\n", argv[0]);
-        return 2;
-    }
-    page p;
-    if (page_open(&p, SCREEN_W, SCREEN_H, argv[2], argc == 4 ? argv[3] : NULL) != 0) return 1;
+    const char* folder = output_folder(argc, argv);
+    page p = {.canvas = new_canvas(SCREEN_W, SCREEN_H)};
     screen s;
     screen_open(&s);
     click(&s, ROW + 2);
     click(&s, WATER);
     for (int i = 0; i < 20; ++i) screen_tick(&s);
     screen_draw(&s, &p, "Everything in this window reacts.");
-    const int result = page_save(&p, argv[1], "live_window.bmp");
-    page_close(&p);
-    return result == 0 ? 0 : 1;
+    save(p.canvas, orvel_canvas_save_bmp, folder, "live_window.bmp");
+    orvel_canvas_destroy(p.canvas);
+    return 0;
 }

@@ -43,33 +43,33 @@ int plant_in_row(const screen* s, int row) {
 
 /* ---- Hit test ---- */
 
-static box place_on_tab(const screen* s, target what) {
-    static const box nowhere = {0, 0, 0, 0};
+static kit_box place_on_tab(const screen* s, target what) {
+    static const kit_box nowhere = {0, 0, 0, 0};
     if (s->tab == 0) {
         switch (what) {
-        case SLIDER: return (box){420, 141, 140, 9};
-        case MINUS: return (box){504, 171, 24, 24};
-        case PLUS: return (box){584, 171, 24, 24};
-        case FAN: return (box){572, 210, 36, 18};
-        case ALERT: return (box){599, 251, 9, 9};
-        case WATER: return (box){250, 282, 120, 28};
+        case SLIDER: return (kit_box){420, 141, 140, 9};
+        case MINUS: return (kit_box){504, 171, 24, 24};
+        case PLUS: return (kit_box){584, 171, 24, 24};
+        case FAN: return (kit_box){572, 210, 36, 18};
+        case ALERT: return (kit_box){599, 251, 9, 9};
+        case WATER: return (kit_box){250, 282, 120, 28};
         default: return nowhere;
         }
     }
     if (s->tab == 1 && what >= FEED && what < FEED + FEEDS) {
-        return (box){250 + 116 * (what - FEED), 168, 9, 9};
+        return (kit_box){250 + 116 * (what - FEED), 168, 9, 9};
     }
-    if (s->tab == 1 && what == NOTE) return (box){250, 236, 358, 28};
+    if (s->tab == 1 && what == NOTE) return (kit_box){250, 236, 358, 28};
     return nowhere;
 }
 
-box place(const screen* s, target what) {
-    if (what == THEME) return (box){588, 13, 36, 18};
-    if (what == SEARCH) return (box){16, 60, 200, 26};
-    if (what == REFILL) return (box){120, 404, 80, 24};
-    if (what >= TAB && what < TAB + TABS) return (box){234 + 130 * (what - TAB), 92, 130, 30};
+kit_box place(const screen* s, target what) {
+    if (what == THEME) return (kit_box){588, 13, 36, 18};
+    if (what == SEARCH) return (kit_box){16, 60, 200, 26};
+    if (what == REFILL) return (kit_box){120, 404, 80, 24};
+    if (what >= TAB && what < TAB + TABS) return (kit_box){234 + 130 * (what - TAB), 92, 130, 30};
     if (what >= ROW && plant_in_row(s, what - ROW) >= 0) {
-        return (box){16, 98 + 36 * (what - ROW), 200, 34};
+        return (kit_box){16, 98 + 36 * (what - ROW), 200, 34};
     }
     return place_on_tab(s, what);
 }
@@ -78,7 +78,7 @@ box place(const screen* s, target what) {
    margin. The label of a radio button belongs to it. */
 static target hit_test(const screen* s, int x, int y) {
     for (target what = NOTHING + 1; what < TARGETS; ++what) {
-        const box at = place(s, what);
+        const kit_box at = place(s, what);
         const int margin = at.h < 12 ? 8 : 0;
         const int label = what >= FEED && what < FEED + FEEDS ? 80 : 0;
         if (at.w > 0 && x >= at.x - margin && x < at.x + at.w + margin + label &&
@@ -92,7 +92,7 @@ static target hit_test(const screen* s, int x, int y) {
 /* ---- State ---- */
 
 static void drag_slider(screen* s, int x) {
-    const box at = place(s, SLIDER);
+    const kit_box at = place(s, SLIDER);
     const double value = (x - at.x) / (double)at.w;
     s->plants[s->selected].humidity = value < 0 ? 0 : value > 1 ? 1 : value;
 }

@@ -68,8 +68,8 @@ void screen_tab(screen* s);   /* the next field */
 void screen_leave(screen* s); /* no field */
 void screen_tick(screen* s);  /* a sixtieth of a second passed */
 
-/* Where a target is; the box is empty for a target that does not show now. */
-box place(const screen* s, target what);
+/* Where a target is; the kit_box is empty for a target that does not show now. */
+kit_box place(const screen* s, target what);
 
 /* The plant shown in a row of the list; -1 for none. */
 int plant_in_row(const screen* s, int row);

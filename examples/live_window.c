@@ -1,11 +1,12 @@
 /* live_screen in a window of SDL2's.
-   Usage: live_window [--silent] [--frames N] [REGULAR_FONT BOLD_FONT] */
+   Usage: live_window [--silent] [--frames N] */
 #include <SDL.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
 
 #include "live_screen.h"
+#include "output.h"
 
 enum { FRAME_MS = 16 };
 
@@ -18,7 +19,6 @@ typedef struct window {
 typedef struct options {
     int silent;
     long frames; /* 0: until the window is closed */
-    const char *regular, *bold;
 } options;
 
 static int read_options(options* o, int argc, char** argv) {
@@ -34,12 +34,7 @@ static int read_options(options* o, int argc, char** argv) {
             return -1;
         }
     }
-    if (argc - i != 0 && argc - i != 2) return -1;
-    if (argc - i == 2) {
-        o->regular = argv[i];
-        o->bold = argv[i + 1];
-    }
-    return 0;
+    return i == argc ? 0 : -1;
 }
 
 static void window_close(window* w) {
@@ -170,17 +165,16 @@ static void run(window* w, page* p, const options* o) {
 int main(int argc, char** argv) {
     options o;
     if (read_options(&o, argc, argv) != 0) {
-        fprintf(stderr, "usage: live_window [--silent] [--frames N] [REGULAR_FONT BOLD_FONT]\n");
+        fprintf(stderr, "usage: live_window [--silent] [--frames N]\n");
         return 2;
     }
-    page p;
+    page p = {.canvas = new_canvas(SCREEN_W, SCREEN_H)};
     window w;
-    if (page_open(&p, SCREEN_W, SCREEN_H, o.regular, o.bold) != 0) return 1;
     const int opened = window_open(&w);
     if (opened == 0) {
         run(&w, &p, &o);
         window_close(&w);
     }
-    page_close(&p);
+    orvel_canvas_destroy(p.canvas);
     return opened == 0 ? 0 : 1;
 }

@@ -1,11 +1,10 @@
-/* A music player. Usage: music_player FOLDER [REGULAR_FONT BOLD_FONT] */
-#include <stdio.h>
-
+/* A music player. Usage: music_player FOLDER */
+#include "output.h"
 #include "page.h"
 
 enum { WIDTH = 640, HEIGHT = 480, LEFT = 24, RIGHT = 616, COVER = 200, BAR = 376 };
 
-static orvel_color quiet(const page* p) { return between(p->theme.text, p->theme.surface, 45); }
+static orvel_color quiet(const page* p) { return kit_mix(p->theme.text, p->theme.surface, 45); }
 
 static orvel_color rgb(int r, int g, int b) {
     return (orvel_color){(unsigned char)r, (unsigned char)g, (unsigned char)b, 255};
@@ -15,8 +14,8 @@ static orvel_color rgb(int r, int g, int b) {
 static void draw_sky(orvel_canvas* c, int x, int y) {
     for (int row = 0; row < 132; ++row) {
         const orvel_color color =
-            row < 80 ? between(rgb(24, 20, 60), rgb(120, 60, 130), row * 100 / 80)
-                     : between(rgb(120, 60, 130), rgb(250, 150, 120), (row - 80) * 100 / 52);
+            row < 80 ? kit_mix(rgb(24, 20, 60), rgb(120, 60, 130), row * 100 / 80)
+                     : kit_mix(rgb(120, 60, 130), rgb(250, 150, 120), (row - 80) * 100 / 52);
         orvel_canvas_line(c, x, y + row, x + COVER - 1, y + row, color);
     }
     for (int i = 0; i < 34; ++i) {
@@ -35,7 +34,7 @@ static void draw_sea(orvel_canvas* c, int x, int y) {
                                rgb(66, 38, 92));
     for (int row = 132; row < COVER; ++row) {
         orvel_canvas_line(c, x, y + row, x + COVER - 1, y + row,
-                          between(rgb(96, 52, 112), rgb(20, 16, 48), (row - 132) * 100 / 68));
+                          kit_mix(rgb(96, 52, 112), rgb(20, 16, 48), (row - 132) * 100 / 68));
     }
     for (int i = 0; i < 11; ++i) { /* the moon on the water */
         const int half = 30 - 2 * i + i * 5 % 7;
@@ -64,7 +63,7 @@ static void draw_cover(const page* p, int x, int y) {
     orvel_canvas_rect(p->canvas, x - 1, y - 1, COVER + 2, COVER + 2, p->theme.border);
 }
 
-static void draw_spectrum(const page* p, box at) {
+static void draw_spectrum(const page* p, kit_box at) {
     static const int levels[] = {38, 55, 74, 92, 97, 88, 93, 81, 64, 70, 86, 90, 76, 58, 49, 61,
                                  72, 66, 80, 69, 51, 42, 48, 60, 57, 63, 47, 36, 31, 44, 52, 40,
                                  33, 38, 27, 22, 30, 34, 24, 18, 21, 15, 17, 11, 8,  6};
@@ -78,25 +77,25 @@ static void draw_spectrum(const page* p, box at) {
     show(bars);
 }
 
-static void draw_action(const page* p, const char* icon, int size, const char* name, box at,
+static void draw_action(const page* p, const char* icon, int size, const char* name, kit_box at,
                         orvel_color color) {
     show(orvel_widget_button(p->canvas, &p->theme, "", at.x, at.y, at.w, at.h));
     orvel_draw_icon(p->canvas, icon, at.x + 18 - size / 2, at.y + 13 - size / 2, size, color);
-    say(p, p->body, name, (box){at.x + 34, at.y, at.w - 34, at.h}, LETTERS_LEFT,
+    say(p, kit_sans_12(), name, (kit_box){at.x + 34, at.y, at.w - 34, at.h}, KIT_LEFT,
         p->theme.button_text);
 }
 
 static void draw_song(const page* p) {
     const orvel_theme* t = &p->theme;
     const int x = LEFT + COVER + 24, w = RIGHT - x;
-    say(p, p->small, "PLAYING FROM ALBUM", (box){x, 22, w, 14}, LETTERS_LEFT, t->accent);
-    say(p, p->heading, "Harbour Lights", (box){x, 42, w, 26}, LETTERS_LEFT, t->text);
-    say(p, p->body, "The Night Ferry  ·  Crossings  ·  2024", (box){x, 70, w, 18}, LETTERS_LEFT,
-        quiet(p));
-    draw_action(p, "heart", 18, "Liked", (box){x, 98, 84, 26}, t->error);
-    draw_action(p, "plus", 24, "Playlist", (box){x + 92, 98, 94, 26}, t->accent);
-    draw_action(p, "share", 18, "Share", (box){x + 194, 98, 84, 26}, t->accent);
-    draw_spectrum(p, (box){x, 140, w, 86});
+    say(p, kit_sans_11(), "PLAYING FROM ALBUM", (kit_box){x, 22, w, 14}, KIT_LEFT, t->accent);
+    say(p, kit_bold_18(), "Harbour Lights", (kit_box){x, 42, w, 26}, KIT_LEFT, t->text);
+    say(p, kit_sans_12(), "The Night Ferry  ·  Crossings  ·  2024", (kit_box){x, 70, w, 18},
+        KIT_LEFT, quiet(p));
+    draw_action(p, "heart", 18, "Liked", (kit_box){x, 98, 84, 26}, t->error);
+    draw_action(p, "plus", 24, "Playlist", (kit_box){x + 92, 98, 94, 26}, t->accent);
+    draw_action(p, "share", 18, "Share", (kit_box){x + 194, 98, 84, 26}, t->accent);
+    draw_spectrum(p, (kit_box){x, 140, w, 86});
 }
 
 static void draw_track(const page* p, int index, int y) {
@@ -117,12 +116,13 @@ static void draw_track(const page* p, int index, int y) {
         orvel_canvas_fill_rect(p->canvas, LEFT, y, 3, H, p->theme.accent);
         orvel_draw_icon(p->canvas, "play", LEFT + 12, y + 7, 16, p->theme.accent);
     } else {
-        say(p, p->small, tracks[index][0], (box){LEFT + 12, y, 16, H}, LETTERS_CENTRE, quiet(p));
+        say(p, kit_sans_11(), tracks[index][0], (kit_box){LEFT + 12, y, 16, H}, KIT_CENTRE,
+            quiet(p));
     }
-    say(p, playing ? p->strong : p->body, tracks[index][1], (box){LEFT + 44, y, 300, H},
-        LETTERS_LEFT, p->theme.text);
-    say(p, p->small, tracks[index][2], (box){LEFT + 344, y, 150, H}, LETTERS_LEFT, detail);
-    say(p, p->small, tracks[index][3], (box){RIGHT - 72, y, 60, H}, LETTERS_RIGHT, detail);
+    say(p, playing ? kit_bold_12() : kit_sans_12(), tracks[index][1],
+        (kit_box){LEFT + 44, y, 300, H}, KIT_LEFT, p->theme.text);
+    say(p, kit_sans_11(), tracks[index][2], (kit_box){LEFT + 344, y, 150, H}, KIT_LEFT, detail);
+    say(p, kit_sans_11(), tracks[index][3], (kit_box){RIGHT - 72, y, 60, H}, KIT_RIGHT, detail);
 }
 
 /* The catalogue has no such sign: two triangles and a bar make it. Way is 1 or -1. */
@@ -142,8 +142,8 @@ static void draw_transport(const page* p) {
     show(orvel_widget_separator(p->canvas, t, 0, BAR, WIDTH));
 
     show(orvel_widget_slider(p->canvas, t, LEFT + 48, BAR + 14, RIGHT - LEFT - 96, 137.0 / 338));
-    say(p, p->small, "2:17", (box){LEFT, BAR + 9, 40, 20}, LETTERS_LEFT, t->text);
-    say(p, p->small, "5:38", (box){RIGHT - 40, BAR + 9, 40, 20}, LETTERS_RIGHT, quiet(p));
+    say(p, kit_sans_11(), "2:17", (kit_box){LEFT, BAR + 9, 40, 20}, KIT_LEFT, t->text);
+    say(p, kit_sans_11(), "5:38", (kit_box){RIGHT - 40, BAR + 9, 40, 20}, KIT_RIGHT, quiet(p));
 
     orvel_canvas_fill_circle(p->canvas, CX, CY, 24, t->accent);
     orvel_canvas_fill_rect(p->canvas, CX - 8, CY - 10, 6, 21, t->background);
@@ -155,25 +155,23 @@ static void draw_transport(const page* p) {
 
     orvel_canvas_fill_rect(p->canvas, LEFT, CY - 14, 28, 28, t->button);
     orvel_draw_icon(p->canvas, "music", LEFT + 4, CY - 10, 20, t->accent);
-    say(p, p->strong, "Kitchen", (box){LEFT + 38, CY - 16, 100, 16}, LETTERS_LEFT, t->text);
-    say(p, p->small, "Lossless, 48 kHz", (box){LEFT + 38, CY, 110, 16}, LETTERS_LEFT, quiet(p));
+    say(p, kit_bold_12(), "Kitchen", (kit_box){LEFT + 38, CY - 16, 100, 16}, KIT_LEFT, t->text);
+    say(p, kit_sans_11(), "Lossless, 48 kHz", (kit_box){LEFT + 38, CY, 110, 16}, KIT_LEFT,
+        quiet(p));
     orvel_draw_icon(p->canvas, "signal", RIGHT - 140, CY - 12, 24, t->text);
     show(orvel_widget_slider(p->canvas, t, RIGHT - 104, CY - 4, 100, 0.6));
 }
 
 int main(int argc, char** argv) {
-    if (argc != 2 && argc != 4) {
-        fprintf(stderr, "usage: %s FOLDER [REGULAR_FONT BOLD_FONT]\n", argv[0]);
-        return 2;
-    }
-    page p;
-    if (page_open(&p, WIDTH, HEIGHT, argv[2], argc == 4 ? argv[3] : NULL) != 0) return 1;
+    const char* folder = output_folder(argc, argv);
+    page p = {.canvas = new_canvas(WIDTH, HEIGHT)};
+    orvel_theme_default(&p.theme);
     orvel_canvas_clear(p.canvas, p.theme.background);
     draw_cover(&p, LEFT, 24);
     draw_song(&p);
     for (int i = 0; i < 4; ++i) draw_track(&p, i, 242 + 32 * i);
     draw_transport(&p);
-    const int result = page_save(&p, argv[1], "music_player.bmp");
-    page_close(&p);
-    return result == 0 ? 0 : 1;
+    save(p.canvas, orvel_canvas_save_bmp, folder, "music_player.bmp");
+    orvel_canvas_destroy(p.canvas);
+    return 0;
 }

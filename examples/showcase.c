@@ -1,6 +1,6 @@
-/* An instrument panel of 320 x 240 pixels, made of shapes and text alone. */
+/* An instrument panel of 320 x 240 pixels, made of shapes and words. */
+#include "orvel_kit.h"
 #include "output.h"
-#include "segments.h"
 
 static const orvel_color desk = {13, 16, 22, 255}, slab = {24, 29, 39, 255};
 static const orvel_color edge = {52, 61, 78, 255}, well = {9, 11, 16, 255};
@@ -29,12 +29,39 @@ static point polar(int cx, int cy, int distance, int degrees) {
     return p;
 }
 
+/* A digit as displays of seven strokes have it, 4u wide and 7u high for a stroke of u pixels, its
+ * top left at (x, y). */
+static void draw_digit(orvel_canvas* canvas, int x, int y, int u, int digit, orvel_color lit) {
+    /* Bit 0 is the top stroke, then clockwise around, bit 6 the middle. */
+    static const unsigned char strokes[10] = {0x3f, 0x06, 0x5b, 0x4f, 0x66,
+                                              0x6d, 0x7d, 0x07, 0x7f, 0x6f};
+    static const struct {
+        int x, y, w, h;
+    } places[7] = {{0, 0, 4, 1}, {3, 0, 1, 4}, {3, 3, 1, 4}, {0, 6, 4, 1},
+                   {0, 3, 1, 4}, {0, 0, 1, 4}, {0, 3, 4, 1}};
+    for (int i = 0; i < 7; ++i) {
+        if (strokes[digit] >> i & 1) {
+            orvel_canvas_fill_rect(canvas, x + places[i].x * u, y + places[i].y * u,
+                                   places[i].w * u, places[i].h * u, lit);
+        }
+    }
+}
+
+/* A number of the given count of digits with leading zeros, 5u a digit. */
+static void draw_number(orvel_canvas* canvas, int x, int y, int u, int value, int digits,
+                        orvel_color lit) {
+    for (int i = digits - 1; i >= 0; --i) {
+        draw_digit(canvas, x + i * 5 * u, y, u, value % 10, lit);
+        value /= 10;
+    }
+}
+
 /* A slab with its corners cut by a pixel, a lit upper edge, and a caption. */
 static void draw_slab(orvel_canvas* c, int x, int y, int w, int h, const char* caption) {
     orvel_canvas_fill_rect(c, x + 1, y, w - 2, h, edge);
     orvel_canvas_fill_rect(c, x, y + 1, w, h - 2, edge);
     orvel_canvas_fill_rect(c, x + 1, y + 1, w - 2, h - 2, slab);
-    orvel_text_draw(c, caption, x + 7, y + 6, label);
+    kit_text_draw(c, kit_sans_11(), caption, x + 7, y + 12, label);
 }
 
 static void draw_lamp(orvel_canvas* c, int x, int y, orvel_color lit) {
@@ -48,14 +75,14 @@ static void draw_header(orvel_canvas* c) {
     orvel_canvas_line(c, 0, 26, 319, 26, edge);
     orvel_canvas_fill_triangle(c, 9, 19, 17, 5, 25, 19, cyan);
     orvel_canvas_fill_triangle(c, 14, 16, 17, 11, 20, 16, slab);
-    orvel_text_draw(c, "ORVEL SDK", 34, 10, white);
+    kit_text_draw(c, kit_bold_12(), "Orvel SDK", 34, 17, white);
     draw_lamp(c, 208, 13, green);
     draw_lamp(c, 222, 13, amber);
     draw_lamp(c, 236, 13, red);
-    draw_number(c, 255, 6, 2, 12, 10, 2, cyan);
+    draw_number(c, 255, 6, 2, 12, 2, cyan);
     orvel_canvas_fill_rect(c, 276, 10, 2, 2, cyan);
     orvel_canvas_fill_rect(c, 276, 15, 2, 2, cyan);
-    draw_number(c, 281, 6, 2, 47, 10, 2, cyan);
+    draw_number(c, 281, 6, 2, 47, 2, cyan);
 }
 
 /* A round gauge over 270 degrees, 0 to 100. */
@@ -76,7 +103,7 @@ static void draw_gauge(orvel_canvas* c, int cx, int cy, int r, int value) {
     orvel_canvas_fill_triangle(c, left.x, left.y, tip.x, tip.y, right.x, right.y, red);
     orvel_canvas_fill_circle(c, cx, cy, 6, edge);
     orvel_canvas_fill_circle(c, cx, cy, 4, slab);
-    draw_number(c, cx - 15, cy + r - 27, 2, value, 10, 3, amber);
+    draw_number(c, cx - 15, cy + r - 27, 2, value, 3, amber);
 }
 
 /* An oscilloscope: a grid, and two waves as chains of lines. */
@@ -144,7 +171,7 @@ static void draw_horizon(orvel_canvas* c, int cx, int cy, int r) {
 static void draw_footer(orvel_canvas* c) {
     orvel_canvas_fill_rect(c, 0, 222, 320, 18, slab);
     orvel_canvas_line(c, 0, 221, 319, 221, edge);
-    orvel_text_draw(c, "320 x 240, shapes and text", 10, 228, label);
+    kit_text_draw(c, kit_sans_11(), "320 × 240, shapes and words", 10, 235, label);
     for (int i = 0; i < 10; ++i) {
         orvel_canvas_fill_rect(c, 240 + i * 7, 228, 5, 6, i < 7 ? cyan : faint);
     }
@@ -155,9 +182,9 @@ int main(int argc, char** argv) {
     orvel_canvas* c = new_canvas(320, 240);
     orvel_canvas_clear(c, desk);
     draw_header(c);
-    draw_slab(c, 8, 34, 120, 112, "SPEED");
+    draw_slab(c, 8, 34, 120, 112, "Speed");
     draw_gauge(c, 68, 92, 48, 72);
-    draw_slab(c, 136, 34, 176, 88, "SIGNAL");
+    draw_slab(c, 136, 34, 176, 88, "Signal");
     draw_scope(c, 144, 51, 160, 64);
     draw_slab(c, 8, 154, 120, 60, "");
     draw_horizon(c, 38, 184, 25);
@@ -165,10 +192,10 @@ int main(int argc, char** argv) {
         static const int positions[3] = {30, 12, 22};
         draw_fader(c, 82 + i * 18, 162, positions[i], i == 0 ? green : i == 1 ? amber : cyan);
     }
-    draw_slab(c, 136, 130, 176, 84, "LEVELS");
+    draw_slab(c, 136, 130, 176, 84, "Levels");
     draw_spectrum(c, 145, 203);
-    draw_number(c, 268, 150, 4, 98, 10, 2, green);
-    orvel_text_draw(c, "PEAK", 270, 190, label);
+    draw_number(c, 268, 150, 4, 98, 2, green);
+    kit_text_draw(c, kit_sans_11(), "Peak", 274, 197, label);
     draw_footer(c);
     save(c, orvel_canvas_save_bmp, folder, "showcase.bmp");
     save(c, orvel_canvas_save_bmp_rgba, folder, "showcase-rgba.bmp");

@@ -1,37 +1,46 @@
-/* A weather and energy dashboard. Usage: weather_energy FOLDER [REGULAR_FONT BOLD_FONT] */
-#include <stdio.h>
-
+/* A weather and energy dashboard. Usage: weather_energy FOLDER */
+#include "output.h"
 #include "page.h"
 
-enum { WIDTH = 800, HEIGHT = 480, LEFT = 20, MIDDLE = 300, RIGHT = 780, TOP = 64, FOOT = 454 };
+enum {
+    WIDTH = 800,
+    HEIGHT = 480,
+    LEFT = 20,
+    MIDDLE = 300,
+    RIGHT = 780,
+    TOP = 64,
+    FOOT = 454,
+    TAB = 96
+};
 
 static const orvel_color kSun = {0xdf, 0x8e, 0x1d, 255};
 static const orvel_color kGreen = {0x40, 0xa0, 0x2b, 255};
 static const orvel_color kRain = {0x20, 0x9f, 0xb5, 255};
 
-static orvel_color quiet(const page* p) { return between(p->theme.text, p->theme.surface, 30); }
+static orvel_color quiet(const page* p) { return kit_mix(p->theme.text, p->theme.surface, 30); }
 
 static void draw_header(const page* p) {
     static const char* const sections[] = {"Overview", "Rooms", "Energy", "History"};
     const orvel_theme* t = &p->theme;
     orvel_canvas_fill_rect(p->canvas, 0, 0, WIDTH, 44, t->surface);
-    stamp(p, "home", LEFT, 8, 28, t->accent);
-    say(p, p->heading, "Lindenhof", (box){LEFT + 38, 0, 200, 44}, LETTERS_LEFT, t->text);
+    kit_icon(p->canvas, "home", LEFT, 8, 28, t->accent);
+    say(p, kit_bold_18(), "Lindenhof", (kit_box){LEFT + 38, 0, 200, 44}, KIT_LEFT, t->text);
 
-    show(orvel_widget_menu(p->canvas, t, "|||", MIDDLE, 0, 320, 44, 0));
+    show(orvel_widget_menu(p->canvas, t, "|||", MIDDLE, 0, 4 * TAB, 44, 0));
     for (int i = 0; i < 4; ++i) {
-        say(p, i == 0 ? p->strong : p->body, sections[i], (box){MIDDLE + 80 * i, 0, 80, 43},
-            LETTERS_CENTRE, i == 0 ? t->text : quiet(p));
+        say(p, i == 0 ? kit_bold_12() : kit_sans_12(), sections[i],
+            (kit_box){MIDDLE + TAB * i, 0, TAB, 43}, KIT_CENTRE, i == 0 ? t->text : quiet(p));
     }
     show(orvel_widget_separator(p->canvas, t, 0, 44, WIDTH));
 
     orvel_draw_icon(p->canvas, "mail", RIGHT - 72, 11, 24, t->text);
-    orvel_theme blank = *t; /* a badge whose own figure cannot be told from its ground */
-    blank.accent = blank.background = t->error;
-    show(orvel_widget_badge(p->canvas, &blank, RIGHT - 55, 8, 2));
-    say(p, p->small, "2", (box){RIGHT - 55, 8, 15, 11}, LETTERS_CENTRE, t->surface);
+    enum { X = RIGHT - 49, Y = 12, R = 8 }; /* the number of letters, clear of the icon */
+    orvel_canvas_fill_circle(p->canvas, X, Y, R + 2, t->surface);
+    orvel_canvas_fill_circle(p->canvas, X, Y, R, t->error);
+    say(p, kit_bold_11(), "2", (kit_box){X - R, Y - R, 2 * R + 1, 2 * R + 1}, KIT_CENTRE,
+        t->surface);
     show(orvel_widget_avatar(p->canvas, t, "", RIGHT - 26, 9, 26));
-    say(p, p->strong, "A", (box){RIGHT - 25, 9, 26, 26}, LETTERS_CENTRE, t->background);
+    say(p, kit_bold_12(), "A", (kit_box){RIGHT - 25, 9, 26, 26}, KIT_CENTRE, t->background);
 }
 
 /* A sun behind a cloud: two icons, the cloud first widened by a rim of the ground's colour. */
@@ -46,16 +55,17 @@ static void draw_sky_icon(const page* p, int x, int y) {
 }
 
 static void draw_fact(const page* p, int x, const char* name, const char* value) {
-    say(p, p->strong, value, (box){x, TOP + 106, 82, 16}, LETTERS_LEFT, p->theme.text);
-    say(p, p->small, name, (box){x, TOP + 122, 82, 16}, LETTERS_LEFT, quiet(p));
+    say(p, kit_bold_12(), value, (kit_box){x, TOP + 106, 82, 16}, KIT_LEFT, p->theme.text);
+    say(p, kit_sans_11(), name, (kit_box){x, TOP + 122, 82, 16}, KIT_LEFT, quiet(p));
 }
 
 static void draw_now(const page* p) {
     const orvel_theme* t = &p->theme;
     show(orvel_widget_panel(p->canvas, t, LEFT, TOP, MIDDLE - LEFT - 20, 152));
-    say(p, p->display, "18°", (box){LEFT + 16, TOP + 14, 120, 40}, LETTERS_LEFT, t->text);
-    say(p, p->strong, "Mostly cloudy", (box){LEFT + 16, TOP + 60, 140, 16}, LETTERS_LEFT, t->text);
-    say(p, p->small, "High 21°, low 12°", (box){LEFT + 16, TOP + 76, 140, 16}, LETTERS_LEFT,
+    say(p, kit_sans_40(), "18°", (kit_box){LEFT + 16, TOP + 14, 120, 40}, KIT_LEFT, t->text);
+    say(p, kit_bold_12(), "Mostly cloudy", (kit_box){LEFT + 16, TOP + 60, 140, 16}, KIT_LEFT,
+        t->text);
+    say(p, kit_sans_11(), "High 21°, low 12°", (kit_box){LEFT + 16, TOP + 76, 140, 16}, KIT_LEFT,
         quiet(p));
     draw_sky_icon(p, LEFT + 160, TOP + 16);
     show(orvel_widget_separator(p->canvas, t, LEFT + 16, TOP + 98, MIDDLE - LEFT - 53));
@@ -73,22 +83,23 @@ static void draw_day(const page* p, int index, int y) {
         {"Tuesday", "cloud", "15°", "22°", 15, 22}, {"Wednesday", "cloud", "11°", "18°", 11, 18},
         {"Thursday", "sun", "9°", "19°", 9, 19},
     };
-    enum { SCALE = 3, START = LEFT + 156 };
+    enum { SCALE = 3, START = LEFT + 158 };
     const orvel_color color = days[index].icon[0] == 's' ? kSun : quiet(p);
-    say(p, p->body, days[index].name, (box){LEFT + 16, y, 80, 30}, LETTERS_LEFT, p->theme.text);
-    orvel_draw_icon(p->canvas, days[index].icon, LEFT + 94, y + 3, 24, color);
-    say(p, p->small, days[index].low, (box){LEFT + 118, y, 30, 30}, LETTERS_RIGHT, quiet(p));
+    say(p, kit_sans_12(), days[index].name, (kit_box){LEFT + 16, y, 80, 30}, KIT_LEFT,
+        p->theme.text);
+    orvel_draw_icon(p->canvas, days[index].icon, LEFT + 98, y + 3, 24, color);
+    say(p, kit_sans_11(), days[index].low, (kit_box){LEFT + 120, y, 30, 30}, KIT_RIGHT, quiet(p));
     orvel_canvas_fill_rect(p->canvas, START, y + 13, 20 * SCALE, 4, p->theme.border);
     orvel_canvas_fill_rect(p->canvas, START + (days[index].from - 8) * SCALE, y + 13,
                            (days[index].to - days[index].from) * SCALE, 4, p->theme.accent);
-    say(p, p->strong, days[index].high, (box){START + 20 * SCALE, y, 28, 30}, LETTERS_RIGHT,
+    say(p, kit_bold_12(), days[index].high, (kit_box){START + 20 * SCALE, y, 26, 30}, KIT_RIGHT,
         p->theme.text);
 }
 
 static void draw_forecast(const page* p) {
     const int y = TOP + 164;
     show(orvel_widget_panel(p->canvas, &p->theme, LEFT, y, MIDDLE - LEFT - 20, FOOT - 12 - y));
-    say(p, p->strong, "Next five days", (box){LEFT + 16, y + 12, 200, 16}, LETTERS_LEFT,
+    say(p, kit_bold_12(), "Next five days", (kit_box){LEFT + 16, y + 12, 200, 16}, KIT_LEFT,
         p->theme.text);
     for (int i = 0; i < 5; ++i) draw_day(p, i, y + 34 + 34 * i);
 }
@@ -99,20 +110,21 @@ static void draw_source(const page* p, int index, const char* icon, const char* 
     orvel_theme stripe = p->theme;
     stripe.accent = color;
     show(orvel_widget_card(p->canvas, &stripe, x, TOP, 111, 72));
-    stamp(p, icon, x + 12, TOP + 9, 24, color);
-    say(p, p->small, name, (box){x + 42, TOP + 12, 66, 18}, LETTERS_LEFT, quiet(p));
-    say(p, p->heading, value, (box){x + 14, TOP + 40, 60, 20}, LETTERS_LEFT, p->theme.text);
-    say(p, p->small, unit, (box){x + 20 + letters_width(p->heading, value), TOP + 43, 40, 20},
-        LETTERS_LEFT, quiet(p));
+    kit_icon(p->canvas, icon, x + 12, TOP + 9, 24, color);
+    say(p, kit_sans_11(), name, (kit_box){x + 42, TOP + 12, 66, 18}, KIT_LEFT, quiet(p));
+    say(p, kit_bold_18(), value, (kit_box){x + 14, TOP + 40, 60, 20}, KIT_LEFT, p->theme.text);
+    say(p, kit_sans_11(), unit,
+        (kit_box){x + 20 + kit_text_width(kit_bold_18(), value), TOP + 43, 40, 20}, KIT_LEFT,
+        quiet(p));
 }
 
 static void draw_key(const page* p, const char* name, int x, int y, orvel_color color) {
     orvel_canvas_fill_rect(p->canvas, x, y + 4, 9, 9, color);
-    say(p, p->small, name, (box){x + 15, y, 90, 16}, LETTERS_LEFT, quiet(p));
+    say(p, kit_sans_11(), name, (kit_box){x + 15, y, 90, 16}, KIT_LEFT, quiet(p));
 }
 
 /* Two bar charts in one place: each has zeros where the other has its values and in the gaps. */
-static void draw_bars(const page* p, box at, const int* values, int place, orvel_color color) {
+static void draw_bars(const page* p, kit_box at, const int* values, int place, orvel_color color) {
     double data[72] = {0};
     orvel_theme theme = p->theme;
     theme.accent = color;
@@ -141,9 +153,10 @@ static void draw_chart(const page* p) {
                                  19, 15, 12, 12, 14, 20, 27, 31, 26, 19, 12, 8};
     static const char* const hours[] = {"0:00", "6:00", "12:00", "18:00"};
     const orvel_theme* t = &p->theme;
-    const box at = {MIDDLE + 24, TOP + 118, 432, 112};
+    const kit_box at = {MIDDLE + 24, TOP + 118, 432, 112};
     show(orvel_widget_panel(p->canvas, t, MIDDLE, TOP + 84, RIGHT - MIDDLE, 176));
-    say(p, p->strong, "Power today", (box){MIDDLE + 16, TOP + 96, 100, 16}, LETTERS_LEFT, t->text);
+    say(p, kit_bold_12(), "Power today", (kit_box){MIDDLE + 16, TOP + 96, 100, 16}, KIT_LEFT,
+        t->text);
     draw_key(p, "Solar", RIGHT - 120, TOP + 96, kSun);
     draw_key(p, "Use", RIGHT - 56, TOP + 96, t->accent);
     draw_bars(p, at, made, 0, kSun);
@@ -153,53 +166,54 @@ static void draw_chart(const page* p) {
         char power[8];
         snprintf(power, sizeof power, "%d kW", kilowatts);
         if (kilowatts > 0) {
-            say(p, p->small, power, (box){at.x, y - 15, 40, 14}, LETTERS_LEFT, quiet(p));
+            say(p, kit_sans_11(), power, (kit_box){at.x, y - 15, 40, 14}, KIT_LEFT, quiet(p));
         }
         draw_grid_line(p, MIDDLE + 16, RIGHT - 16, y);
     }
     for (int i = 0; i < 4; ++i) {
-        say(p, p->small, hours[i], (box){at.x + 108 * i, at.y + at.h + 4, 48, 18}, LETTERS_LEFT,
-            quiet(p));
+        say(p, kit_sans_11(), hours[i], (kit_box){at.x + 108 * i, at.y + at.h + 4, 48, 18},
+            KIT_LEFT, quiet(p));
     }
 }
 
-static box draw_device(const page* p, int index, const char* icon, const char* name,
-                       const char* state, int on) {
-    const box at = {MIDDLE + 164 * index, TOP + 272, 152, 106};
+static kit_box draw_device(const page* p, int index, const char* icon, const char* name,
+                           const char* state, int on) {
+    const kit_box at = {MIDDLE + 164 * index, TOP + 272, 152, 106};
     show(orvel_widget_panel(p->canvas, &p->theme, at.x, at.y, at.w, at.h));
     orvel_draw_icon(p->canvas, icon, at.x + 12, at.y + 11, 24, on ? p->theme.accent : quiet(p));
     show(orvel_widget_toggle(p->canvas, &p->theme, at.x + at.w - 44, at.y + 15, 30, 16, on));
-    say(p, p->strong, name, (box){at.x + 14, at.y + 42, at.w - 28, 16}, LETTERS_LEFT,
+    say(p, kit_bold_12(), name, (kit_box){at.x + 14, at.y + 42, at.w - 28, 16}, KIT_LEFT,
         p->theme.text);
-    say(p, p->small, state, (box){at.x + 14, at.y + 57, at.w - 28, 16}, LETTERS_LEFT, quiet(p));
-    return (box){at.x + 14, at.y + 78, at.w - 28, 18};
+    say(p, kit_sans_11(), state, (kit_box){at.x + 14, at.y + 57, at.w - 28, 16}, KIT_LEFT,
+        quiet(p));
+    return (kit_box){at.x + 14, at.y + 78, at.w - 28, 18};
 }
 
 static void draw_devices(const page* p) {
     const orvel_theme* t = &p->theme;
-    box at = draw_device(p, 0, "sun", "Heating", "Now 20.8°", 1);
+    kit_box at = draw_device(p, 0, "sun", "Heating", "Now 20.8°", 1);
     show(orvel_widget_stepper(p->canvas, t, at.x, at.y, at.w, at.h, 21));
     orvel_canvas_fill_rect(p->canvas, at.x + at.h, at.y, at.w - 2 * at.h, at.h, t->surface);
-    say(p, p->strong, "21.0°", at, LETTERS_CENTRE, t->text);
+    say(p, kit_bold_12(), "21.0°", at, KIT_CENTRE, t->text);
 
     at = draw_device(p, 1, "battery", "Car charger", "Full at 16:40", 1);
     show(orvel_widget_progress(p->canvas, t, at.x, at.y + 4, at.w - 40, 10, 0.64));
-    say(p, p->small, "64 %", at, LETTERS_RIGHT, t->text);
+    say(p, kit_sans_11(), "64 %", at, KIT_RIGHT, t->text);
 
     at = draw_device(p, 2, "settings", "Dishwasher", "Waits for the sun", 0);
     show(orvel_widget_button(p->canvas, t, "", at.x, at.y - 2, at.w, at.h + 3));
-    say(p, p->body, "Start now", (box){at.x, at.y - 2, at.w, at.h + 3}, LETTERS_CENTRE,
+    say(p, kit_sans_12(), "Start now", (kit_box){at.x, at.y - 2, at.w, at.h + 3}, KIT_CENTRE,
         t->button_text);
 }
 
 static void draw_footer(const page* p) {
-    const box at = {LEFT, FOOT, RIGHT - LEFT, HEIGHT - FOOT};
+    const kit_box at = {LEFT, FOOT, RIGHT - LEFT, HEIGHT - FOOT};
     show(orvel_widget_statusbar(p->canvas, &p->theme, "", 0, FOOT, WIDTH, HEIGHT - FOOT));
     orvel_canvas_fill_circle(p->canvas, LEFT + 4, FOOT + 13, 4, kGreen);
-    say(p, p->small, "All systems normal", (box){LEFT + 16, at.y, 200, at.h}, LETTERS_LEFT,
+    say(p, kit_sans_11(), "All systems normal", (kit_box){LEFT + 16, at.y, 200, at.h}, KIT_LEFT,
         p->theme.text);
-    say(p, p->small, "Saved today 3.84 €   ·   Own power 91 %   ·   Updated 14:05", at,
-        LETTERS_RIGHT, quiet(p));
+    say(p, kit_sans_11(), "Saved today 3.84 €   ·   Own power 91 %   ·   Updated 14:05", at,
+        KIT_RIGHT, quiet(p));
 }
 
 static void draw_page(const page* p) {
@@ -217,18 +231,14 @@ static void draw_page(const page* p) {
 }
 
 int main(int argc, char** argv) {
-    if (argc != 2 && argc != 4) {
-        fprintf(stderr, "usage: %s FOLDER [REGULAR_FONT BOLD_FONT]\n", argv[0]);
-        return 2;
-    }
-    page p;
-    if (page_open(&p, WIDTH, HEIGHT, argv[2], argc == 4 ? argv[3] : NULL) != 0) return 1;
+    const char* folder = output_folder(argc, argv);
+    page p = {.canvas = new_canvas(WIDTH, HEIGHT)};
     orvel_theme_light(&p.theme);
     draw_page(&p);
-    int result = page_save(&p, argv[1], "weather_energy_light.bmp");
+    save(p.canvas, orvel_canvas_save_bmp, folder, "weather_energy_light.bmp");
     orvel_theme_default(&p.theme);
     draw_page(&p);
-    if (result == 0) result = page_save(&p, argv[1], "weather_energy_dark.bmp");
-    page_close(&p);
-    return result == 0 ? 0 : 1;
+    save(p.canvas, orvel_canvas_save_bmp, folder, "weather_energy_dark.bmp");
+    orvel_canvas_destroy(p.canvas);
+    return 0;
 }

@@ -40,6 +40,7 @@ std::string picture_element(const std::string& name, const std::string& alt, int
 /// @p text with the characters that HTML gives a meaning replaced.
 std::string escaped(const std::string& text);
 
+void write_charts(const Output& out);
 void write_glyphs(const Output& out);
 void write_icons(const Output& out);
 void write_themes(const Output& out);

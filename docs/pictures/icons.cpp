@@ -1,33 +1,17 @@
 // Every icon at five sizes, standing on one line.
 #include "files.h"
+#include "orvel_kit.h"
 
 namespace manual {
 namespace {
 
 constexpr int kGap = 8;
 
-/// Copies the icon from the top of a canvas of its own.
-void draw_from_the_top(orvel_canvas* canvas, const orvel_theme& theme, const char* name, int x,
-                       int y, int size) {
-    const CanvasPtr own(orvel_canvas_create(size, size + kGap));
-    orvel_canvas_clear(own.get(), theme.surface);
-    orvel_draw_icon(own.get(), name, 0, 0, size, theme.text);
-    for (int row = 0; row < size + kGap; ++row) {
-        for (int column = 0; column < size; ++column) {
-            orvel_canvas_pixel(canvas, x + column, y + row,
-                               orvel_canvas_pixel_get(own.get(), column, row));
-        }
-    }
-}
-
 void draw(orvel_canvas* canvas, const orvel_theme& theme, const std::string& name, int x, int y,
           int size) {
     // Further down, home loses its body, and power's stem crosses everything below it.
-    if (name == "home" || name == "power") {
-        draw_from_the_top(canvas, theme, name.c_str(), x, y, size);
-    } else {
-        orvel_draw_icon(canvas, name.c_str(), x, y, size, theme.text);
-    }
+    const bool from_the_top = name == "home" || name == "power";
+    (from_the_top ? kit_icon : orvel_draw_icon)(canvas, name.c_str(), x, y, size, theme.text);
 }
 
 }  // namespace

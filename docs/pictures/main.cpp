@@ -41,6 +41,7 @@ int main(int argc, char** argv) {
     save_sunset(argv[2]);
     const manual::Output out = {argv[1]};
     save_logo(out);
+    manual::write_charts(out);
     manual::write_glyphs(out);
     manual::write_icons(out);
     manual::write_themes(out);

@@ -1,238 +1,215 @@
 #include "widget_states.h"
 
-#include <cstddef>
-
 namespace manual {
 namespace {
 
-/// A state and its own source text, so that what the manual shows is what was run.
-#define STATE(name, width, height, ...)                                           \
-    {                                                                             \
-        name, width, height, #__VA_ARGS__,                                        \
-            [](orvel_canvas* canvas, const orvel_theme& theme) -> orvel_widget* { \
-                orvel_widget* widget = nullptr;                                   \
-                __VA_ARGS__                                                       \
-                return widget;                                                    \
-            }                                                                     \
+/// A state and its own source text, so that what the manual shows is what was drawn.
+#define STATE(name, ...)                               \
+    WidgetState {                                      \
+        name, #__VA_ARGS__, kit_widget { __VA_ARGS__ } \
     }
 
-const std::vector<WidgetKind> kKinds = {
+constexpr double kValues[] = {0.2, 0.5, 0.35, 0.8, 0.65, 1.0, 0.45, 0.1};
+
+const std::vector<WidgetKind> kFrames = {
     {"Window",
-     "A framed surface with a band of accent, 12 pixels high, for its title.",
-     {
-         STATE("a title", 100, 56,
-               widget = orvel_widget_window(canvas, &theme, "Window", 4, 4, 92, 48);),
-     }},
+     "A framed surface with a band of accent for its title.",
+     {STATE("a title", .kind = ORVEL_WIDGET_WINDOW, .box = {4, 4, 120, 60}, .text = "Window")}},
     {"Panel",
      "A framed surface.",
-     {
-         STATE("the one state", 100, 40,
-               widget = orvel_widget_panel(canvas, &theme, 4, 4, 92, 32);),
-     }},
-    {"Label",
-     "Text and nothing else.",
-     {
-         STATE("the one state", 60, 16,
-               widget = orvel_widget_label(canvas, &theme, "Label", 4, 4);),
-     }},
-    {"Button",
-     "A caption in the middle of a framed box.",
-     {
-         STATE("at rest", 100, 30,
-               widget = orvel_widget_button(canvas, &theme, "Button", 4, 4, 92, 22);),
-         STATE("under the pointer", 100, 30,
-               widget = orvel_widget_button(canvas, &theme, "Button", 4, 4, 92, 22);
-               orvel_widget_set_hover(widget, 1);),
-     }},
-    {"Toggle",
-     "A switch; its knob sits at the end that it is switched to.",
-     {
-         STATE("off", 40, 22, widget = orvel_widget_toggle(canvas, &theme, 4, 4, 32, 14, 0);),
-         STATE("on", 40, 22, widget = orvel_widget_toggle(canvas, &theme, 4, 4, 32, 14, 1);),
-         STATE("switched later", 40, 22,
-               widget = orvel_widget_toggle(canvas, &theme, 4, 4, 32, 14, 0);
-               orvel_widget_set_active(widget, 1);),
-     }},
-    {"Checkbox",
-     "A box of 9 × 9 pixels and a caption beside it.",
-     {
-         STATE("unchecked", 80, 18,
-               widget = orvel_widget_checkbox(canvas, &theme, "Caption", 4, 4, 0);),
-         STATE("checked", 80, 18,
-               widget = orvel_widget_checkbox(canvas, &theme, "Caption", 4, 4, 1);),
-     }},
-    {"Radio",
-     "One choice of several. That only one is selected is the host's to keep.",
-     {
-         STATE("not selected", 80, 18,
-               widget = orvel_widget_radio(canvas, &theme, "Caption", 4, 4, 0);),
-         STATE("selected", 80, 18,
-               widget = orvel_widget_radio(canvas, &theme, "Caption", 4, 4, 1);),
-     }},
-    {"Slider",
-     "A knob on a track. Its middle is on the end of the filled part.",
-     {
-         STATE("at 0", 112, 18, widget = orvel_widget_slider(canvas, &theme, 6, 4, 100, 0.0);),
-         STATE("at 0.6", 112, 18, widget = orvel_widget_slider(canvas, &theme, 6, 4, 100, 0.6);),
-         STATE("at 1", 112, 18, widget = orvel_widget_slider(canvas, &theme, 6, 4, 100, 1.0);),
-         STATE("under the pointer", 112, 18,
-               widget = orvel_widget_slider(canvas, &theme, 6, 4, 100, 0.6);
-               orvel_widget_set_hover(widget, 1);),
-     }},
-    {"Progress",
-     "A frame that fills from the left. A full bar covers the frame's right column.",
-     {
-         STATE("at 0", 108, 20,
-               widget = orvel_widget_progress(canvas, &theme, 4, 4, 100, 12, 0.0);),
-         STATE("at 0.4", 108, 20,
-               widget = orvel_widget_progress(canvas, &theme, 4, 4, 100, 12, 0.4);),
-         STATE("at 1", 108, 20,
-               widget = orvel_widget_progress(canvas, &theme, 4, 4, 100, 12, 1.0);),
-     }},
-    {"Textbox",
-     "A line of text. A long one runs past the right edge.",
-     {
-         STATE("at rest", 108, 26,
-               widget = orvel_widget_textbox(canvas, &theme, "Text", 4, 4, 100, 18);),
-         STATE("under the pointer", 108, 26,
-               widget = orvel_widget_textbox(canvas, &theme, "Text", 4, 4, 100, 18);
-               orvel_widget_set_hover(widget, 1);),
-     }},
-    {"Icon",
-     "One of the [68 icons](icons.md), in the accent colour.",
-     {
-         STATE("the one state", 40, 40,
-               widget = orvel_widget_icon(canvas, &theme, "home", 4, 4, 32);),
-     }},
-    {"Image",
-     "A BMP file of the resource folder \"Icons\" at its own size; nothing when there is none.",
-     {
-         STATE("the one state", 40, 40,
-               widget = orvel_widget_image(canvas, &theme, "sunset.bmp", 4, 4);),
-     }},
-    {"Separator",
-     "A line of w + 1 pixels.",
-     {
-         STATE("the one state", 109, 9,
-               widget = orvel_widget_separator(canvas, &theme, 4, 4, 100);),
-     }},
+     {STATE("the one state", .kind = ORVEL_WIDGET_PANEL, .box = {4, 4, 92, 40})}},
     {"Card",
      "A panel with a stripe of accent down its left edge.",
-     {
-         STATE("the one state", 100, 48, widget = orvel_widget_card(canvas, &theme, 4, 4, 92, 40);),
-     }},
-    {"Dropdown",
-     "A field with an arrow. The list that opens is the host's to draw.",
-     {
-         STATE("closed", 108, 26,
-               widget = orvel_widget_dropdown(canvas, &theme, "Choice", 4, 4, 100, 18, 0);),
-         STATE("open", 108, 26,
-               widget = orvel_widget_dropdown(canvas, &theme, "Choice", 4, 4, 100, 18, 1);),
-     }},
-    {"Spinner",
-     "A dot on a ring. The host turns it: the value is the fraction of a turn from 3 o'clock.",
-     {
-         STATE("at 0", 32, 32, widget = orvel_widget_spinner(canvas, &theme, 4, 4, 24, 0.0);),
-         STATE("at 0.25", 32, 32, widget = orvel_widget_spinner(canvas, &theme, 4, 4, 24, 0.25);),
-         STATE("at 0.6", 32, 32, widget = orvel_widget_spinner(canvas, &theme, 4, 4, 24, 0.6);),
-     }},
-    {"Rating",
-     "Five stars. The value is the fraction of them that shine, to the nearest whole star.",
-     {
-         STATE("at 0", 56, 16, widget = orvel_widget_rating(canvas, &theme, 4, 4, 0.0);),
-         STATE("at 0.5", 56, 16, widget = orvel_widget_rating(canvas, &theme, 4, 4, 0.5);),
-         STATE("at 1", 56, 16, widget = orvel_widget_rating(canvas, &theme, 4, 4, 1.0);),
-     }},
-    {"Stepper",
-     "A number between a minus and a plus.",
-     {
-         STATE("at 42", 88, 24, widget = orvel_widget_stepper(canvas, &theme, 4, 4, 80, 16, 42);),
-         STATE("at −7, set later", 88, 24,
-               widget = orvel_widget_stepper(canvas, &theme, 4, 4, 80, 16, 0);
-               orvel_widget_set_amount(widget, -7);),
-     }},
-    {"Tabs",
-     "Captions joined with \"|\", each in a tab of the same width.",
-     {
-         STATE("the second selected", 158, 28,
-               widget = orvel_widget_tabs(canvas, &theme, "One|Two|Three", 4, 4, 150, 20, 1);),
-         STATE("none selected", 158, 28,
-               widget = orvel_widget_tabs(canvas, &theme, "One|Two|Three", 4, 4, 150, 20, -1);),
-     }},
-    {"Avatar",
-     "One letter on a disc. Longer initials extend to the right.",
-     {
-         STATE("the one state", 36, 36,
-               widget = orvel_widget_avatar(canvas, &theme, "A", 4, 4, 28);),
-     }},
-    {"Badge",
-     "A number on a pill that is as wide as the number.",
-     {
-         STATE("at 7", 30, 20, widget = orvel_widget_badge(canvas, &theme, 4, 4, 7);),
-         STATE("at 128", 42, 20, widget = orvel_widget_badge(canvas, &theme, 4, 4, 128);),
-     }},
+     {STATE("the one state", .kind = ORVEL_WIDGET_CARD, .box = {4, 4, 92, 40})}},
     {"Titlebar",
      "A title and three dots, whose colours no theme changes.",
-     {
-         STATE("the one state", 158, 26,
-               widget = orvel_widget_titlebar(canvas, &theme, "Title", 4, 4, 150, 18);),
-     }},
-    {"List item",
-     "A row with a caption and, if it is given one, an icon of 16 pixels.",
-     {
-         STATE(
-             "an icon", 158, 28,
-             widget = orvel_widget_list_item(canvas, &theme, "Item", "folder", 4, 4, 150, 20, 0);),
-         STATE("no icon", 158, 28,
-               widget = orvel_widget_list_item(canvas, &theme, "Item", NULL, 4, 4, 150, 20, 0);),
-         STATE(
-             "selected", 158, 28,
-             widget = orvel_widget_list_item(canvas, &theme, "Item", "folder", 4, 4, 150, 20, 1);),
-     }},
-    {"Menu",
-     "Items side by side, joined with \"|\". It has neither frame nor ground of its own.",
-     {
-         STATE("the first selected", 158, 26,
-               widget = orvel_widget_menu(canvas, &theme, "File|Edit|View", 4, 4, 150, 18, 0);),
-         STATE("none selected", 158, 26,
-               widget = orvel_widget_menu(canvas, &theme, "File|Edit|View", 4, 4, 150, 18, -1);),
-     }},
-    {"Bars",
-     "A bar chart. Values outside 0 to 1 are drawn as the nearest of the two.",
-     {
-         STATE("eight values", 128, 58, widget = orvel_widget_bars(canvas, &theme, 4, 4, 120, 50);
-               const double values[] = {0.2, 0.5, 0.35, 0.8, 0.65, 1.0, 0.45, 0.1};
-               orvel_widget_set_data(widget, values, 8);),
-         STATE("no values, which draws nothing", 128, 58,
-               widget = orvel_widget_bars(canvas, &theme, 4, 4, 120, 50);),
-     }},
-    {"Search",
-     "A text field with a magnifier.",
-     {
-         STATE("at rest", 128, 28,
-               widget = orvel_widget_search(canvas, &theme, "Words", 4, 4, 120, 20);),
-         STATE("active", 128, 28,
-               widget = orvel_widget_search(canvas, &theme, "Words", 4, 4, 120, 20);
-               orvel_widget_set_active(widget, 1);),
-     }},
+     {STATE("the one state", .kind = ORVEL_WIDGET_TITLEBAR, .box = {4, 4, 180, 0},
+            .text = "Title")}},
+    {"Statusbar",
+     "A line of text under a rule.",
+     {STATE("the one state", .kind = ORVEL_WIDGET_STATUSBAR, .box = {4, 4, 180, 0},
+            .text = "Status")}},
+    {"Separator",
+     "A line.",
+     {STATE("the one state", .kind = ORVEL_WIDGET_SEPARATOR, .box = {4, 4, 120, 0})}},
+    {"Label",
+     "Words and nothing else.",
+     {STATE("at rest", .kind = ORVEL_WIDGET_LABEL, .box = {4, 4, 0, 0}, .text = "Größe"),
+      STATE("disabled", .kind = ORVEL_WIDGET_LABEL, .box = {4, 4, 0, 0}, .text = "Größe",
+            .state = KIT_DISABLED)}},
     {"Tooltip",
      "A bubble as wide as its text, with a pointer below its middle.",
-     {
-         STATE("the one state", 68, 24,
-               widget = orvel_widget_tooltip(canvas, &theme, "Tooltip", 4, 4);),
-     }},
-    {"Statusbar",
-     "A line of text under a rule that is one pixel longer.",
-     {
-         STATE("the one state", 159, 24,
-               widget = orvel_widget_statusbar(canvas, &theme, "Status", 4, 4, 150, 16);),
-     }},
+     {STATE("the one state", .kind = ORVEL_WIDGET_TOOLTIP, .box = {4, 4, 0, 0},
+            .text = "Tooltip")}},
+    {"Icon",
+     "One of the [68 icons](icons.md), in the accent colour.",
+     {STATE("the one state", .kind = ORVEL_WIDGET_ICON, .box = {4, 4, 32, 0}, .text = "home")}},
+    {"Image",
+     "A BMP file of the resource folder \"Icons\" at its own size.",
+     {STATE("the one state", .kind = ORVEL_WIDGET_IMAGE, .box = {4, 4, 0, 0},
+            .text = "sunset.bmp")}},
+    {"Avatar",
+     "Initials on a disc.",
+     {STATE("the one state", .kind = ORVEL_WIDGET_AVATAR, .box = {4, 4, 32, 0}, .text = "ML")}},
+    {"Badge",
+     "A number on a pill that is as wide as the number.",
+     {STATE("a number", .kind = ORVEL_WIDGET_BADGE, .box = {4, 4, 0, 0}, .amount = 7),
+      STATE("a text", .kind = ORVEL_WIDGET_BADGE, .box = {4, 4, 0, 0}, .text = "99+")}},
+};
+
+const std::vector<WidgetKind> kControls = {
+    {"Button",
+     "A caption in the middle of a framed box, and an icon before it.",
+     {STATE("at rest", .kind = ORVEL_WIDGET_BUTTON, .box = {4, 4, 0, 0}, .text = "Save"),
+      STATE("an icon", .kind = ORVEL_WIDGET_BUTTON, .box = {4, 4, 0, 0}, .text = "Save",
+            .icon = "check"),
+      STATE("under the pointer", .kind = ORVEL_WIDGET_BUTTON, .box = {4, 4, 0, 0}, .text = "Save",
+            .state = KIT_HOVER),
+      STATE("focused", .kind = ORVEL_WIDGET_BUTTON, .box = {4, 4, 0, 0}, .text = "Save",
+            .state = KIT_FOCUS),
+      STATE("disabled", .kind = ORVEL_WIDGET_BUTTON, .box = {4, 4, 0, 0}, .text = "Save",
+            .state = KIT_DISABLED)}},
+    {"Toggle",
+     "A switch; its knob sits at the end that it is switched to.",
+     {STATE("off", .kind = ORVEL_WIDGET_TOGGLE, .box = {4, 4, 0, 0}),
+      STATE("on", .kind = ORVEL_WIDGET_TOGGLE, .box = {4, 4, 0, 0}, .state = KIT_ACTIVE),
+      STATE("focused", .kind = ORVEL_WIDGET_TOGGLE, .box = {4, 4, 0, 0},
+            .state = KIT_ACTIVE | KIT_FOCUS),
+      STATE("disabled", .kind = ORVEL_WIDGET_TOGGLE, .box = {4, 4, 0, 0},
+            .state = KIT_ACTIVE | KIT_DISABLED)}},
+    {"Checkbox",
+     "A box and a caption beside it.",
+     {STATE("unchecked", .kind = ORVEL_WIDGET_CHECKBOX, .box = {4, 4, 0, 0}, .text = "Caption"),
+      STATE("checked", .kind = ORVEL_WIDGET_CHECKBOX, .box = {4, 4, 0, 0}, .text = "Caption",
+            .state = KIT_ACTIVE),
+      STATE("focused", .kind = ORVEL_WIDGET_CHECKBOX, .box = {4, 4, 0, 0}, .text = "Caption",
+            .state = KIT_FOCUS),
+      STATE("disabled", .kind = ORVEL_WIDGET_CHECKBOX, .box = {4, 4, 0, 0}, .text = "Caption",
+            .state = KIT_ACTIVE | KIT_DISABLED)}},
+    {"Radio",
+     "One choice of several. That only one is selected is the host's to keep.",
+     {STATE("not selected", .kind = ORVEL_WIDGET_RADIO, .box = {4, 4, 0, 0}, .text = "Caption"),
+      STATE("selected", .kind = ORVEL_WIDGET_RADIO, .box = {4, 4, 0, 0}, .text = "Caption",
+            .state = KIT_ACTIVE),
+      STATE("focused", .kind = ORVEL_WIDGET_RADIO, .box = {4, 4, 0, 0}, .text = "Caption",
+            .state = KIT_FOCUS),
+      STATE("disabled", .kind = ORVEL_WIDGET_RADIO, .box = {4, 4, 0, 0}, .text = "Caption",
+            .state = KIT_DISABLED)}},
+    {"Slider",
+     "A knob on a track.",
+     {STATE("at 0", .kind = ORVEL_WIDGET_SLIDER, .box = {4, 4, 120, 0}, .value = 0.0),
+      STATE("at 0.6", .kind = ORVEL_WIDGET_SLIDER, .box = {4, 4, 120, 0}, .value = 0.6),
+      STATE("under the pointer", .kind = ORVEL_WIDGET_SLIDER, .box = {4, 4, 120, 0},
+            .state = KIT_HOVER, .value = 0.6),
+      STATE("focused", .kind = ORVEL_WIDGET_SLIDER, .box = {4, 4, 120, 0}, .state = KIT_FOCUS,
+            .value = 0.6),
+      STATE("disabled", .kind = ORVEL_WIDGET_SLIDER, .box = {4, 4, 120, 0}, .state = KIT_DISABLED,
+            .value = 0.6)}},
+    {"Stepper",
+     "A number, or a text in its place, between a minus and a plus.",
+     {STATE("a number", .kind = ORVEL_WIDGET_STEPPER, .box = {4, 4, 0, 0}, .amount = 42),
+      STATE("a text", .kind = ORVEL_WIDGET_STEPPER, .box = {4, 4, 0, 0}, .text = "21.5 °C"),
+      STATE("focused", .kind = ORVEL_WIDGET_STEPPER, .box = {4, 4, 0, 0}, .state = KIT_FOCUS,
+            .amount = -7),
+      STATE("disabled", .kind = ORVEL_WIDGET_STEPPER, .box = {4, 4, 0, 0}, .state = KIT_DISABLED,
+            .amount = 42)}},
+};
+
+const std::vector<WidgetKind> kFields = {
+    {"Textbox",
+     "A line of text. While it has the focus, it shows the part that its caret is in.",
+     {STATE("at rest", .kind = ORVEL_WIDGET_TEXTBOX, .box = {4, 4, 120, 0}, .text = "Lindenhof"),
+      STATE("empty, with a hint", .kind = ORVEL_WIDGET_TEXTBOX, .box = {4, 4, 120, 0},
+            .hint = "Name"),
+      STATE("under the pointer", .kind = ORVEL_WIDGET_TEXTBOX, .box = {4, 4, 120, 0},
+            .text = "Lindenhof", .state = KIT_HOVER),
+      STATE("focused, a part selected", .kind = ORVEL_WIDGET_TEXTBOX, .box = {4, 4, 120, 0},
+            .text = "Lindenhof", .state = KIT_FOCUS, .caret = 9, .anchor = 6),
+      STATE("disabled", .kind = ORVEL_WIDGET_TEXTBOX, .box = {4, 4, 120, 0}, .text = "Lindenhof",
+            .state = KIT_DISABLED)}},
+    {"Search",
+     "A text field with a magnifier.",
+     {STATE("empty, with a hint", .kind = ORVEL_WIDGET_SEARCH, .box = {4, 4, 140, 0},
+            .hint = "Find"),
+      STATE("active", .kind = ORVEL_WIDGET_SEARCH, .box = {4, 4, 140, 0}, .text = "Words",
+            .state = KIT_ACTIVE),
+      STATE("focused", .kind = ORVEL_WIDGET_SEARCH, .box = {4, 4, 140, 0}, .text = "Words",
+            .state = KIT_FOCUS, .caret = 5, .anchor = 5),
+      STATE("disabled", .kind = ORVEL_WIDGET_SEARCH, .box = {4, 4, 140, 0}, .hint = "Find",
+            .state = KIT_DISABLED)}},
+    {"Dropdown",
+     "A field with an arrow. The list that opens is the host's to draw.",
+     {STATE("closed", .kind = ORVEL_WIDGET_DROPDOWN, .box = {4, 4, 120, 0}, .text = "Weekly"),
+      STATE("open", .kind = ORVEL_WIDGET_DROPDOWN, .box = {4, 4, 120, 0}, .text = "Weekly",
+            .state = KIT_ACTIVE),
+      STATE("focused", .kind = ORVEL_WIDGET_DROPDOWN, .box = {4, 4, 120, 0}, .text = "Weekly",
+            .state = KIT_FOCUS),
+      STATE("disabled", .kind = ORVEL_WIDGET_DROPDOWN, .box = {4, 4, 120, 0}, .text = "Weekly",
+            .state = KIT_DISABLED)}},
+    {"Tabs",
+     "Captions joined with \"|\", each in a tab of the same width.",
+     {STATE("the second selected", .kind = ORVEL_WIDGET_TABS, .box = {4, 4, 0, 0},
+            .text = "Day|Week|Month", .amount = 1),
+      STATE("focused", .kind = ORVEL_WIDGET_TABS, .box = {4, 4, 0, 0}, .text = "Day|Week|Month",
+            .state = KIT_FOCUS, .amount = 1),
+      STATE("disabled", .kind = ORVEL_WIDGET_TABS, .box = {4, 4, 0, 0}, .text = "Day|Week|Month",
+            .state = KIT_DISABLED, .amount = 1)}},
+    {"Menu",
+     "Items side by side, joined with \"|\". It has neither frame nor ground of its own.",
+     {STATE("the first selected", .kind = ORVEL_WIDGET_MENU, .box = {4, 4, 0, 0},
+            .text = "File|Edit|View"),
+      STATE("none selected", .kind = ORVEL_WIDGET_MENU, .box = {4, 4, 0, 0},
+            .text = "File|Edit|View", .amount = -1),
+      STATE("focused", .kind = ORVEL_WIDGET_MENU, .box = {4, 4, 0, 0}, .text = "File|Edit|View",
+            .state = KIT_FOCUS)}},
+    {"List item",
+     "A row with a caption and, if it is given one, an icon.",
+     {STATE("an icon", .kind = ORVEL_WIDGET_LIST_ITEM, .box = {4, 4, 160, 0}, .text = "Inbox",
+            .icon = "mail"),
+      STATE("no icon", .kind = ORVEL_WIDGET_LIST_ITEM, .box = {4, 4, 160, 0}, .text = "Drafts"),
+      STATE("selected", .kind = ORVEL_WIDGET_LIST_ITEM, .box = {4, 4, 160, 0}, .text = "Inbox",
+            .icon = "mail", .state = KIT_ACTIVE),
+      STATE("focused", .kind = ORVEL_WIDGET_LIST_ITEM, .box = {4, 4, 160, 0}, .text = "Inbox",
+            .icon = "mail", .state = KIT_FOCUS)}},
+};
+
+const std::vector<WidgetKind> kMeters = {
+    {"Progress",
+     "A frame that fills from the left.",
+     {STATE("at 0", .kind = ORVEL_WIDGET_PROGRESS, .box = {4, 4, 120, 12}, .value = 0.0),
+      STATE("at 0.4", .kind = ORVEL_WIDGET_PROGRESS, .box = {4, 4, 120, 12}, .value = 0.4),
+      STATE("at 1", .kind = ORVEL_WIDGET_PROGRESS, .box = {4, 4, 120, 12}, .value = 1.0)}},
+    {"Spinner",
+     "A dot on a ring. The host turns it: the value is the fraction of a turn from 3 o'clock.",
+     {STATE("at 0", .kind = ORVEL_WIDGET_SPINNER, .box = {4, 4, 24, 0}, .value = 0.0),
+      STATE("at 0.25", .kind = ORVEL_WIDGET_SPINNER, .box = {4, 4, 24, 0}, .value = 0.25),
+      STATE("at 0.6", .kind = ORVEL_WIDGET_SPINNER, .box = {4, 4, 24, 0}, .value = 0.6)}},
+    {"Rating",
+     "Five stars. The value is the fraction of them that shine, to the nearest whole star.",
+     {STATE("at 0", .kind = ORVEL_WIDGET_RATING, .box = {4, 4, 0, 0}, .value = 0.0),
+      STATE("at 0.6", .kind = ORVEL_WIDGET_RATING, .box = {4, 4, 0, 0}, .value = 0.6),
+      STATE("disabled", .kind = ORVEL_WIDGET_RATING, .box = {4, 4, 0, 0}, .state = KIT_DISABLED,
+            .value = 0.6)}},
+    {"Bars",
+     "A bar chart. Values outside 0 to 1 are drawn as the nearest of the two. The kit's charts "
+     "have axes and series.",
+     {STATE("eight values", .kind = ORVEL_WIDGET_BARS, .box = {4, 4, 120, 50}, .data = kValues,
+            .count = 8)}},
 };
 
 #undef STATE
 
 }  // namespace
 
-const std::vector<WidgetKind>& widget_kinds() { return kKinds; }
+const std::vector<WidgetKind>& widget_kinds() {
+    static const std::vector<WidgetKind> all = [] {
+        std::vector<WidgetKind> kinds;
+        for (const auto* part : {&kFrames, &kControls, &kFields, &kMeters}) {
+            kinds.insert(kinds.end(), part->begin(), part->end());
+        }
+        return kinds;
+    }();
+    return all;
+}
 
 }  // namespace manual

@@ -1,20 +1,17 @@
 // Every widget in every state that it shows.
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
-#include "orvel.h"
+#include "orvel_kit.h"
 
 namespace manual {
 
-/// One state: how large a canvas shows it, the code that made it, and that code.
+/// One state: its record, and the source text of that.
 struct WidgetState {
-    std::string name;
-    int width, height;
-    std::string code;
-    std::function<orvel_widget*(orvel_canvas*, const orvel_theme&)> make;
+    std::string name, code;
+    kit_widget record;
 };
 
 struct WidgetKind {
