@@ -1,4 +1,5 @@
-# orvel_run_in_tree(TARGET): lets a program of this build find the library, installed or not.
+# orvel_run_in_tree(TARGET): lets a program of this build, or another library of it, find the library,
+# installed or not.
 #
 # The library's install name on macOS is no path, so a program linked to it would look for a file
 # OrvelSDK where it was started; here it gets a reference that run paths lead from. Elsewhere every

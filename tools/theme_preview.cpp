@@ -2,12 +2,16 @@
 
 #include <memory>
 
+#include "orvel_kit.h"
+
 namespace orvel_tools {
 namespace {
 
 struct DestroyCanvas {
     void operator()(orvel_canvas* canvas) const { orvel_canvas_destroy(canvas); }
 };
+
+constexpr double kValues[] = {0.3, 0.45, 0.4, 0.62, 0.55, 0.8, 0.72, 0.95, 0.7, 0.5, 0.35};
 
 /// Draws each widget at once, so that later ones lie on top.
 class Sheet {
@@ -23,65 +27,67 @@ public:
     }
 
 private:
-    static void show(orvel_widget* widget) {
-        orvel_widget_draw(widget);
-        orvel_widget_destroy(widget);
+    void show(const kit_widget& widget) const { kit_draw(c, t, &widget); }
+    void show(int kind, const kit_box& box, const char* text, unsigned state = 0) const {
+        show({.kind = kind, .box = box, .text = text, .state = state});
     }
-    static void show_hovered(orvel_widget* widget) {
-        orvel_widget_set_hover(widget, 1);
-        show(widget);
-    }
-    static void show_active(orvel_widget* widget) {
-        orvel_widget_set_active(widget, 1);
-        show(widget);
+    void show(int kind, const kit_box& box, double value, unsigned state = 0) const {
+        show({.kind = kind, .box = box, .state = state, .value = value});
     }
 
     void form() const {
-        show(orvel_widget_window(c, t, "Window", 12, 12, 222, 184));
-        show(orvel_widget_button(c, t, "Button", 24, 34, 92, 22));
-        show_hovered(orvel_widget_button(c, t, "Hovered", 130, 34, 92, 22));
-        show(orvel_widget_textbox(c, t, "Text box", 24, 64, 92, 18));
-        show_hovered(orvel_widget_textbox(c, t, "Hovered", 130, 64, 92, 18));
-        show(orvel_widget_dropdown(c, t, "Closed", 24, 90, 92, 18, 0));
-        show(orvel_widget_dropdown(c, t, "Open", 130, 90, 92, 18, 1));
-        show(orvel_widget_checkbox(c, t, "Off", 24, 117, 0));
-        show(orvel_widget_checkbox(c, t, "On", 74, 117, 1));
-        show(orvel_widget_radio(c, t, "Off", 130, 117, 0));
-        show(orvel_widget_radio(c, t, "On", 180, 117, 1));
-        show(orvel_widget_slider(c, t, 28, 137, 84, 0.6));
-        show_hovered(orvel_widget_slider(c, t, 134, 137, 84, 0.3));
-        show(orvel_widget_toggle(c, t, 24, 156, 32, 14, 0));
-        show(orvel_widget_toggle(c, t, 64, 156, 32, 14, 1));
-        show(orvel_widget_progress(c, t, 130, 157, 92, 12, 0.7));
-        show(orvel_widget_separator(c, t, 24, 177, 197));
-        show(orvel_widget_label(c, t, "Label on surface", 24, 183));
+        show(ORVEL_WIDGET_WINDOW, {12, 12, 222, 184}, "Window");
+        show(ORVEL_WIDGET_BUTTON, {24, 36, 92, 22}, "Button");
+        show(ORVEL_WIDGET_BUTTON, {130, 36, 92, 22}, "Hovered", KIT_HOVER);
+        show(ORVEL_WIDGET_TEXTBOX, {24, 64, 92, 20}, "Text box");
+        show(ORVEL_WIDGET_TEXTBOX, {130, 64, 92, 20}, "Hovered", KIT_HOVER);
+        show(ORVEL_WIDGET_DROPDOWN, {24, 90, 92, 20}, "Closed");
+        show(ORVEL_WIDGET_DROPDOWN, {130, 90, 92, 20}, "Open", KIT_ACTIVE);
+        show(ORVEL_WIDGET_CHECKBOX, {24, 114, 46, 18}, "Off");
+        show(ORVEL_WIDGET_CHECKBOX, {74, 114, 46, 18}, "On", KIT_ACTIVE);
+        show(ORVEL_WIDGET_RADIO, {130, 114, 46, 18}, "Off");
+        show(ORVEL_WIDGET_RADIO, {180, 114, 46, 18}, "On", KIT_ACTIVE);
+        show(ORVEL_WIDGET_SLIDER, {24, 135, 92, 14}, 0.6);
+        show(ORVEL_WIDGET_SLIDER, {130, 135, 92, 14}, 0.3, KIT_HOVER);
+        show(ORVEL_WIDGET_TOGGLE, {24, 154, 32, 16}, nullptr);
+        show(ORVEL_WIDGET_TOGGLE, {64, 154, 32, 16}, nullptr, KIT_ACTIVE);
+        show(ORVEL_WIDGET_PROGRESS, {130, 156, 92, 12}, 0.7);
+        show(ORVEL_WIDGET_SEPARATOR, {24, 175, 198, 1}, nullptr);
+        show(ORVEL_WIDGET_LABEL, {24, 177, 198, 18}, "Label on surface");
     }
 
     void lists() const {
-        show(orvel_widget_titlebar(c, t, "Title bar", 246, 12, 222, 18));
-        show(orvel_widget_menu(c, t, "File|Edit|View", 246, 30, 222, 18, 1));
-        show(orvel_widget_tabs(c, t, "One|Two|Three", 246, 56, 222, 20, 1));
-        show(orvel_widget_search(c, t, "Search", 246, 84, 106, 18));
-        show_active(orvel_widget_search(c, t, "Active", 362, 84, 106, 18));
-        show(orvel_widget_list_item(c, t, "Item", "folder", 246, 110, 222, 20, 0));
-        show(orvel_widget_list_item(c, t, "Selected", "star", 246, 130, 222, 20, 1));
-        show(orvel_widget_list_item(c, t, "Item", "music", 246, 150, 222, 20, 0));
-        orvel_widget* bars = orvel_widget_bars(c, t, 246, 178, 222, 86);
-        constexpr double kValues[] = {0.3, 0.45, 0.4, 0.62, 0.55, 0.8, 0.72, 0.95, 0.7, 0.5, 0.35};
-        orvel_widget_set_data(bars, kValues, 11);
-        show(bars);
+        show(ORVEL_WIDGET_TITLEBAR, {246, 12, 222, 20}, "Title bar");
+        show(ORVEL_WIDGET_MENU, {246, 32, 222, 20}, "File|Edit|View");
+        show(ORVEL_WIDGET_TABS, {246, 58, 222, 22}, "One|Two|Three");
+        show(ORVEL_WIDGET_SEARCH, {246, 86, 106, 20}, "Search");
+        show(ORVEL_WIDGET_SEARCH, {362, 86, 106, 20}, "Active", KIT_ACTIVE);
+        show({.kind = ORVEL_WIDGET_LIST_ITEM,
+              .box = {246, 112, 222, 20},
+              .text = "Item",
+              .icon = "folder"});
+        show({.kind = ORVEL_WIDGET_LIST_ITEM,
+              .box = {246, 132, 222, 20},
+              .text = "Selected",
+              .icon = "star",
+              .state = KIT_ACTIVE});
+        show({.kind = ORVEL_WIDGET_LIST_ITEM,
+              .box = {246, 152, 222, 20},
+              .text = "Item",
+              .icon = "music"});
+        show({.kind = ORVEL_WIDGET_BARS, .box = {246, 178, 222, 86}, .data = kValues, .count = 11});
     }
 
     void card() const {
-        show(orvel_widget_card(c, t, 12, 204, 222, 60));
-        show(orvel_widget_avatar(c, t, "A", 24, 212, 20));
-        show(orvel_widget_badge(c, t, 54, 215, 12));
-        show(orvel_widget_rating(c, t, 90, 218, 0.6));
-        show(orvel_widget_icon(c, t, "heart", 148, 213, 18));
-        show(orvel_widget_tooltip(c, t, "Tip", 180, 213));
-        show(orvel_widget_spinner(c, t, 24, 238, 20, 0.1));
-        show(orvel_widget_stepper(c, t, 54, 241, 80, 14, 42));
-        orvel_text_draw(c, "Error", 148, 245, t->error);
+        show(ORVEL_WIDGET_CARD, {12, 202, 222, 64}, nullptr);
+        show(ORVEL_WIDGET_AVATAR, {24, 208, 24, 24}, "A");
+        show({.kind = ORVEL_WIDGET_BADGE, .box = {53, 212, 0, 0}, .amount = 12});
+        show(ORVEL_WIDGET_RATING, {80, 211, 0, 0}, 0.6);
+        show(ORVEL_WIDGET_ICON, {174, 212, 18, 18}, "heart");
+        show(ORVEL_WIDGET_TOOLTIP, {197, 210, 0, 0}, "Tip");
+        show(ORVEL_WIDGET_SPINNER, {26, 238, 20, 20}, 0.1);
+        show({.kind = ORVEL_WIDGET_STEPPER, .box = {56, 239, 90, 20}, .amount = 42});
+        kit_text_box(c, nullptr, "Error", {156, 239, 70, 20}, KIT_LEFT, t->error);
     }
 
     void colours() const {
@@ -90,11 +96,11 @@ private:
                                    t->button_hover, t->button_text, t->error};
         int x = 12;
         for (const orvel_color& colour : all) {
-            orvel_canvas_fill_rect(c, x, 274, 48, 20, colour);
-            orvel_canvas_rect(c, x, 274, 48, 20, t->border);
+            orvel_canvas_fill_rect(c, x, 272, 48, 22, colour);
+            orvel_canvas_rect(c, x, 272, 48, 22, t->border);
             x += 51;
         }
-        show(orvel_widget_statusbar(c, t, "Status bar", 0, 304, 480, 16));
+        show(ORVEL_WIDGET_STATUSBAR, {0, 300, 480, 20}, "Status bar");
     }
 
     orvel_canvas* c;

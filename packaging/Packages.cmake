@@ -1,0 +1,132 @@
+# What `cpack` makes, as scripts/package asks for it: of a build for /usr the .deb files, of any other
+# one .tar.gz, which can be unpacked anywhere.
+set(orvel_debian ${CMAKE_CURRENT_LIST_DIR}/debian)
+if(CMAKE_INSTALL_PREFIX STREQUAL "/usr")
+    set(CPACK_GENERATOR DEB)
+else()
+    set(CPACK_GENERATOR TGZ)
+endif()
+set(CPACK_PACKAGE_NAME orvelsdk)
+set(CPACK_PACKAGE_FILE_NAME orvelsdk-${PROJECT_VERSION}-${CMAKE_SYSTEM_NAME}-${CMAKE_SYSTEM_PROCESSOR})
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "user-interface and media toolkit with exact pixels")
+set(CPACK_PACKAGE_CONTACT "OrvelSDK authors <authors@orvelsdk.example>")
+set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_VERBATIM_VARIABLES ON)
+set(CPACK_COMPONENTS_ALL)
+
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${PROJECT_BINARY_DIR})
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+
+function(orvel_compress from to)
+    execute_process(COMMAND ${ORVEL_GZIP} -9nc ${from}
+                    OUTPUT_FILE ${PROJECT_BINARY_DIR}/${to} COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
+if(CPACK_GENERATOR STREQUAL "DEB")
+    find_program(ORVEL_GZIP gzip REQUIRED)
+    execute_process(COMMAND ${orvel_debian}/changelog ${CPACK_PACKAGE_CONTACT}
+                    INPUT_FILE ${PROJECT_SOURCE_DIR}/CHANGELOG.md
+                    OUTPUT_FILE ${PROJECT_BINARY_DIR}/changelog COMMAND_ERROR_IS_FATAL ANY)
+    orvel_compress(${PROJECT_BINARY_DIR}/changelog changelog.gz)
+else()
+    install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${PROJECT_SOURCE_DIR}/CHANGELOG.md
+            DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT liborvelsdk-dev)
+endif()
+
+# For the bills of materials, which cannot see it: rows of a package and what was compiled into it.
+file(WRITE ${PROJECT_BINARY_DIR}/compiled-in "")
+
+# orvel_package(NAME SECTION section HOLDS text [DEPENDS packages] [RECOMMENDS packages]
+#               [COMPILED_IN part version licence file...])
+#
+# A package of what is installed as the component NAME. The section libs is that of shared libraries.
+# What others wrote and is compiled into it brings the file of its licence along.
+macro(orvel_package name)
+    cmake_parse_arguments(arg "" "SECTION;HOLDS;DEPENDS;RECOMMENDS" "COMPILED_IN" ${ARGN})
+    string(TOUPPER ${name} id)
+    list(APPEND CPACK_COMPONENTS_ALL ${name})
+    set(CPACK_DEBIAN_${id}_PACKAGE_NAME ${name})
+    set(CPACK_DEBIAN_${id}_PACKAGE_SECTION ${arg_SECTION})
+    set(CPACK_DEBIAN_${id}_PACKAGE_DEPENDS "${arg_DEPENDS}")
+    set(CPACK_DEBIAN_${id}_PACKAGE_RECOMMENDS "${arg_RECOMMENDS}")
+    set(CPACK_COMPONENT_${id}_DESCRIPTION
+        "OrvelSDK draws application screens in memory and plays sounds, behind
+a flat C interface. The same calls give the same bytes on every machine.
+
+This package holds ${arg_HOLDS}")
+    if(arg_SECTION STREQUAL "libs")
+        set(CPACK_DEBIAN_${id}_PACKAGE_CONTROL_EXTRA ${orvel_debian}/triggers)
+    endif()
+    orvel_install_documents(${name} ${arg_SECTION} ${arg_COMPILED_IN})
+endmacro()
+
+# Every Debian package brings its licences and its history under the names that Debian wants.
+function(orvel_install_documents name section)  # [part version licence file]...
+    set(folder ${CMAKE_INSTALL_DATADIR}/doc/${name})
+    file(READ ${PROJECT_SOURCE_DIR}/LICENSE copyright)
+    while(ARGN)
+        list(POP_FRONT ARGN part version licence file)
+        file(APPEND ${PROJECT_BINARY_DIR}/compiled-in "${name} ${part} ${version} ${licence}\n")
+        file(READ ${file} other)
+        string(APPEND copyright "\n${other}")
+        if(NOT CPACK_GENERATOR STREQUAL "DEB")
+            install(FILES ${file} RENAME ${part} COMPONENT ${name}
+                    DESTINATION ${CMAKE_INSTALL_DOCDIR}/licences)
+        endif()
+    endwhile()
+    if(NOT CPACK_GENERATOR STREQUAL "DEB")
+        return()
+    endif()
+    file(WRITE ${PROJECT_BINARY_DIR}/copyright.${name} "${copyright}")
+    install(FILES ${PROJECT_BINARY_DIR}/copyright.${name} RENAME copyright
+            DESTINATION ${folder} COMPONENT ${name})
+    install(FILES ${PROJECT_BINARY_DIR}/changelog.gz DESTINATION ${folder} COMPONENT ${name})
+    if(section STREQUAL "libs")
+        install(FILES ${orvel_debian}/lintian-overrides RENAME ${name}
+                DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides COMPONENT ${name})
+    endif()
+endfunction()
+
+# Music is played by programs, sounds by libraries that are opened where they exist.
+orvel_package(liborvelsdk0 SECTION libs
+    RECOMMENDS "libpulse0, libsndfile1, pulseaudio-utils | pipewire-bin"
+    HOLDS "the shared library.")
+orvel_package(liborvelsdk-dev SECTION libdevel
+    DEPENDS "liborvelsdk0 (= ${PROJECT_VERSION})"
+    HOLDS "the header, what CMake and pkg-config need to find\nthe library, and six theme files.")
+
+set(letters DejaVu 2.37 Bitstream-Vera ${PROJECT_SOURCE_DIR}/kit/words/faces/LICENSE-DejaVu)
+orvel_package(liborvelkit0 SECTION libs
+    DEPENDS "liborvelsdk0 (= ${PROJECT_VERSION})"
+    COMPILED_IN ${letters}
+    HOLDS "the kit: words that people can read, widgets\nwith captions, charts, and pixels for files and panels.")
+orvel_package(liborvelkit-dev SECTION libdevel
+    DEPENDS "liborvelkit0 (= ${PROJECT_VERSION}), liborvelsdk-dev (= ${PROJECT_VERSION})"
+    COMPILED_IN ${letters}
+    HOLDS "the header of the kit, the kit as an archive, and\nwhat CMake and pkg-config need to find both.")
+
+if(ORVEL_BUILD_TOOLS)
+    find_package(CLI11 QUIET)
+    orvel_package(orvelsdk-tools SECTION devel
+        DEPENDS "liborvelsdk0 (>= ${PROJECT_VERSION})"
+        COMPILED_IN CLI11 "${CLI11_VERSION}" BSD-3-Clause ${CMAKE_CURRENT_LIST_DIR}/licences/CLI11
+                    ${letters}
+        HOLDS "the programs that compare and convert pictures and\ncheck theme files.")
+    file(GLOB pages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tools/man/*.1)
+    foreach(page IN LISTS pages)
+        if(CPACK_GENERATOR STREQUAL "DEB")
+            get_filename_component(name ${page} NAME)
+            orvel_compress(${page} ${name}.gz)
+            set(page ${PROJECT_BINARY_DIR}/${name}.gz)
+        endif()
+        install(FILES ${page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT orvelsdk-tools)
+    endforeach()
+endif()
+
+include(CPack)
