@@ -1,0 +1,86 @@
+// Live data: values by their paths, and templates that show them.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "screen/document.h"
+
+namespace kit {
+
+/// One step of a path: into the member `name`, or to the item `index` where the name is empty.
+struct Step {
+    std::string name;
+    int index = -1;  // counted from 0
+};
+
+/// `now.temp`, `days[2].name`: names of letters, digits, "_", "-" and anything beyond ASCII.
+using Path = std::vector<Step>;
+
+/// Names that a template can use: the members of `values` (an object) where `name` is empty, else
+/// the one value under `name`, which hides those further out. Everything is borrowed.
+struct Scope {
+    const Value* values = nullptr;
+    std::string_view name;
+    const Scope* outer = nullptr;
+};
+
+/// `path:decimals|fallback`.
+struct Reference {
+    Path path;
+    std::string written;  // the path, for reasons
+    int decimals = -1;    // -1: the number as it is written
+    std::optional<std::string> fallback;
+};
+
+/// A text with references in it; `$${` is a literal `${`.
+struct Template {
+    struct Part {
+        std::string literal;  // what stands before the reference
+        std::optional<Reference> reference;
+    };
+    std::vector<Part> parts;
+
+    /// The only reference, when there is nothing around it: such a text keeps the value's type.
+    const Reference* whole() const;
+    /// Whether it is a text without references.
+    bool plain() const;
+};
+
+/* What can fail returns false or null and then says in `why` what is wrong, without a place. */
+
+bool read_path(std::string_view text, Path& path, std::string& why);
+bool read_template(std::string_view text, Template& result, std::string& why);
+
+/// The value at the end of a path; null where there is none. What is null counts as missing.
+const Value* look_up(const Path& path, const Scope& scope);
+
+/// "there is no now.tmp; did you mean now.temp?"
+std::string missing(const Path& path, const Scope& scope);
+
+/// The text of a template. A list or an object has no text; what has decimals and is no number
+/// (nor a text that is one) takes the fallback.
+bool fill(const Template& source, const Scope& scope, std::string& text, std::string& why);
+
+/// The value of a template: of a whole reference the data's own, without a copy, else a text made
+/// in @p room. A rounded number is a number; so is a fallback that is written like one, and true
+/// and false are booleans.
+const Value* evaluate(const Template& source, const Scope& scope, Value& room, std::string& why);
+
+/// Sets the value at the end of a path; objects on its way are made where they are missing, and an
+/// index one past the end of a list adds to it. On failure nothing has changed.
+bool set_value(Value& root, const Path& path, const Value& value, std::string& why);
+bool set_json(Value& root, std::string_view path, std::string_view json, std::string& why);
+
+/// A number, as JSON writes it, rounded half away from zero; never "-0".
+std::string rounded(std::string_view number, int decimals);
+
+/// Less than 0, 0 or more than 0, as the number @p a is less than, equal to or more than @p b.
+int compare_numbers(std::string_view a, std::string_view b);
+
+/// Whether @p text is a number as JSON writes it, within double's range.
+bool is_number(std::string_view text);
+
+}  // namespace kit
