@@ -60,6 +60,8 @@ const Value* look_up(const Path& path, const Scope& scope);
 /// "there is no now.tmp; did you mean now.temp?"
 std::string missing(const Path& path, const Scope& scope);
 
+constexpr std::size_t kMostText = 65536;  // bytes of a text that a template makes
+
 /// The text of a template. A list or an object has no text; what has decimals and is no number
 /// (nor a text that is one) takes the fallback.
 bool fill(const Template& source, const Scope& scope, std::string& text, std::string& why);
@@ -71,16 +73,7 @@ const Value* evaluate(const Template& source, const Scope& scope, Value& room, s
 
 /// Sets the value at the end of a path; objects on its way are made where they are missing, and an
 /// index one past the end of a list adds to it. On failure nothing has changed.
-bool set_value(Value& root, const Path& path, const Value& value, std::string& why);
+bool set_value(Value& root, const Path& path, Value value, std::string& why);
 bool set_json(Value& root, std::string_view path, std::string_view json, std::string& why);
-
-/// A number, as JSON writes it, rounded half away from zero; never "-0".
-std::string rounded(std::string_view number, int decimals);
-
-/// Less than 0, 0 or more than 0, as the number @p a is less than, equal to or more than @p b.
-int compare_numbers(std::string_view a, std::string_view b);
-
-/// Whether @p text is a number as JSON writes it, within double's range.
-bool is_number(std::string_view text);
 
 }  // namespace kit

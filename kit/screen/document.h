@@ -60,6 +60,9 @@ std::string reason(std::string_view file, Place place, std::string_view what);
 /// The value as JSON on one line; numbers as they were written.
 std::string write_json(const Value& value);
 
+/// A text in quotes for a reason: on one line, cut to 40 bytes.
+std::string in_quotes(std::string_view text);
+
 /// That of @p known which @p word was probably meant to be; empty when none is near.
 std::string_view nearest(std::string_view word, const std::vector<std::string_view>& known);
 
