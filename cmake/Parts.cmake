@@ -16,6 +16,7 @@ function(orvel_part option description)
     option(${option} "${description}" ${PROJECT_IS_TOP_LEVEL})
 endfunction()
 
+orvel_part(ORVEL_BUILD_SCREEN "Build the library of screens" nlohmann_json)
 orvel_part(ORVEL_BUILD_TESTS "Build the test suite" GTest)
 orvel_part(ORVEL_BUILD_TOOLS "Build the picture tools" CLI11 PNG)
 orvel_part(ORVEL_BUILD_EXAMPLES "Build the examples")

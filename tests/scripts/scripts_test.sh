@@ -125,7 +125,7 @@ bootstrap_installs_only_what_is_missing)
 -q -y -o DPkg::Lock::Timeout=120 install --no-install-recommends ninja-build libcli11-dev"
     ;;
 bootstrap_fetches_for_the_library_a_compiler_and_cmake_alone)
-    machine_without g++ cmake ninja-build pkg-config libpng-dev libcli11-dev python3 libfreetype-dev \
+    machine_without g++ cmake ninja-build pkg-config libpng-dev libcli11-dev nlohmann-json3-dev python3 libfreetype-dev \
         libfontconfig-dev fonts-dejavu-core libsdl2-dev libgtest-dev
     bootstrap library
     expect output "$output" "bootstrap: installing g++ cmake ninja-build"

@@ -1,0 +1,170 @@
+/**
+ * @file orvel_screen.h
+ * Screens: a tree of rows, columns, words, pictures, charts and widgets, laid out and drawn by one
+ * call. A tree is read from a scene file (JSON), from memory, or made by calls; the values that it
+ * shows are set while it lives. A library of its own, libOrvelScreen, on orvel_kit.h alone.
+ *
+ * House rules, for every function unless it says otherwise; those of orvel_kit.h hold too:
+ *  - Nothing throws. Where memory runs out, the call returns null or -1, and says so.
+ *  - Reasons. One line, "FILE:LINE:COLUMN: PATH: found ..., expected ...", into the caller's buffer
+ *    (why, size): rooms.json:14:9: root.column[2].buton: unknown kind; did you mean "button"?
+ *  - All or nothing. A call that fails leaves the screen as it was.
+ *  - Borrowed. A text that a call returns is the screen's, until the next call with that screen.
+ *  - Only integers are computed with, so the bytes are the same everywhere.
+ *  - No state: no window, no clock, no thread. One thread at a time for each screen.
+ *  - Nothing is trusted: 10,000 nodes, 16 MiB, includes 8 deep are the most, sides of 32767 pixels.
+ */
+#ifndef ORVEL_SCREEN_H
+#define ORVEL_SCREEN_H
+
+#include "orvel_kit.h"
+
+/** The version of this header; kit_screen_version() tells that of the library in use. */
+#define KIT_SCREEN_VERSION "0.1.0"
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/** The version of the library. A static string: never null, never freed. */
+ORVEL_API const char* kit_screen_version(void);
+
+/** A screen; made by kit_screen_open() or kit_screen_read(). */
+typedef struct kit_screen kit_screen;
+
+/**
+ * What a screen asks its host for by name, each by a function that gets @p self and returns null
+ * for a name that it does not know; a null function knows none. What they return is borrowed until
+ * the screen is closed. They must not call the screen.
+ */
+typedef struct kit_screen_host {
+    void* self KIT_ZERO;
+    /** A picture, for nodes of the kind "picture"; pixels with alpha 0 do not show. */
+    const orvel_canvas* (*picture)(void* self, const char* name)KIT_ZERO;
+    /** A theme, beside "dark" and "light". */
+    const orvel_theme* (*theme)(void* self, const char* name)KIT_ZERO;
+    /** A face, beside those of kit_face_named(). */
+    const kit_face* (*face)(void* self, const char* name)KIT_ZERO;
+    /** The text of a scene file for "include", its bytes to @p length; it is not kept. Null: files
+     *  beside the scene's own, and for kit_screen_read() none. */
+    const char* (*include)(void* self, const char* name, size_t* length)KIT_ZERO;
+    const void* reserved[4] KIT_ZERO;
+} kit_screen_host;
+
+/* ---- Open and close ---- */
+
+/**
+ * Opens a scene file. Includes are files in its folder or below; links and FIFOs are followed and
+ * not waited for.
+ *
+ * @param data  the data that the screen shows, a JSON object; null for the file's "sample".
+ * @param host  is copied; may be null.
+ * @return the caller's, for kit_screen_close(); null, and the reason, when it is refused.
+ */
+ORVEL_API kit_screen* kit_screen_open(const char* path, const char* data,
+                                      const kit_screen_host* host, char* why, size_t size);
+
+/** As kit_screen_open(), from @p length bytes of memory, which are not needed afterwards; reasons
+ *  begin with @p name, "scene" when that is null. Includes come from the host. */
+ORVEL_API kit_screen* kit_screen_read(const void* bytes, size_t length, const char* name,
+                                      const char* data, const kit_screen_host* host, char* why,
+                                      size_t size);
+
+/** Releases a screen. */
+ORVEL_API void kit_screen_close(kit_screen* screen);
+
+/* ---- Size ---- */
+
+/** The size that the screen has: its file's "size", what kit_screen_resize() said, or what its root
+ *  wants. 0 for null. @p w and @p h may be null. */
+ORVEL_API void kit_screen_size(const kit_screen* screen, int* w, int* h);
+
+/** Lays the screen out anew for this size: 1 to 32767 pixels each. */
+ORVEL_API int kit_screen_resize(kit_screen* screen, int w, int h, char* why, size_t size);
+
+/* ---- Live data ---- */
+
+/**
+ * Sets the value @p name ("battery", "now.temp", "days[2].name"; empty: all of the data) to the
+ * JSON text @p json. Objects on its way are made where they are missing, an index one past the end
+ * of a list adds to it.
+ */
+ORVEL_API int kit_screen_set(kit_screen* screen, const char* name, const char* json, char* why,
+                             size_t size);
+
+/** The value @p name as JSON, borrowed; null where there is none. */
+ORVEL_API const char* kit_screen_get(kit_screen* screen, const char* name);
+
+/* ---- The tree by calls ---- */
+/*
+ * Nodes are written as in a scene file and called by their "id". An id stands for the first node in
+ * the file that has it, not one in an include. An empty scene to begin with is
+ * {"orvel": 1, "size": [320, 240], "root": {"column": [], "id": "root"}}.
+ */
+
+/** Adds the node @p json to the row, column or stack @p parent, before its child number @p at,
+ *  counted from 0; a negative or larger number adds it at the end. */
+ORVEL_API int kit_screen_add(kit_screen* screen, const char* parent, int at, const char* json,
+                             char* why, size_t size);
+
+/** Removes the node @p id, with all below it, from the row, column or stack that it is in. */
+ORVEL_API int kit_screen_remove(kit_screen* screen, const char* id, char* why, size_t size);
+
+/** Sets the key @p key ("text", "width", ...) of the node @p id; with null as @p json removes it.
+ */
+ORVEL_API int kit_screen_change(kit_screen* screen, const char* id, const char* key,
+                                const char* json, char* why, size_t size);
+
+/* ---- Drawing ---- */
+
+/**
+ * Draws what changed since the last time: on the first call everything. The canvas must show what
+ * was last drawn; kit_screen_expose() says where it does not.
+ *
+ * @param dirty  gets the smallest rectangle that holds all that was drawn, empty when nothing had
+ *               to be; may be null. Outside it no pixel changes.
+ * @return 0; -1 for null, and where memory runs out, where the next call draws it again.
+ */
+ORVEL_API int kit_screen_draw(kit_screen* screen, orvel_canvas* canvas, kit_box* dirty);
+
+/** Has the next kit_screen_draw() draw this box, too; everything when @p box is null. */
+ORVEL_API void kit_screen_expose(kit_screen* screen, const kit_box* box);
+
+/* ---- What is there ---- */
+
+/**
+ * One line for each node that shows, in the order in which they are drawn, each below its parent
+ * and two spaces further right: ROLE, then what the node has of "NAME", =VALUE, its states, #ID,
+ * and last its box, X,Y WxH. The same lines for the same screen, everywhere and in every version of
+ * one number.
+ *
+ *     row 0,0 800x44
+ *       icon "home" 20,8 28x28
+ *       slider =21 focus #target 20,60 228x14
+ *
+ * @return borrowed; null for null and where memory runs out.
+ */
+ORVEL_API const char* kit_screen_describe(kit_screen* screen);
+
+/**
+ * What a careful look would find wrong, one line for each, "FILE:LINE:COLUMN: PATH: KIND: ...":
+ *  - overflow: a node lies partly or wholly outside its parent, and is cut;
+ *  - cut: words do not fit, and end in an ellipsis or lose lines;
+ *  - missing: characters that the face lacks;
+ *  - contrast: words that stand out too little from their ground (WCAG 2.2, 1.4.3);
+ *  - target: a control with a side below 24 pixels (WCAG 2.2, 2.5.8);
+ *  - unknown: a picture or an icon that there is not.
+ *
+ * @return borrowed, empty when there is nothing; null for null and where memory runs out.
+ */
+ORVEL_API const char* kit_screen_report(kit_screen* screen);
+
+/** The box of the first node with this id ("target", in a repetition "day[2]"), as it lies on the
+ *  screen, cut to what shows of it. -1 where there is none, or nothing of it shows. */
+ORVEL_API int kit_screen_box(const kit_screen* screen, const char* id, kit_box* box);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif /* ORVEL_SCREEN_H */
