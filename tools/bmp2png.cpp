@@ -3,24 +3,11 @@
 
 #include "command_line.h"
 #include "picture.h"
+#include "picture_file.h"
 
 namespace {
 
-using orvel_tools::Picture;
-
 constexpr int kLongestSide = 1000000;  // of a PNG file, by libpng's own rule
-
-/// Every pixel becomes a square of @p scale pixels.
-Picture scaled(const Picture& from, int scale) {
-    Picture to;
-    to.width = from.width * scale;
-    to.height = from.height * scale;
-    to.pixels.reserve(std::size_t(to.width) * std::size_t(to.height));
-    for (int y = 0; y < to.height; ++y) {
-        for (int x = 0; x < to.width; ++x) to.pixels.push_back(from.at(x / scale, y / scale));
-    }
-    return to;
-}
 
 bool convert(const std::string& in, const std::string& out, int scale, std::string& error) {
     auto picture = orvel_tools::read_bmp(in, error);
@@ -29,7 +16,7 @@ bool convert(const std::string& in, const std::string& out, int scale, std::stri
         error = out + ": a side of more than 1000000 pixels does not fit into a PNG file";
         return false;
     }
-    if (scale > 1) picture = scaled(*picture, scale);
+    if (scale > 1) picture = orvel_tools::scaled(*picture, scale);
     return orvel_tools::write_png(*picture, out, error);
 }
 

@@ -1,13 +1,10 @@
 #include "picture.h"
 
-#include <png.h>
-
-#include <array>
-#include <cerrno>
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
-#include <cstring>
+
+#include "picture_file.h"
+#include "streams.h"
 
 namespace orvel_tools {
 namespace {
@@ -27,22 +24,6 @@ std::uint32_t u32(const Bytes& bytes, std::size_t at) {
 
 std::int64_t i32(const Bytes& bytes, std::size_t at) {
     return static_cast<std::int32_t>(u32(bytes, at));
-}
-
-std::optional<Bytes> read_bytes(const std::string& path, std::string& error) {
-    std::FILE* file = std::fopen(path.c_str(), "rb");
-    Bytes bytes;
-    if (file) {
-        std::array<unsigned char, 65536> block;
-        while (const std::size_t got = std::fread(block.data(), 1, block.size(), file)) {
-            bytes.insert(bytes.end(), block.begin(), block.begin() + std::ptrdiff_t(got));
-        }
-        const bool complete = std::feof(file) != 0;
-        std::fclose(file);
-        if (complete) return bytes;
-    }
-    error = path + ": " + std::strerror(errno);
-    return std::nullopt;
 }
 
 /// Where the pixels are, with all its numbers checked against the size of the file.
@@ -70,11 +51,18 @@ const char* read_layout(const Bytes& bytes, Layout& layout) {
 }  // namespace
 
 std::optional<Picture> read_bmp(const std::string& path, std::string& error) {
-    const auto bytes = read_bytes(path, error);
-    if (!bytes) return std::nullopt;
+    std::string bytes;
+    if (!read_all(path, SIZE_MAX / 2, bytes, error)) return std::nullopt;
+    auto picture = bmp_from(bytes, error);
+    if (!picture) error = path + ": " + error;
+    return picture;
+}
+
+std::optional<Picture> bmp_from(const std::string& file, std::string& error) {
+    const Bytes bytes(file.begin(), file.end());
     Layout layout = {};
-    if (const char* reason = read_layout(*bytes, layout)) {
-        error = path + ": " + reason;
+    if (const char* reason = read_layout(bytes, layout)) {
+        error = reason;
         return std::nullopt;
     }
     Picture picture;
@@ -83,7 +71,7 @@ std::optional<Picture> read_bmp(const std::string& path, std::string& error) {
     picture.pixels.reserve(std::size_t(layout.width) * std::size_t(layout.height));
     for (std::int64_t y = 0; y < layout.height; ++y) {
         const std::int64_t row = layout.top_row_first ? y : layout.height - 1 - y;
-        const unsigned char* at = bytes->data() + layout.offset + row * layout.stride;
+        const unsigned char* at = bytes.data() + layout.offset + row * layout.stride;
         for (std::int64_t x = 0; x < layout.width; ++x, at += layout.bytes_per_pixel) {
             const unsigned char alpha = layout.bytes_per_pixel == 4 ? at[3] : 255;
             picture.pixels.push_back({at[2], at[1], at[0], alpha});
@@ -105,15 +93,9 @@ Picture picture_of(const orvel_canvas* canvas) {
 }
 
 bool write_png(const Picture& picture, const std::string& path, std::string& error) {
-    png_image image = {};
-    image.version = PNG_IMAGE_VERSION;
-    image.width = static_cast<png_uint_32>(picture.width);
-    image.height = static_cast<png_uint_32>(picture.height);
-    image.format = PNG_FORMAT_RGBA;
-    if (png_image_write_to_file(&image, path.c_str(), 0, picture.pixels.data(), 0, nullptr)) {
-        return true;
-    }
-    error = path + ": " + image.message;
+    const auto bytes = encoded(picture, "png", error);
+    if (bytes) return write_all(path, *bytes, error);
+    error = path + ": " + error;
     return false;
 }
 

@@ -25,6 +25,9 @@ struct Picture {
 /// On failure, @p error says why in one line that names the file.
 std::optional<Picture> read_bmp(const std::string& path, std::string& error);
 
+/// The same, from the bytes of such a file; the reason names no file.
+std::optional<Picture> bmp_from(const std::string& file, std::string& error);
+
 /// Copies what has been drawn on @p canvas.
 Picture picture_of(const orvel_canvas* canvas);
 
