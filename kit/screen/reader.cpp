@@ -273,6 +273,10 @@ bool read_document(std::string_view text, std::string_view file, Value& root, st
     }
     constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
     if (text.substr(0, 3) == kByteOrderMark) text.remove_prefix(3);
+    if (text.substr(0, 3) == kByteOrderMark) {  // which the parser would pass over, too
+        why = reason(file, {1, 1}, "found a second byte order mark, expected a value");
+        return false;
+    }
     if (!all_characters(text, file, why)) return false;
     Builder builder(text, file, root, why);
     return nlohmann::json::sax_parse(text.begin(), text.end(), &builder);

@@ -17,8 +17,7 @@ bool read_reference(std::string_view text, Reference& reference, std::string& wh
         const std::string_view decimals = path.substr(colon + 1);
         path = path.substr(0, colon);
         if (decimals.size() != 1 || decimals[0] < '0' || decimals[0] > '9') {
-            why = "found " + in_quotes(decimals) + " behind the colon of ${" + std::string(path) +
-                  ":...}, expected decimals, 0 to 9";
+            why = "found " + in_quotes(decimals) + " behind a colon, expected decimals, 0 to 9";
             return false;
         }
         reference.decimals = decimals[0] - '0';

@@ -100,9 +100,9 @@ TEST(DataTest, ABadReferenceIsRefused) {
     }
     EXPECT_EQ(filled("a ${b"), "! found \"${b\" without a }; a literal ${ is written $${");
     for (const char* decimals : {"", "10", "x", "-1", "/", ":"}) {
-        EXPECT_EQ(filled("${a:" + std::string(decimals) + "}"),
-                  "! found \"" + std::string(decimals) +
-                      "\" behind the colon of ${a:...}, expected decimals, 0 to 9");
+        EXPECT_EQ(
+            filled("${a:" + std::string(decimals) + "}"),
+            "! found \"" + std::string(decimals) + "\" behind a colon, expected decimals, 0 to 9");
     }
     std::string deep = "a";
     for (int i = 1; i < 64; ++i) deep += ".a";

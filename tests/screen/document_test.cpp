@@ -89,6 +89,8 @@ TEST(DocumentTest, AByteOrderMarkIsNoCharacter) {
     const Value root = value_of("\xEF\xBB\xBF[1]");
     EXPECT_EQ(place_of(root.place), "1:1");
     EXPECT_EQ(place_of(root.items[0].place), "1:2");
+    EXPECT_EQ(read("\xEF\xBB\xBF\xEF\xBB\xBF[1]"),
+              "f:1:1: found a second byte order mark, expected a value");
 }
 
 TEST(DocumentTest, WhatIsWrongIsToldWithItsPlace) {
