@@ -23,7 +23,7 @@ using Path = std::vector<Step>;
 /// the one value under `name`, which hides those further out. Everything is borrowed.
 struct Scope {
     const Value* values = nullptr;
-    std::string_view name;
+    std::string_view name = {};
     const Scope* outer = nullptr;
 };
 

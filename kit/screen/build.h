@@ -1,0 +1,48 @@
+// From scenes and data to the tree that is laid out.
+#pragma once
+
+#include "screen/data.h"
+#include "screen/node.h"
+#include "screen/sources.h"
+
+namespace kit {
+
+/// The nodes of the first scene, with these data; refuses what does not fit.
+Nodes build(const Sources& sources, const Value& data);
+
+/// What one build may copy of data and texts, so that repetitions cannot multiply them.
+class Budget {
+public:
+    /// Refuses what is beyond 32 MiB.
+    void spend(const Trail& trail, Place place, std::size_t bytes);
+
+private:
+    std::size_t left_ = std::size_t{32} << 20;
+};
+
+/// A node being read: where it stands, what it sees, and what it may cost.
+struct Reading {
+    const Sources& sources;
+    const Scope& scope;
+    Budget& budget;
+
+    /// The value of a key with its references looked up, deep inside lists and objects, too;
+    /// refuses one that is not of this type.
+    Value value(const Trail& trail, Type type, const Value& written) const;
+    std::string words(const Trail& trail, const Value& written) const;
+
+private:
+    Value evaluated(const Trail& trail, const Value& written) const;
+};
+
+/// Sets what a key of a node, or its kind's own, decides.
+void set_key(const Reading& reading, const Trail& trail, const Value& written, const KeySpec& key,
+             Node& node);
+void set_content(const Reading& reading, const Trail& trail, const Value& written, Node& node);
+/// What follows from all keys together.
+void finish(Node& node);
+
+void set_theme(const Reading& reading, const Trail& trail, const Value& written, Look& look);
+void set_face(const Reading& reading, const Trail& trail, const Value& written, Look& look);
+
+}  // namespace kit

@@ -1,0 +1,178 @@
+#include "screen/kinds.h"
+
+#include <algorithm>
+
+#include "orvel_kit.h"
+
+namespace kit {
+namespace {
+
+constexpr unsigned kShown = kEvery | kWidget;
+
+constexpr KindSpec kKinds[] = {
+    {"row", Sort::Row, -1, Type::Nodes, kEvery | kLines | kRow},
+    {"column", Sort::Column, -1, Type::Nodes, kEvery | kLines},
+    {"stack", Sort::Stack, -1, Type::Nodes, kEvery | kStack},
+    {"space", Sort::Space, -1, Type::Room, kEvery},
+    {"text", Sort::Text, -1, Type::Words, kEvery | kText | kInk},
+    {"picture", Sort::Picture, -1, Type::Words, kEvery},
+    {"icon", Sort::Icon, ORVEL_WIDGET_ICON, Type::Icon, kEvery | kInk | kSize},
+    {"line", Sort::Line, -1, Type::Color, kEvery | kSize},
+    {"rect", Sort::Rect, -1, Type::Color, kEvery},
+    {"circle", Sort::Circle, -1, Type::Color, kEvery | kSize},
+    {"chart", Sort::Chart, -1, Type::Shape, kEvery | kChart | kRange | kInk},
+    {"include", Sort::Include, -1, Type::File, kEvery | kInclude},
+    {"window", Sort::Widget, ORVEL_WIDGET_WINDOW, Type::Node, kShown | kFrame | kWindow},
+    {"panel", Sort::Widget, ORVEL_WIDGET_PANEL, Type::Node, kShown | kFrame},
+    {"label", Sort::Widget, ORVEL_WIDGET_LABEL, Type::Words, kShown},
+    {"button", Sort::Widget, ORVEL_WIDGET_BUTTON, Type::Words, kShown | kOn | kIcon},
+    {"toggle", Sort::Widget, ORVEL_WIDGET_TOGGLE, Type::Truth, kShown},
+    {"checkbox", Sort::Widget, ORVEL_WIDGET_CHECKBOX, Type::Words, kShown | kOn},
+    {"slider", Sort::Widget, ORVEL_WIDGET_SLIDER, Type::Number, kShown | kRange},
+    {"progress", Sort::Widget, ORVEL_WIDGET_PROGRESS, Type::Number, kShown | kRange},
+    {"textbox", Sort::Widget, ORVEL_WIDGET_TEXTBOX, Type::Words, kShown | kField},
+    {"image", Sort::Widget, ORVEL_WIDGET_IMAGE, Type::Words, kShown},
+    {"separator", Sort::Widget, ORVEL_WIDGET_SEPARATOR, Type::Nothing, kShown},
+    {"card", Sort::Widget, ORVEL_WIDGET_CARD, Type::Node, kShown | kFrame},
+    {"radio", Sort::Widget, ORVEL_WIDGET_RADIO, Type::Words, kShown | kOn},
+    {"dropdown", Sort::Widget, ORVEL_WIDGET_DROPDOWN, Type::Words, kShown | kOn},
+    {"spinner", Sort::Widget, ORVEL_WIDGET_SPINNER, Type::Number, kShown | kRange},
+    {"rating", Sort::Widget, ORVEL_WIDGET_RATING, Type::Number, kShown | kRange},
+    {"stepper", Sort::Widget, ORVEL_WIDGET_STEPPER, Type::Words, kShown | kRange},
+    {"tabs", Sort::Widget, ORVEL_WIDGET_TABS, Type::Items, kShown | kItems},
+    {"avatar", Sort::Widget, ORVEL_WIDGET_AVATAR, Type::Words, kShown},
+    {"badge", Sort::Widget, ORVEL_WIDGET_BADGE, Type::Words, kShown},
+    {"titlebar", Sort::Widget, ORVEL_WIDGET_TITLEBAR, Type::Words, kShown},
+    {"list_item", Sort::Widget, ORVEL_WIDGET_LIST_ITEM, Type::Words, kShown | kOn | kIcon},
+    {"menu", Sort::Widget, ORVEL_WIDGET_MENU, Type::Items, kShown | kItems},
+    {"bars", Sort::Widget, ORVEL_WIDGET_BARS, Type::Numbers, kShown | kRange},
+    {"search", Sort::Widget, ORVEL_WIDGET_SEARCH, Type::Words, kShown | kField},
+    {"tooltip", Sort::Widget, ORVEL_WIDGET_TOOLTIP, Type::Words, kShown},
+    {"statusbar", Sort::Widget, ORVEL_WIDGET_STATUSBAR, Type::Words, kShown},
+};
+
+constexpr KeySpec kKeys[] = {
+    {"//", Key::Comment, Type::Anything, kEvery},
+    {"id", Key::Id, Type::Name, kEvery},
+    {"if", Key::If, Type::Condition, kEvery},
+    {"each", Key::Each, Type::Where, kEvery},
+    {"as", Key::As, Type::Name, kEvery},
+    {"width", Key::Width, Type::Side, kEvery},
+    {"height", Key::Height, Type::Side, kEvery},
+    {"min", Key::Min, Type::Bounds, kEvery},
+    {"max", Key::Max, Type::Bounds, kEvery},
+    {"grow", Key::Grow, Type::Whole, kEvery},
+    {"pad", Key::Pad, Type::Pad, kEvery},
+    {"ground", Key::Ground, Type::Color, kEvery},
+    {"edge", Key::Edge, Type::Color, kEvery},
+    {"theme", Key::Theme, Type::Theme, kEvery},
+    {"face", Key::Face, Type::Face, kEvery},
+    {"name", Key::Name, Type::Words, kEvery},
+    {"gap", Key::Gap, Type::Gap, kLines},
+    {"align", Key::Align, Type::Align, kLines | kStack | kFrame},
+    {"align", Key::Align, Type::Side3, kText},
+    {"justify", Key::Justify, Type::Justify, kLines},
+    {"justify", Key::Justify, Type::Align, kStack | kFrame},
+    {"scroll", Key::Scroll, Type::Scroll, kLines},
+    {"wrap", Key::Wrap, Type::Truth, kRow | kText},
+    {"show", Key::Show, Type::Index, kStack},
+    {"title", Key::Title, Type::Words, kWindow},
+    {"lines", Key::Lines, Type::Length, kText},
+    {"color", Key::Color, Type::Color, kInk},
+    {"size", Key::Size, Type::Length, kSize},
+    {"disabled", Key::Disabled, Type::Truth, kWidget},
+    {"hover", Key::Hover, Type::Truth, kWidget},
+    {"focus", Key::Focus, Type::Truth, kWidget},
+    {"on", Key::On, Type::Truth, kOn},
+    {"range", Key::Range, Type::Range, kRange},
+    {"selected", Key::Selected, Type::Index, kItems},
+    {"hint", Key::Hint, Type::Words, kField},
+    {"icon", Key::Icon, Type::Icon, kIcon},
+    {"series", Key::Series, Type::Series, kChart},
+    {"values", Key::Values, Type::Numbers, kChart},
+    {"labels", Key::Labels, Type::Items, kChart},
+    {"unit", Key::Unit, Type::Words, kChart},
+    {"decimals", Key::Decimals, Type::Whole, kChart},
+    {"axes", Key::Axes, Type::Truth, kChart},
+    {"legend", Key::Legend, Type::Truth, kChart},
+    {"with", Key::With, Type::With, kInclude},
+};
+
+}  // namespace
+
+const KindSpec* kind_named(std::string_view name) {
+    for (const KindSpec& kind : kKinds) {
+        if (kind.name == name) return &kind;
+    }
+    return nullptr;
+}
+
+const KeySpec* key_named(std::string_view name, unsigned keys) {
+    for (const KeySpec& key : kKeys) {
+        if (key.name == name && (key.keys & keys) != 0) return &key;
+    }
+    return nullptr;
+}
+
+std::vector<std::string_view> kind_names() {
+    std::vector<std::string_view> names;
+    for (const KindSpec& kind : kKinds) names.push_back(kind.name);
+    return names;
+}
+
+std::vector<std::string_view> key_names(unsigned keys) {
+    std::vector<std::string_view> names;
+    for (const KeySpec& key : kKeys) {
+        if ((key.keys & keys) != 0) names.push_back(key.name);
+    }
+    return names;
+}
+
+std::vector<std::string_view> choices_of(Type type) {
+    if (type == Type::Align) return {"start", "center", "end", "stretch"};
+    if (type == Type::Side3) return {"left", "center", "right"};
+    if (type == Type::Justify) return {"start", "center", "end", "between"};
+    if (type == Type::Shape) return {"line", "area", "spark", "bars", "stacked", "gauge"};
+    return {};
+}
+
+std::string_view expected(Type type) {
+    switch (type) {
+    case Type::Anything: return "anything";
+    case Type::Nodes: return "a list of nodes";
+    case Type::Node: return "a node or null";
+    case Type::Nothing: return "null or true";
+    case Type::Room: return "0 to 32767 pixels or null";
+    case Type::Words: return "a text";
+    case Type::Items: return "a list of texts without \"|\"";
+    case Type::Number: return "a number";
+    case Type::Numbers: return "a list of numbers";
+    case Type::Truth: return "true or false";
+    case Type::Side: return "0 to 32767 pixels";
+    case Type::Length: return "1 to 32767";
+    case Type::Whole: return "0 to 32767";
+    case Type::Index: return "a whole number";
+    case Type::Pad: return "pixels: n, [vertical, horizontal] or [top, right, bottom, left]";
+    case Type::Gap: return "pixels: n or [along, across]";
+    case Type::Bounds: return "pixels: n or [width, height]";
+    case Type::Range: return "[low, high] or [low, high, step], low below high";
+    case Type::Color: return "a colour, \"#rrggbb\" or a role of the theme";
+    case Type::Theme: return "the name of a theme, or an object of roles and colours";
+    case Type::Face: return "the name of a face";
+    case Type::Icon: return "the name of an icon";
+    case Type::Align: return "start, center, end or stretch";
+    case Type::Side3: return "left, center or right";
+    case Type::Justify: return "start, center, end or between";
+    case Type::Scroll: return "true, or the pixels that it is scrolled by";
+    case Type::Shape: return "line, area, spark, bars, stacked or gauge";
+    case Type::Series: return "a list of objects with values, name and color";
+    case Type::Name: return "a name of letters, digits, \"_\" and \"-\"";
+    case Type::Where: return "where a list is in the data, as days";
+    case Type::Condition: return "a name, or one compared with a value, as battery < 20";
+    case Type::File: return "the name of a scene file in this folder or below";
+    case Type::With: return "an object of values";
+    }
+    return "";
+}
+
+}  // namespace kit

@@ -1,0 +1,148 @@
+// The tree as it is laid out and drawn: every value there, every repetition written out.
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "screen/kinds.h"
+#include "screen/look.h"
+#include "screen/refusal.h"
+
+namespace kit {
+
+enum class Align { Start, Center, End, Stretch };
+enum class Justify { Start, Center, End, Between };
+
+/// A colour that may be missing.
+struct Paint {
+    bool there = false;
+    orvel_color color = {};
+};
+
+struct NodeSeries {
+    std::vector<double> values;
+    std::string name;
+    Paint color;
+};
+
+/// The two directions.
+enum Axis { kAcross = 0, kDown = 1 };
+using Pair = std::array<int, 2>;
+
+constexpr int kNoSide = -1;
+constexpr int kAll = -1;
+
+struct Node {
+    const KindSpec* kind = nullptr;
+    int parent = -1;
+    int end = 0;   // behind the last node below it
+    int slot = 0;  // its number among the children as they are written
+    const Source* source = nullptr;
+    Place place;
+    std::string id, name;
+    Look look;
+
+    // What it asks of the layout.
+    Pair given = {kNoSide, kNoSide};  // its own size
+    Pair least = {0, 0}, most = {kMostSide, kMostSide};
+    int grow = 0;
+    int along = -1;               // the direction of its parent's children
+    std::array<int, 4> pad = {};  // from the top clockwise
+    bool padded = false;          // as the scene says, not as its frame needs
+    Pair gap = {0, 0};            // along, across
+    Align align = Align::Stretch, across = Align::Stretch;  // the second one down a stack
+    Justify justify = Justify::Start;
+    bool scroll = false, wrap = false, hidden = false;
+    int scrolled = 0;
+    int show = kAll;  // the only child that shows
+    int lines = 0;    // of a paragraph at the most
+
+    // What it shows.
+    std::string text, hint, icon, unit;
+    std::string written;  // a number, as it was
+    double value = 0;
+    int amount = 0, size = 0, decimals = 0;
+    unsigned state = 0, parts = 0;
+    int words = KIT_LEFT;  // a kit_align
+    int shape = 0;         // a kit_chart_kind
+    double low = 0, high = 0;
+    Paint ground, edge, color;
+    std::vector<double> numbers;
+    std::vector<NodeSeries> series;
+    const orvel_canvas* picture = nullptr;
+    bool unknown = false;
+
+    // What the layout makes of it.
+    Pair want = {0, 0};
+    kit_box box = {}, visible = {};
+    int row = 0;  // of a wrapping row, the line that it is in
+
+    bool is(Sort sort) const { return kind->sort == sort; }
+    bool is_widget(int widget) const { return is(Sort::Widget) && kind->widget == widget; }
+    /// Window, panel, card: a widget around one child.
+    bool frames() const { return (kind->keys & kFrame) != 0; }
+    bool holds_nodes() const { return kind->value == Type::Nodes || frames() || is(Sort::Include); }
+    /// Whether its size is its own, so that it is never stretched.
+    bool keeps_size() const;
+    /// The direction of its children; below 0 where they lie on each other.
+    int axis() const { return is(Sort::Row) ? kAcross : is(Sort::Column) ? kDown : -1; }
+    /// The box without its padding.
+    kit_box inside() const;
+};
+
+/// All nodes, each followed by those below it.
+using Nodes = std::vector<Node>;
+
+inline Node& at(Nodes& nodes, int i) { return nodes[static_cast<std::size_t>(i)]; }
+inline const Node& at(const Nodes& nodes, int i) { return nodes[static_cast<std::size_t>(i)]; }
+inline int count_of(const Nodes& nodes) { return static_cast<int>(nodes.size()); }
+
+/// Calls @p act with the number of each child of the node @p parent that shows.
+template <typename Act>
+void for_children(const Nodes& nodes, int parent, const Act& act) {
+    for (int i = parent + 1; i < at(nodes, parent).end; i = at(nodes, i).end) {
+        if (!at(nodes, i).hidden) act(i);
+    }
+}
+
+/// "root.column[2].text" without the last step: the way to the node.
+std::string path_of(const Nodes& nodes, int i);
+
+kit_box meet(const kit_box& a, const kit_box& b);  // what both cover
+kit_box join(const kit_box& a, const kit_box& b);  // the smallest that holds both
+inline bool is_empty(const kit_box& box) { return box.w < 1 || box.h < 1; }
+inline bool same(const kit_box& a, const kit_box& b) {
+    return a.x == b.x && a.y == b.y && a.w == b.w && a.h == b.h;
+}
+
+/// The widget that a node is drawn as.
+kit_widget widget_of(const Node& node);
+
+/// Gives every node its box on a screen of this size.
+void lay_out(Nodes& nodes, int width, int height);
+/// What the root wants, where the scene gives no size.
+Pair wanted(Nodes& nodes);
+
+/// What a node without children wants in one direction: the height once the width of its box is
+/// known. Padding is left out.
+int want_of(const Node& node, Axis axis);
+
+/// Shares @p room among so many, one each of what is left over to the first.
+void share(int room, const std::vector<int>& weights, std::vector<int>& shares);
+
+/// Whether there is anything of the node's own to draw.
+bool paints(const Node& node);
+/// Draws what of the tree lies in @p part of the canvas, which is all of it or has been cut out;
+/// false where memory ran out.
+bool paint(const Nodes& nodes, orvel_canvas* canvas, const kit_box& part);
+
+/// The smallest box that holds all that differs between two drawn trees.
+kit_box difference(const Nodes& before, const Nodes& after);
+/// @p damage, wider by what of its nodes can only be drawn whole.
+kit_box whole_nodes(const Nodes& nodes, kit_box damage);
+
+std::string describe(const Nodes& nodes);
+std::string report(const Nodes& nodes);
+
+}  // namespace kit

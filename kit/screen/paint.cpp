@@ -1,0 +1,182 @@
+// Nodes on a canvas, by the kit's own functions.
+#include <algorithm>
+#include <vector>
+
+#include "screen/node.h"
+
+namespace kit {
+namespace {
+
+/// A node being drawn: where it lies on this canvas, which may be a part of the screen.
+class Brush {
+public:
+    Brush(const Node& node, orvel_canvas* canvas, int left, int top)
+        : node_(node), canvas_(canvas), box_(moved(node.box, left, top)) {
+        inside_ = moved(node.inside(), left, top);
+    }
+
+    static kit_box moved(const kit_box& box, int left, int top) {
+        return {box.x - left, box.y - top, box.w, box.h};
+    }
+
+    bool draw() const {
+        if (node_.ground.there) fill(box_, node_.ground.color);
+        if (node_.edge.there) {
+            orvel_canvas_rect(canvas_, box_.x, box_.y, box_.w, box_.h, node_.edge.color);
+        }
+        if (node_.frames()) return widget(box_);
+        return is_empty(inside_) || node_.unknown || content();
+    }
+
+private:
+    void fill(const kit_box& box, orvel_color color) const {
+        orvel_canvas_fill_rect(canvas_, box.x, box.y, box.w, box.h, color);
+    }
+    orvel_color ink() const {
+        return node_.color.there ? node_.color.color : node_.look.theme.text;
+    }
+
+    bool widget(const kit_box& box) const {
+        kit_widget record = widget_of(node_);
+        record.box = box;
+        return kit_draw(canvas_, &node_.look.theme, &record) == 0;
+    }
+    void text() const {
+        const auto align = static_cast<kit_align>(node_.words);
+        const kit_face* face = node_.look.face;
+        if (!node_.wrap) {
+            kit_text_box(canvas_, face, node_.text.c_str(), inside_, align, ink());
+            return;
+        }
+        kit_box box = inside_;
+        if (node_.lines > 0) {
+            const long long rest = static_cast<long long>(node_.lines - 1) * kit_face_line(face);
+            const long long all = rest + kit_face_ascent(face) + kit_face_descent(face);
+            box.h = static_cast<int>(std::min<long long>(box.h, all));
+        }
+        kit_text_wrap(canvas_, face, node_.text.c_str(), box, align, ink());
+    }
+    void picture() const {
+        const int w = orvel_canvas_width(node_.picture), h = orvel_canvas_height(node_.picture);
+        const kit_box part = {0, 0, std::min(w, inside_.w), std::min(h, inside_.h)};
+        kit_stamp(canvas_, inside_.x + (inside_.w - part.w) / 2,
+                  inside_.y + (inside_.h - part.h) / 2, node_.picture, &part);
+    }
+    bool icon() const {
+        constexpr int kLargest = 16384;  // that the kit draws
+        const int size = std::min({inside_.w, inside_.h, kLargest});
+        return kit_icon(canvas_, node_.text.c_str(), inside_.x + (inside_.w - size) / 2,
+                        inside_.y + (inside_.h - size) / 2, size, ink()) == 0;
+    }
+    void circle() const {
+        const int radius = (std::min(inside_.w, inside_.h) - 1) / 2;
+        orvel_canvas_fill_circle(canvas_, inside_.x + (inside_.w - 1) / 2,
+                                 inside_.y + (inside_.h - 1) / 2, radius, node_.color.color);
+    }
+    bool chart() const;
+    bool content() const;
+
+    const Node& node_;
+    orvel_canvas* canvas_;
+    kit_box box_, inside_;
+};
+
+kit_series series_of(const NodeSeries& from) {
+    kit_series series = {};
+    series.values = from.values.data();
+    series.count = static_cast<int>(from.values.size());
+    if (from.color.there) series.color = from.color.color;
+    series.name = from.name.c_str();
+    return series;
+}
+
+bool Brush::chart() const {
+    std::vector<kit_series> all;
+    for (const NodeSeries& one : node_.series) all.push_back(series_of(one));
+    if (all.empty()) {
+        kit_series series = {};
+        series.values = node_.numbers.data();
+        series.count = static_cast<int>(node_.numbers.size());
+        if (node_.color.there) series.color = node_.color.color;
+        all.push_back(series);
+    }
+    kit_chart chart = {};
+    chart.kind = node_.shape;
+    chart.box = inside_;
+    chart.series = all.data();
+    chart.count = static_cast<int>(all.size());
+    chart.low = node_.low;
+    chart.high = node_.high;
+    chart.parts = node_.parts;
+    if (!node_.hint.empty()) chart.parts |= KIT_CHART_LABELS;
+    chart.decimals = node_.decimals;
+    chart.unit = node_.unit.c_str();
+    chart.labels = node_.hint.c_str();
+    chart.face = node_.look.face;
+    return kit_chart_draw(canvas_, &node_.look.theme, &chart) == 0;
+}
+
+bool Brush::content() const {
+    switch (node_.kind->sort) {
+    case Sort::Text: text(); return true;
+    case Sort::Picture: picture(); return true;
+    case Sort::Icon: return icon();
+    case Sort::Line:
+    case Sort::Rect: fill(inside_, node_.color.color); return true;
+    case Sort::Circle: circle(); return true;
+    case Sort::Chart: return chart();
+    case Sort::Widget: return widget(inside_);
+    case Sort::Row:
+    case Sort::Column:
+    case Sort::Stack:
+    case Sort::Space:
+    case Sort::Include: return true;
+    }
+    return true;
+}
+
+/// Draws a node of which only a part shows.
+bool draw_cut(const Node& node, orvel_canvas* canvas, const kit_box& part) {
+    kit_box box = Brush::moved(meet(node.visible, part), part.x, part.y);
+    orvel_canvas* const inside = kit_clip_begin(canvas, &box);
+    if (!inside) return false;
+    const bool drawn = Brush(node, inside, part.x + box.x, part.y + box.y).draw();
+    kit_clip_end(canvas, &box, inside);
+    return drawn;
+}
+
+bool draw_all(const Nodes& nodes, orvel_canvas* canvas, const kit_box& part) {
+    const kit_box ground = Brush::moved(nodes.front().box, part.x, part.y);
+    orvel_canvas_fill_rect(canvas, ground.x, ground.y, ground.w, ground.h,
+                           nodes.front().look.theme.background);
+    for (const Node& node : nodes) {
+        if (!paints(node) || is_empty(meet(node.visible, part))) continue;
+        const bool whole = same(node.visible, node.box);
+        const bool drawn =
+            whole ? Brush(node, canvas, part.x, part.y).draw() : draw_cut(node, canvas, part);
+        if (!drawn) return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+bool paints(const Node& node) {
+    if (node.ground.there || node.edge.there || node.frames()) return true;
+    return !node.holds_nodes() && !node.is(Sort::Space) && !node.unknown;
+}
+
+bool paint(const Nodes& nodes, orvel_canvas* canvas, const kit_box& part) {
+    kit_box box = part;
+    const bool all = part.x <= 0 && part.y <= 0 && part.w >= orvel_canvas_width(canvas) &&
+                     part.h >= orvel_canvas_height(canvas);
+    if (all) return draw_all(nodes, canvas, {0, 0, part.w, part.h});
+    orvel_canvas* const inside = kit_clip_begin(canvas, &box);
+    if (!inside) return false;
+    const bool drawn = draw_all(nodes, inside, box);
+    if (drawn) return kit_clip_end(canvas, &box, inside) == 0;
+    orvel_canvas_destroy(inside);
+    return false;
+}
+
+}  // namespace kit

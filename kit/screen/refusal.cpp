@@ -1,0 +1,46 @@
+#include "screen/refusal.h"
+
+#include <algorithm>
+
+namespace kit {
+
+std::string path_of(const Trail& trail) {
+    std::string path = trail.up ? path_of(*trail.up) : "";
+    if (trail.item >= 0) return path + '[' + std::to_string(trail.item) + ']';
+    if (!path.empty()) path += '.';
+    path += trail.key;
+    return path;
+}
+
+std::string line_of(const Source& source, Place place, std::string_view path,
+                    std::string_view what) {
+    std::string words(path);
+    if (!words.empty()) words += ": ";
+    words += what;
+    return place.line > 0 ? reason(source.file, place, words) : source.file + ": " + words;
+}
+
+void refuse(const Trail& trail, Place place, std::string_view what) {
+    throw Refused{line_of(*trail.source, place, path_of(trail), what)};
+}
+
+std::string found(const Value& value) {
+    if (value.kind == Kind::String) return "found " + in_quotes(value.text);
+    if (value.kind == Kind::Number) return "found " + value.text.substr(0, 40);
+    if (value.kind == Kind::Boolean) return value.truth ? "found true" : "found false";
+    return std::string("found ") + name_of(value.kind);
+}
+
+void give_reason(std::string_view text, char* why, std::size_t size) {
+    if (!why || size == 0) return;
+    std::size_t length = std::min(text.size(), size - 1);
+    const auto is_inside = [text](std::size_t at) { return (text[at] & 0xC0) == 0x80; };
+    while (length > 0 && length < text.size() && is_inside(length)) --length;
+    for (std::size_t i = 0; i < length; ++i) {
+        const auto byte = static_cast<unsigned char>(text[i]);
+        why[i] = byte < ' ' || byte == 0x7F ? '?' : text[i];
+    }
+    why[length] = '\0';
+}
+
+}  // namespace kit

@@ -1,0 +1,254 @@
+// The interface: nothing that is raised below it gets out.
+#include <new>
+#include <string>
+#include <utility>
+
+#include "screen/build.h"
+#include "screen/edit.h"
+
+struct kit_screen {
+    kit::Sources sources;
+    kit::Value data = {};
+    kit::Nodes nodes = {};
+    kit::Pair size = {0, 0};  // what it was given; 0 where the root decides
+    kit_box damage = {};
+    std::string said = {};
+};
+
+namespace {
+
+using namespace kit;
+
+/// What @p call returns, or @p failure with a reason where it raises.
+template <typename Result, typename Call>
+Result guarded(Result failure, char* why, size_t size, const Call& call) {
+    try {
+        return call();
+    } catch (const Refused& refused) {
+        give_reason(refused.why, why, size);
+    } catch (...) {  // bad_alloc, or length_error
+        give_reason("out of memory", why, size);
+    }
+    return failure;
+}
+
+kit_box whole_of(const kit_screen& screen) { return screen.nodes.front().box; }
+
+Nodes laid_out(const kit_screen& screen, const Value& data, Pair size) {
+    Nodes nodes = build(screen.sources, data);
+    if (size[0] == 0) size = wanted(nodes);
+    lay_out(nodes, size[0], size[1]);
+    return nodes;
+}
+
+/// Takes over new nodes, and remembers where they differ from the old ones.
+void show(kit_screen& screen, Nodes nodes) {
+    screen.damage = join(screen.damage, difference(screen.nodes, nodes));
+    screen.nodes = std::move(nodes);
+}
+
+/// The data to begin with: the host's, or those that the scene brings as an example.
+Value first_data(const Source& source, const char* data) {
+    Value value;
+    std::string why;
+    value.kind = Kind::Object;
+    if (data) {
+        if (!read_document(data, "data", value, why)) throw Refused{why};
+        if (value.kind != Kind::Object) {
+            throw Refused{reason("data", value.place, found(value) + ", expected an object")};
+        }
+    } else if (const Value* sample = source.document.find("sample")) {
+        value = *sample;
+    }
+    return value;
+}
+
+kit_screen* opened(kit_screen made, std::string_view text, const char* data) {
+    made.sources.read(text);
+    Source& source = made.sources.first();
+    check(made.sources, source);
+    if (const Value* size = source.document.find("size")) {
+        made.size = {static_cast<int>(size->items[0].number),
+                     static_cast<int>(size->items[1].number)};
+    }
+    made.data = first_data(source, data);
+    made.nodes = laid_out(made, made.data, made.size);
+    made.damage = whole_of(made);
+    return new kit_screen(std::move(made));
+}
+
+/// How deep lists and objects lie in each other.
+int depth_of(const Value& value) {
+    int deepest = 0;
+    for (const Value& item : value.items) deepest = std::max(deepest, depth_of(item));
+    return deepest + 1;
+}
+
+/// Changes the first scene by @p change; it stays as it was where the new one is refused.
+template <typename Change>
+int edited(kit_screen* screen, char* why, size_t size, const Change& change) {
+    if (!screen) return -1;
+    return guarded(-1, why, size, [&] {
+        Source& source = screen->sources.first();
+        Value document = source.document;
+        change(document, source);
+        if (depth_of(document) > kMostDepth) throw Refused{source.file + ": nodes lie too deep"};
+        std::swap(source.document, document);
+        try {
+            check(screen->sources, source);
+            show(*screen, laid_out(*screen, screen->data, screen->size));
+        } catch (...) {
+            source.open = false;
+            std::swap(source.document, document);
+            throw;
+        }
+        return 0;
+    });
+}
+
+}  // namespace
+
+kit_screen* kit_screen_open(const char* path, const char* data, const kit_screen_host* host,
+                            char* why, size_t size) {
+    return guarded<kit_screen*>(nullptr, why, size, [&] {
+        const std::string file = path ? path : "";
+        std::string text;
+        if (!read_scene_file(file, kMostBytes, text)) {
+            throw Refused{file + ": the file cannot be read"};
+        }
+        const std::size_t slash = file.rfind('/');
+        std::string folder = slash == std::string::npos ? "" : file.substr(0, slash + 1);
+        return opened({Sources(host ? *host : kit_screen_host{}, file, std::move(folder), true)},
+                      text, data);
+    });
+}
+
+kit_screen* kit_screen_read(const void* bytes, size_t length, const char* name, const char* data,
+                            const kit_screen_host* host, char* why, size_t size) {
+    return guarded<kit_screen*>(nullptr, why, size, [&] {
+        const std::string_view text(bytes ? static_cast<const char*>(bytes) : "",
+                                    bytes ? length : 0);
+        return opened({Sources(host ? *host : kit_screen_host{}, name ? name : "scene", "", false)},
+                      text, data);
+    });
+}
+
+void kit_screen_close(kit_screen* screen) { delete screen; }
+
+void kit_screen_size(const kit_screen* screen, int* w, int* h) {
+    const kit_box box = screen ? whole_of(*screen) : kit_box{};
+    if (w) *w = box.w;
+    if (h) *h = box.h;
+}
+
+int kit_screen_resize(kit_screen* screen, int w, int h, char* why, size_t size) {
+    if (!screen) return -1;
+    return guarded(-1, why, size, [&] {
+        if (w < 1 || h < 1 || w > kMostSide || h > kMostSide) {
+            throw Refused{"found " + std::to_string(w) + " x " + std::to_string(h) +
+                          ", expected 1 to 32767 pixels each"};
+        }
+        show(*screen, laid_out(*screen, screen->data, {w, h}));
+        screen->size = {w, h};
+        return 0;
+    });
+}
+
+int kit_screen_set(kit_screen* screen, const char* name, const char* json, char* why, size_t size) {
+    if (!screen) return -1;
+    return guarded(-1, why, size, [&] {
+        const char* const text = json ? json : "";
+        Value data;
+        std::string reason;
+        if (!name || !*name) {
+            data = first_data(screen->sources.first(), text);
+        } else {
+            data = screen->data;
+            if (!set_json(data, name, text, reason)) throw Refused{reason};
+        }
+        show(*screen, laid_out(*screen, data, screen->size));
+        screen->data = std::move(data);
+        return 0;
+    });
+}
+
+const char* kit_screen_get(kit_screen* screen, const char* name) {
+    if (!screen) return nullptr;
+    return guarded<const char*>(nullptr, nullptr, 0, [&]() -> const char* {
+        const Value* value = &screen->data;
+        Path path;
+        std::string why;
+        if (name && *name) {
+            const Scope scope = {&screen->data};
+            value = read_path(name, path, why) ? look_up(path, scope) : nullptr;
+        }
+        if (!value) return nullptr;
+        screen->said = write_json(*value);
+        return screen->said.c_str();
+    });
+}
+
+int kit_screen_add(kit_screen* screen, const char* parent, int at, const char* json, char* why,
+                   size_t size) {
+    return edited(screen, why, size, [&](Value& scene, const Source& source) {
+        add_node(scene, source, parent, at, fragment(json, "node"));
+    });
+}
+
+int kit_screen_remove(kit_screen* screen, const char* id, char* why, size_t size) {
+    return edited(screen, why, size,
+                  [&](Value& scene, const Source& source) { remove_node(scene, source, id); });
+}
+
+int kit_screen_change(kit_screen* screen, const char* id, const char* key, const char* json,
+                      char* why, size_t size) {
+    return edited(screen, why, size, [&](Value& scene, const Source& source) {
+        const Value value = json ? fragment(json, "value") : Value{};
+        change_node(scene, source, id, key ? key : "", json ? &value : nullptr);
+    });
+}
+
+int kit_screen_draw(kit_screen* screen, orvel_canvas* canvas, kit_box* dirty) {
+    if (dirty) *dirty = {};
+    if (!screen || !canvas) return -1;
+    return guarded(-1, nullptr, 0, [&] {
+        const kit_box all = {0, 0, orvel_canvas_width(canvas), orvel_canvas_height(canvas)};
+        const kit_box part = meet(whole_nodes(screen->nodes, screen->damage), all);
+        if (!is_empty(part) && !paint(screen->nodes, canvas, part)) return -1;
+        screen->damage = {};
+        if (dirty) *dirty = part;
+        return 0;
+    });
+}
+
+void kit_screen_expose(kit_screen* screen, const kit_box* box) {
+    if (!screen) return;
+    const kit_box all = whole_of(*screen);
+    screen->damage = join(screen->damage, box ? meet(*box, all) : all);
+}
+
+const char* kit_screen_describe(kit_screen* screen) {
+    if (!screen) return nullptr;
+    return guarded<const char*>(nullptr, nullptr, 0, [&] {
+        screen->said = describe(screen->nodes);
+        return screen->said.c_str();
+    });
+}
+
+const char* kit_screen_report(kit_screen* screen) {
+    if (!screen) return nullptr;
+    return guarded<const char*>(nullptr, nullptr, 0, [&] {
+        screen->said = report(screen->nodes);
+        return screen->said.c_str();
+    });
+}
+
+int kit_screen_box(const kit_screen* screen, const char* id, kit_box* box) {
+    if (!screen || !id || !box) return -1;
+    for (const Node& node : screen->nodes) {
+        if (node.hidden || node.id != id) continue;
+        *box = node.visible;
+        return is_empty(node.visible) ? -1 : 0;
+    }
+    return -1;
+}

@@ -1,0 +1,25 @@
+// Values as the keys of nodes take them.
+#pragma once
+
+#include "screen/data.h"
+#include "screen/kinds.h"
+
+namespace kit {
+
+/// Whether a value without references is one of this type. What only shows elsewhere is left open:
+/// whether a host has a picture, a theme or a face of that name.
+bool fits(Type type, const Value& value);
+
+/// "found "strech", expected start, center, end or stretch; did you mean "stretch"?"
+std::string misfit(Type type, const Value& value);
+
+/// Whether a text of this type is what it says, without references.
+bool as_written(Type type);
+
+/// Whether a scene's folder, or one below it, may hold a file of that name.
+bool is_inside_name(std::string_view name);
+
+/// Whether a number is whole and lies in this range.
+bool whole_between(const Value& value, double low, double high);
+
+}  // namespace kit
