@@ -196,7 +196,8 @@ void break_lines(Nodes& nodes, int parent) {
     });
 }
 
-/// Gives a child its size and place across the direction of its parent.
+/// Gives a child its size and place across the direction of its parent. What is not stretched where
+/// others are stands in the middle of a row, and at the start of a column.
 void settle(Node& child, Axis axis, Align align, Span room) {
     const int wanted = child.want[index(axis)];
     const bool given = child.given[index(axis)] != kNoSide || child.keeps_size();
@@ -207,6 +208,9 @@ void settle(Node& child, Axis axis, Align align, Span room) {
     size = bounded(child, axis, size);
     int start = room.start;
     const int rest = std::max(0, room.size - size);
+    if (align == Align::Stretch && child.keeps_size() && child.along == kAcross) {
+        align = Align::Center;
+    }
     if (align == Align::Center) start += rest / 2;
     if (align == Align::End) start += rest;
     put(child, axis, start, size);
