@@ -110,8 +110,8 @@ ORVEL_API int kit_screen_add(kit_screen* screen, const char* parent, int at, con
 /** Removes the node @p id, with all below it, from the row, column or stack that it is in. */
 ORVEL_API int kit_screen_remove(kit_screen* screen, const char* id, char* why, size_t size);
 
-/** Sets the key @p key ("text", "width", ...) of the node @p id; with null as @p json removes it.
- */
+/** Sets the key @p key ("text", "width", ...) of the node @p id; with null as @p json removes it. A
+ *  null @p id stands for the scene itself, whose "theme" and "face" can be set. */
 ORVEL_API int kit_screen_change(kit_screen* screen, const char* id, const char* key,
                                 const char* json, char* why, size_t size);
 

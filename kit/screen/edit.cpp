@@ -95,7 +95,11 @@ void remove_node(Value& scene, const Source& source, const char* id) {
 
 void change_node(Value& scene, const Source& source, const char* id, const char* key,
                  const Value* value) {
-    Value& node = *find_node(scene, source, id).node;
+    const std::string_view name = key;
+    if (!id && name != "theme" && name != "face") {
+        refuse_edit(source, "of the scene itself, only theme and face can be changed");
+    }
+    Value& node = id ? *find_node(scene, source, id).node : scene;
     if (!value) return remove_member(node, key);
     Value& member = node.member(key);
     std::string kept = std::move(member.key);

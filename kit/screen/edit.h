@@ -13,7 +13,7 @@ Value fragment(const char* json, const char* name);
 
 void add_node(Value& scene, const Source& source, const char* parent, int at, Value node);
 void remove_node(Value& scene, const Source& source, const char* id);
-/// Without a value, the key goes.
+/// Without a value, the key goes. No id stands for the scene itself.
 void change_node(Value& scene, const Source& source, const char* id, const char* key,
                  const Value* value);
 
