@@ -40,6 +40,19 @@ void CommandLine::option(const char* name, double& value, const char* about) {
     app_->add_option(name, value, about);
 }
 
+void CommandLine::option(const char* name, std::vector<std::string>& values, const char* about) {
+    app_->add_option(name, values, about)->allow_extra_args(false);
+}
+
+void CommandLine::option(const char* name, std::string& value,
+                         const std::vector<std::string>& allowed, const char* about) {
+    app_->add_option(name, value, about)->check(CLI::IsMember(allowed));
+}
+
+void CommandLine::flag(const char* name, bool& value, const char* about) {
+    app_->add_flag(name, value, about);
+}
+
 void CommandLine::option(const char* name, int& value, int lowest, int highest, const char* about) {
     app_->add_option(name, value, about)->check(CLI::Range(lowest, highest))->capture_default_str();
 }

@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace CLI {
 class App;  // its header is large and is compiled once, in command_line.cpp
@@ -21,6 +22,12 @@ public:
     void argument(const char* name, std::string& value, const char* about);
     void option(const char* name, std::string& value, const char* about);
     void option(const char* name, double& value, const char* about);
+    /// An option that may be given several times.
+    void option(const char* name, std::vector<std::string>& values, const char* about);
+    /// An option that takes one of @p allowed.
+    void option(const char* name, std::string& value, const std::vector<std::string>& allowed,
+                const char* about);
+    void flag(const char* name, bool& value, const char* about);
     /// An option from @p lowest to @p highest, whose default is what @p value holds.
     void option(const char* name, int& value, int lowest, int highest, const char* about);
 

@@ -1,7 +1,6 @@
 // orvel-theme: says what the library makes of a theme file.
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -9,6 +8,7 @@
 
 #include "command_line.h"
 #include "theme_check.h"
+#include "theme_file.h"
 #include "theme_preview.h"
 
 namespace {
@@ -25,26 +25,6 @@ std::optional<std::string> read_text(const std::string& path, std::string& error
     }
     error = path + ": " + (file.is_open() ? "not a file" : std::strerror(errno));
     return std::nullopt;
-}
-
-/// The dark theme with @p text loaded over it by the library, which reads from its "UI" folder
-/// only.
-bool load(const std::string& text, orvel_theme& theme, std::string& error) {
-    std::string root = (std::filesystem::temp_directory_path() / "orvel-theme-XXXXXX").string();
-    if (!mkdtemp(root.data())) {
-        error = root + ": " + std::strerror(errno);
-        return false;
-    }
-    const std::filesystem::path folder = std::filesystem::path(root) / "UI";
-    std::error_code ignored;
-    std::filesystem::create_directory(folder, ignored);
-    std::ofstream(folder / "theme.json", std::ios::binary) << text;
-    orvel_theme_default(&theme);
-    orvel_set_resource_path(root.c_str());
-    const int status = orvel_theme_load(&theme, "theme.json");
-    std::filesystem::remove_all(root, ignored);
-    if (status != 0) error = root + ": cannot be used for the theme";
-    return status == 0;
 }
 
 void print(const std::string& file, const std::vector<Finding>& findings) {
@@ -74,7 +54,7 @@ int check(const CommandLine& program, const std::string& file, double wanted,
     const auto text = read_text(file, error);
     if (!text) return program.fail(error);
     orvel_theme theme;
-    if (!load(*text, theme, error)) return program.fail(error);
+    if (!orvel_tools::load_theme(*text, theme, error)) return program.fail(error);
     const auto findings = orvel_tools::check_theme(*text);
     print(file, findings);
     const int below = print_contrasts(theme, wanted);

@@ -38,6 +38,9 @@ class ToolPages(unittest.TestCase):
     def test_of_compare_tells_what_the_program_takes(self):
         self.compare("orvel-compare")
 
+    def test_of_render_tells_what_the_program_takes(self):
+        self.compare("orvel-render")
+
     def test_of_theme_tells_what_the_program_takes(self):
         self.compare("orvel-theme", "check")
 
