@@ -61,7 +61,7 @@ bool Checker::references(const Trail& trail, const Value& value) const {
 void Checker::member(const Trail& trail, Type type, const Value& value) {
     const bool holds_nodes = type == Type::Nodes || type == Type::Node;
     const bool open = !holds_nodes && !as_written(type) && references(trail, value);
-    if (!open && !fits(type, value)) refuse(trail, value.place, misfit(type, value));
+    if (!open && !fits(type, value)) refuse_misfit(trail, type, value);
     std::string why;
     Path path;
     Condition condition;

@@ -213,7 +213,7 @@ void set_content(const Reading& reading, const Trail& trail, const Value& writte
     if (type == Type::Words) {
         node.text = reading.words(trail, written);
         if (node.is_widget(ORVEL_WIDGET_IMAGE) && !is_inside_name(node.text)) {
-            refuse(trail, written.place, misfit(Type::File, written));
+            refuse_misfit(trail, Type::File, written);
         }
         return;
     }

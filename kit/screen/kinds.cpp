@@ -169,7 +169,7 @@ std::string_view expected(Type type) {
     case Type::Name: return "a name of letters, digits, \"_\" and \"-\"";
     case Type::Where: return "where a list is in the data, as days";
     case Type::Condition: return "a name, or one compared with a value, as battery < 20";
-    case Type::File: return "the name of a scene file in this folder or below";
+    case Type::File: return "the name of a file in this folder or below";
     case Type::With: return "an object of values";
     }
     return "";

@@ -16,6 +16,12 @@ std::size_t bytes_of(const Value& value) {
     return bytes;
 }
 
+/// Where the data say it is of no use to whom reads the scene.
+void stand_at(Value& value, Place place) {
+    value.place = value.key_place = place;
+    for (Value& item : value.items) stand_at(item, place);
+}
+
 }  // namespace
 
 Value Reading::evaluated(const Trail& trail, const Value& written) const {
@@ -28,7 +34,7 @@ Value Reading::evaluated(const Trail& trail, const Value& written) const {
         if (!value) refuse(trail, written.place, why);
         budget.spend(trail, written.place, bytes_of(*value));
         Value copy = *value;
-        copy.place = written.place;
+        stand_at(copy, written.place);
         return copy;
     }
     budget.spend(trail, written.place, sizeof written + written.text.size());
@@ -52,7 +58,7 @@ Value Reading::evaluated(const Trail& trail, const Value& written) const {
 
 Value Reading::value(const Trail& trail, Type type, const Value& written) const {
     Value value = evaluated(trail, written);
-    if (!fits(type, value)) refuse(trail, written.place, misfit(type, value));
+    if (!fits(type, value)) refuse_misfit(trail, type, value);
     return value;
 }
 

@@ -28,6 +28,10 @@ std::string found(const Value& value) {
     if (value.kind == Kind::String) return "found " + in_quotes(value.text);
     if (value.kind == Kind::Number) return "found " + value.text.substr(0, 40);
     if (value.kind == Kind::Boolean) return value.truth ? "found true" : "found false";
+    if (value.kind == Kind::Null) return "found null";
+    constexpr std::size_t kLongest = 40;
+    const std::string json = write_json(value);
+    if (json.size() <= kLongest) return "found " + json;
     return std::string("found ") + name_of(value.kind);
 }
 

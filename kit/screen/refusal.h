@@ -42,7 +42,7 @@ std::string line_of(const Source& source, Place place, std::string_view path,
 
 [[noreturn]] void refuse(const Trail& trail, Place place, std::string_view what);
 
-/// "found 3": a number or text as it is, else its kind.
+/// "found 3": the value as it was written, where that is short, else its kind.
 std::string found(const Value& value);
 
 /// Copies a reason to the caller's buffer, cut between characters.

@@ -72,10 +72,11 @@ bool is_item(const Value& value) {
     return is_words(value) && value.text.find('|') == std::string::npos;
 }
 
-bool is_numbers(const Value& value) {
-    return all_of(
-        value, [](const Value& one) { return one.kind == Kind::Null || one.kind == Kind::Number; });
+bool is_number_or_null(const Value& value) {
+    return value.kind == Kind::Null || value.kind == Kind::Number;
 }
+
+bool is_numbers(const Value& value) { return all_of(value, is_number_or_null); }
 
 bool is_one_series(const Value& value) {
     if (value.kind != Kind::Object || !value.find("values")) return false;
@@ -99,6 +100,38 @@ bool is_series(const Value& value) {
 
 bool is_nothing(const Value& value) {
     return value.kind == Kind::Null || (value.kind == Kind::Boolean && value.truth);
+}
+
+/// The first member that is no role with a colour.
+void refuse_role(const Trail& trail, const Value& value) {
+    orvel_theme theme;
+    orvel_color color;
+    std::vector<std::string_view> roles = role_names();
+    roles.pop_back();  // "quiet" is mixed of others
+    for (const Value& member : value.items) {
+        const Trail into = trail.into(member.key);
+        if (!role_of(theme, member.key)) {
+            refuse(into, member.key_place,
+                   "unknown role of a theme" + did_you_mean(member.key, roles));
+        }
+        if (member.kind != Kind::String || !read_hex(member.text, color)) {
+            refuse(into, member.place, found(member) + ", expected a colour, \"#rrggbb\"");
+        }
+    }
+}
+
+/// The first item that a list of texts or numbers may not have.
+void refuse_item(const Trail& trail, Type type, const Value& value) {
+    int number = 0;
+    for (const Value& item : value.items) {
+        const bool good = type == Type::Items ? is_item(item) : is_number_or_null(item);
+        if (!good) {
+            refuse(trail.into(number), item.place,
+                   found(item) + (type == Type::Items ? ", expected a text without \"|\""
+                                                      : ", expected a number or null"));
+        }
+        ++number;
+    }
 }
 
 }  // namespace
@@ -164,11 +197,13 @@ bool fits(Type type, const Value& value) {
     return false;
 }
 
-std::string misfit(Type type, const Value& value) {
-    std::string what = found(value);
-    what += ", expected ";
+void refuse_misfit(const Trail& trail, Type type, const Value& value) {
+    if (type == Type::Theme && value.kind == Kind::Object) refuse_role(trail, value);
+    if ((type == Type::Items || type == Type::Numbers) && value.kind == Kind::List) {
+        refuse_item(trail, type, value);
+    }
+    std::string what = found(value) + ", expected ";
     what += expected(type);
-    if (value.kind != Kind::String) return what;
     std::vector<std::string_view> known = choices_of(type);
     if (type == Type::Color) known = role_names();
     if (type == Type::Icon) {
@@ -176,7 +211,8 @@ std::string misfit(Type type, const Value& value) {
         const char** const names = orvel_icon_list(&count);
         known.assign(names, names + count);
     }
-    return what + did_you_mean(value.text, known);
+    if (value.kind == Kind::String) what += did_you_mean(value.text, known);
+    refuse(trail, value.place, what);
 }
 
 }  // namespace kit

@@ -3,6 +3,7 @@
 
 #include "screen/data.h"
 #include "screen/kinds.h"
+#include "screen/refusal.h"
 
 namespace kit {
 
@@ -10,8 +11,9 @@ namespace kit {
 /// whether a host has a picture, a theme or a face of that name.
 bool fits(Type type, const Value& value);
 
-/// "found "strech", expected start, center, end or stretch; did you mean "stretch"?"
-std::string misfit(Type type, const Value& value);
+/// Refuses a value of another type: found "strech", expected start, center, end or stretch; did you
+/// mean "stretch"? Of a list or a theme, it names the item that is wrong.
+[[noreturn]] void refuse_misfit(const Trail& trail, Type type, const Value& value);
 
 /// Whether a text of this type is what it says, without references.
 bool as_written(Type type);

@@ -1,0 +1,235 @@
+// Data that change while a screen lives: what is drawn again, and that nothing else is.
+#include "screens.h"
+
+namespace {
+
+using namespace orvel_test;
+
+const std::string kHead = "\"size\": [120, 80], ";
+
+/// Draws what changed, compares the canvas with one that was drawn whole, and with what was there
+/// outside of the dirty box, which it returns.
+kit_box redrawn(kit_screen* screen, orvel_canvas* canvas) {
+    const CanvasPtr before = make_canvas(orvel_canvas_width(canvas), orvel_canvas_height(canvas));
+    kit_copy(before.get(), 0, 0, canvas, nullptr);
+    kit_box dirty = {9, 9, 9, 9};
+    EXPECT_EQ(kit_screen_draw(screen, canvas, &dirty), 0);
+    const CanvasPtr whole = drawn(screen);
+    for (int y = 0; y < orvel_canvas_height(canvas); ++y) {
+        for (int x = 0; x < orvel_canvas_width(canvas); ++x) {
+            const orvel_color now = orvel_canvas_pixel_get(canvas, x, y);
+            EXPECT_EQ(now, orvel_canvas_pixel_get(whole.get(), x, y)) << x << ',' << y;
+            const bool inside =
+                x >= dirty.x && y >= dirty.y && x < dirty.x + dirty.w && y < dirty.y + dirty.h;
+            EXPECT_TRUE(inside || now == orvel_canvas_pixel_get(before.get(), x, y));
+            if (testing::Test::HasFailure()) return dirty;
+        }
+    }
+    return dirty;
+}
+
+TEST(LiveDataTest, OnlyWhatChangedIsDrawnAgain) {
+    const ScreenPtr screen =
+        opened(scene(R"({"column": [{"text": "${a}", "height": 20}, {"panel": {"column": [
+                  {"text": "${b}", "height": 20}, {"progress": "${c}", "height": 9}]}}], "gap": 5})",
+                     kHead),
+               R"({"a": "One", "b": "Two", "c": 0.5})");
+    const CanvasPtr canvas = drawn(screen.get());
+    EXPECT_EQ(redrawn(screen.get(), canvas.get()), kit_box{});
+    EXPECT_EQ(set(screen.get(), "a", "\"Three\""), "");
+    EXPECT_EQ(redrawn(screen.get(), canvas.get()), (kit_box{0, 0, 120, 20}));
+    EXPECT_EQ(set(screen.get(), "b", "2"), "");
+    EXPECT_EQ(redrawn(screen.get(), canvas.get()), (kit_box{1, 26, 118, 20}));
+    EXPECT_EQ(set(screen.get(), "c", "0.75"), "");
+    EXPECT_EQ(redrawn(screen.get(), canvas.get()), (kit_box{1, 46, 118, 9}));
+    EXPECT_EQ(set(screen.get(), "c", "0.75"), "");
+    EXPECT_EQ(redrawn(screen.get(), canvas.get()), kit_box{});
+}
+
+TEST(LiveDataTest, WhatComesAndGoesIsDrawnWithWhatItMoves) {
+    const ScreenPtr screen = opened(scene(R"({"column": [{"rect": "accent", "height": 10},
+                  {"each": "list", "rect": "${item}", "height": 10, "id": "r"},
+                  {"icon": "home", "size": 20, "if": "list"}], "gap": 2})",
+                                          kHead),
+                                    R"({"list": ["error"]})");
+    const CanvasPtr canvas = drawn(screen.get());
+    EXPECT_EQ(set(screen.get(), "list[1]", "\"text\""), "");
+    EXPECT_EQ(redrawn(screen.get(), canvas.get()), (kit_box{0, 24, 120, 32}));
+    EXPECT_EQ(set(screen.get(), "list", "[]"), "");
+    EXPECT_EQ(redrawn(screen.get(), canvas.get()), (kit_box{0, 12, 120, 44}));
+    EXPECT_EQ(described(screen.get()), "column 0,0 120x80\n  rect 0,0 120x10\n");
+}
+
+TEST(LiveDataTest, IconsAreDrawnWholeSinceTheirCutOutsTakeTheGround) {
+    const ScreenPtr screen =
+        opened(scene(R"({"stack": [{"rect": "${color}", "width": 30, "height": 30},
+                         {"icon": "settings", "size": 50}]})",
+                     kHead),
+               R"({"color": "error"})");
+    const CanvasPtr canvas = drawn(screen.get());
+    EXPECT_EQ(set(screen.get(), "color", "\"accent\""), "");
+    EXPECT_EQ(redrawn(screen.get(), canvas.get()), (kit_box{0, 0, 50, 50}));
+}
+
+TEST(LiveDataTest, AThemeReachesAllBelow) {
+    const ScreenPtr screen =
+        opened(scene(R"({"row": [{"column": [{"text": "Words", "width": 40, "height": 10}],
+                           "theme": "${theme}"}, {"text": "Others", "grow": 1}]})",
+                     kHead),
+               R"({"theme": "dark"})");
+    const CanvasPtr canvas = drawn(screen.get());
+    EXPECT_EQ(set(screen.get(), "theme", "\"light\""), "");
+    EXPECT_EQ(redrawn(screen.get(), canvas.get()), (kit_box{0, 0, 40, 10}));
+    EXPECT_EQ(set(screen.get(), "theme", R"({"accent": "#010203"})"), "");
+    EXPECT_EQ(redrawn(screen.get(), canvas.get()), (kit_box{0, 0, 40, 10}));
+}
+
+TEST(LiveDataTest, AGroundOfAllIsDrawnEverywhere) {
+    const std::string text =
+        R"({"orvel": 1, "size": [20, 10], "theme": "${theme}", "root": {"space": null}})";
+    const ScreenPtr screen = opened(text, R"({"theme": "dark"})");
+    const CanvasPtr canvas = drawn(screen.get());
+    EXPECT_EQ(set(screen.get(), "theme", "\"light\""), "");
+    EXPECT_EQ(redrawn(screen.get(), canvas.get()), (kit_box{0, 0, 20, 10}));
+    orvel_theme light;
+    orvel_theme_light(&light);
+    EXPECT_EQ(orvel_canvas_pixel_get(canvas.get(), 19, 9), light.background);
+}
+
+TEST(LiveDataTest, WhatIsRefusedChangesNothing) {
+    const ScreenPtr screen =
+        opened(scene(R"({"column": [{"text": "${a}"}, {"icon": "${b}", "size": 20}]})", kHead),
+               R"({"a": "One", "b": "home"})");
+    const CanvasPtr canvas = drawn(screen.get());
+    const std::string before = described(screen.get());
+    EXPECT_EQ(set(screen.get(), "b", "\"hme\""),
+              "scene:1:80: root.column[1].icon: found \"hme\", expected the name of an icon; did "
+              "you mean \"home\"?");
+    EXPECT_EQ(set(screen.get(), "a", "null"),
+              "scene:1:62: root.column[0].text: a is null in the data");
+    EXPECT_EQ(set(screen.get(), "a.b", "1"), "a is a text, not an object");
+    EXPECT_EQ(set(screen.get(), "a", "1 2").substr(0, 6), "a:1:3:");
+    EXPECT_EQ(set(screen.get(), "a", nullptr).substr(0, 6), "a:1:1:");
+    EXPECT_EQ(set(screen.get(), "", "[]"), "data:1:1: found [], expected an object");
+    EXPECT_EQ(described(screen.get()), before);
+    EXPECT_EQ(redrawn(screen.get(), canvas.get()), kit_box{});
+    EXPECT_STREQ(kit_screen_get(screen.get(), "a"), "\"One\"");
+}
+
+TEST(LiveDataTest, AllOfThemCanBeReplacedAndRead) {
+    const ScreenPtr screen = opened(scene(R"({"text": "${a|none}"})", kHead));
+    EXPECT_STREQ(kit_screen_get(screen.get(), ""), "{}");
+    EXPECT_STREQ(kit_screen_get(screen.get(), nullptr), "{}");
+    EXPECT_EQ(set(screen.get(), "", R"({"a": [1.50, {"b": null}]})"),
+              "scene:1:50: root.text: a is a list in the data, which has no text");
+    EXPECT_EQ(set(screen.get(), nullptr, R"({"c": [1.50, {"b": null}]})"), "");
+    EXPECT_STREQ(kit_screen_get(screen.get(), "c"), R"([1.50,{"b":null}])");
+    EXPECT_STREQ(kit_screen_get(screen.get(), "c[0]"), "1.50");
+    EXPECT_EQ(kit_screen_get(screen.get(), "c[2]"), nullptr);
+    EXPECT_EQ(kit_screen_get(screen.get(), "c["), nullptr);
+    EXPECT_EQ(kit_screen_get(nullptr, "c"), nullptr);
+    EXPECT_EQ(kit_screen_set(nullptr, "c", "1", nullptr, 0), -1);
+}
+
+TEST(LiveDataTest, TheHostSaysWhatItsCanvasHasLost) {
+    const ScreenPtr screen = opened(scene(R"({"rect": "accent"})", kHead));
+    const CanvasPtr canvas = drawn(screen.get());
+    orvel_canvas_fill_rect(canvas.get(), 5, 5, 3, 3, kInk);
+    const kit_box box = {5, 5, 200, 3};
+    kit_screen_expose(screen.get(), &box);
+    EXPECT_EQ(redrawn(screen.get(), canvas.get()), (kit_box{5, 5, 115, 3}));
+    kit_screen_expose(nullptr, nullptr);
+    EXPECT_EQ(kit_screen_draw(nullptr, canvas.get(), nullptr), -1);
+    EXPECT_EQ(kit_screen_draw(screen.get(), nullptr, nullptr), -1);
+}
+
+TEST(LiveDataTest, ASmallerCanvasGetsWhatFits) {
+    const ScreenPtr screen = opened(scene(R"({"rect": "accent"})", kHead));
+    const CanvasPtr canvas = make_canvas(7, 5);
+    kit_box dirty;
+    EXPECT_EQ(kit_screen_draw(screen.get(), canvas.get(), &dirty), 0);
+    EXPECT_EQ(dirty, (kit_box{0, 0, 7, 5}));
+}
+
+TEST(LiveDataTest, AScreenIsResized) {
+    const ScreenPtr screen = opened(scene(R"({"row": [{"rect": "accent", "width": 10}]})", kHead));
+    const CanvasPtr canvas = drawn(screen.get());
+    char why[100] = "";
+    EXPECT_EQ(kit_screen_resize(screen.get(), 90, 40, why, sizeof why), 0);
+    EXPECT_EQ(described(screen.get()), "row 0,0 90x40\n  rect 0,0 10x40\n");
+    kit_box dirty;
+    EXPECT_EQ(kit_screen_draw(screen.get(), canvas.get(), &dirty), 0);
+    EXPECT_EQ(dirty, (kit_box{0, 0, 120, 80}));
+    EXPECT_EQ(kit_screen_resize(screen.get(), 90, 40000, why, sizeof why), -1);
+    EXPECT_STREQ(why, "found 90 x 40000, expected 1 to 32767 pixels each");
+    for (const kit_box& wrong :
+         {kit_box{0, 0, 0, 9}, kit_box{0, 0, 9, 0}, kit_box{0, 0, 32768, 9}}) {
+        EXPECT_EQ(kit_screen_resize(screen.get(), wrong.w, wrong.h, nullptr, 0), -1);
+    }
+    EXPECT_EQ(kit_screen_resize(nullptr, 9, 9, nullptr, 0), -1);
+    EXPECT_EQ(described(screen.get()), "row 0,0 90x40\n  rect 0,0 10x40\n");
+}
+
+TEST(LiveDataTest, AConditionComparesOneNameWithOneLiteral) {
+    struct Row {
+        const char* condition;
+        bool holds;
+    };
+    const char* data = R"({"n": 19.5, "zero": 0.0, "text": "Fog", "none": "", "no": false,
+        "yes": true, "list": [1], "nothing": [], "null": null, "object": {}})";
+    for (const Row& row : std::initializer_list<Row>{{"n < 20", true},
+                                                     {"n < 19.5", false},
+                                                     {"n <= 19.50", true},
+                                                     {"n > 19", true},
+                                                     {"n >= 20", false},
+                                                     {"n == 1.95e1", true},
+                                                     {"n != 19.5", false},
+                                                     {"text == 'Fog'", true},
+                                                     {"text=='fog'", false},
+                                                     {"text < 'Fogg'", true},
+                                                     {"text < 20", false},
+                                                     {"text != 20", true},
+                                                     {"yes == true", true},
+                                                     {"no == true", false},
+                                                     {"list < 3", false},
+                                                     {"missing < 3", false},
+                                                     {"missing == null", true},
+                                                     {"null == null", true},
+                                                     {"n != null", true},
+                                                     {"n", true},
+                                                     {"zero", false},
+                                                     {"text", true},
+                                                     {"none", false},
+                                                     {"no", false},
+                                                     {"yes", true},
+                                                     {"list", true},
+                                                     {"nothing", false},
+                                                     {"null", false},
+                                                     {"missing", false},
+                                                     {"object", true},
+                                                     {"!n", false},
+                                                     {"!missing", true},
+                                                     {"list[0] == 1", true},
+                                                     {"yes < true", false}}) {
+        const ScreenPtr screen =
+            opened(scene(std::string(R"({"row": [{"rect": "text", "if": ")") + row.condition +
+                             R"(", "width": 1, "height": 1}]})",
+                         kHead),
+                   data);
+        EXPECT_EQ(described(screen.get()).find("rect") != std::string::npos, row.holds)
+            << row.condition;
+    }
+}
+
+TEST(LiveDataTest, NamesInRepetitionsHideThoseFurtherOut) {
+    const ScreenPtr screen = opened(
+        scene(R"({"row": [{"each": "rooms", "as": "room", "row": [
+                  {"each": "room.lamps", "text": "${room.name} ${item}", "id": "lamp"}]}]})"),
+        R"({"item": "outer", "rooms": [{"name": "A", "lamps": [1, 2]}, {"name": "B", "lamps": [3]}]})");
+    const std::string text = described(screen.get());
+    EXPECT_NE(text.find("text \"A 1\" #lamp[0][0] "), std::string::npos) << text;
+    EXPECT_NE(text.find("text \"A 2\" #lamp[0][1] "), std::string::npos) << text;
+    EXPECT_NE(text.find("text \"B 3\" #lamp[1][0] "), std::string::npos) << text;
+}
+
+}  // namespace
