@@ -25,6 +25,8 @@ bool words_are_value(const Node& node) {
 std::string name_of_node(const Node& node) {
     if (!node.name.empty()) return node.name;
     if (words_are_value(node)) return node.hint;
+    // What a picture is called in its folder says nothing of what it shows.
+    if (node.is(Sort::Picture) || node.is_widget(ORVEL_WIDGET_IMAGE)) return "";
     if (node.kind->value == Type::Words || node.kind->value == Type::Icon) return node.text;
     return node.is_widget(ORVEL_WIDGET_WINDOW) ? node.text : "";
 }

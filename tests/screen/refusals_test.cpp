@@ -144,7 +144,7 @@ const Row kRows[] = {
     {R"({"orvel":1,"sample":{"w":[1,"x"]},"root":{"bars":"${w}"}})",
      R"(scene:1:50: root.bars[1]: found "x", expected a number or null)"},
     {R"({"orvel":1,"root":{"text":"","hint":"x"}})",
-     "scene:1:30: root.hint: unknown key of a text"},
+     R"(scene:1:30: root.hint: unknown key of a text; did you mean "min"?)"},
     {R"({"orvel":1,"root":{"include":"../x.json"}})",
      R"(scene:1:30: root.include: found "../x.json", expected the name of a file in this folder or below)"},
     {R"({"orvel":1,"root":{"include":"x.json"}})",
