@@ -1,5 +1,6 @@
 // Nodes on a canvas, by the kit's own functions.
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "screen/node.h"
@@ -135,14 +136,34 @@ bool Brush::content() const {
     return true;
 }
 
+/// A canvas of a box's own, whose pixels return to the box when it is drawn.
+class CutOut {
+public:
+    CutOut(orvel_canvas* canvas, const kit_box& box)
+        : canvas_(canvas), box_(box), own_(kit_clip_begin(canvas, &box_)) {}
+    ~CutOut() { orvel_canvas_destroy(own_); }
+    CutOut(const CutOut&) = delete;
+    CutOut& operator=(const CutOut&) = delete;
+
+    /// Null where memory ran out.
+    orvel_canvas* canvas() const { return own_; }
+    const kit_box& box() const { return box_; }
+    void finish() { kit_clip_end(canvas_, &box_, std::exchange(own_, nullptr)); }
+
+private:
+    orvel_canvas* canvas_;
+    kit_box box_;
+    orvel_canvas* own_;
+};
+
 /// Draws a node of which only a part shows.
 bool draw_cut(const Node& node, orvel_canvas* canvas, const kit_box& part) {
-    kit_box box = Brush::moved(meet(node.visible, part), part.x, part.y);
-    orvel_canvas* const inside = kit_clip_begin(canvas, &box);
-    if (!inside) return false;
-    const bool drawn = Brush(node, inside, part.x + box.x, part.y + box.y).draw();
-    kit_clip_end(canvas, &box, inside);
-    return drawn;
+    CutOut cut(canvas, Brush::moved(meet(node.visible, part), part.x, part.y));
+    if (!cut.canvas()) return false;
+    const Brush brush(node, cut.canvas(), part.x + cut.box().x, part.y + cut.box().y);
+    if (!brush.draw()) return false;
+    cut.finish();
+    return true;
 }
 
 bool draw_all(const Nodes& nodes, orvel_canvas* canvas, const kit_box& part) {
@@ -167,16 +188,13 @@ bool paints(const Node& node) {
 }
 
 bool paint(const Nodes& nodes, orvel_canvas* canvas, const kit_box& part) {
-    kit_box box = part;
-    const bool all = part.x <= 0 && part.y <= 0 && part.w >= orvel_canvas_width(canvas) &&
-                     part.h >= orvel_canvas_height(canvas);
-    if (all) return draw_all(nodes, canvas, {0, 0, part.w, part.h});
-    orvel_canvas* const inside = kit_clip_begin(canvas, &box);
-    if (!inside) return false;
-    const bool drawn = draw_all(nodes, inside, box);
-    if (drawn) return kit_clip_end(canvas, &box, inside) == 0;
-    orvel_canvas_destroy(inside);
-    return false;
+    if (part.w == orvel_canvas_width(canvas) && part.h == orvel_canvas_height(canvas)) {
+        return draw_all(nodes, canvas, part);
+    }
+    CutOut cut(canvas, part);
+    if (!cut.canvas() || !draw_all(nodes, cut.canvas(), part)) return false;
+    cut.finish();
+    return true;
 }
 
 }  // namespace kit

@@ -1,0 +1,205 @@
+// Every allocation of every call of a screen fails, one by one and with all later ones: the call
+// then says so, raises nothing, leaks nothing, leaves the screen as it was, and does its work when
+// it is made again.
+#include <algorithm>
+#include <fstream>
+#include <set>
+
+#include "screens.h"
+#include "system/allocations.h"
+
+namespace {
+
+using namespace orvel_test;
+
+const std::string kScene = scene(
+    R"({"column": [{"row": [{"text": "${title} that is longer than short strings are"},
+        {"button": "A button with many words", "icon": "mail", "id": "button"}],
+        "wrap": true, "ground": "surface"},
+        {"window": {"each": "days", "as": "day", "text": "${day.name}", "wrap": true, "id": "day"},
+         "title": "Window"},
+        {"chart": "line", "series": [{"values": "${values}", "name": "A"}], "axes": true},
+        {"picture": "any"}, {"include": "other", "with": {"x": "${title}"}},
+        {"tabs": ["One", "${title}"], "selected": 1, "theme": {"accent": "#123456"}}],
+        "id": "root", "scroll": true})",
+    R"("size": [90, 200], "face": "sans 11",
+       "sample": {"title": "Title", "values": [1, 2, 3], "days": [{"name": "Monday"}]}, )");
+
+constexpr const char* kReplaced =
+    R"({"title": "Another title, which is longer", "values": [3, 2], "days": []})";
+
+kit_screen_host host_of(CanvasPtr& picture) {
+    kit_screen_host host = {};
+    host.self = picture.get();
+    host.picture = [](void* self, const char*) -> const orvel_canvas* {
+        return static_cast<orvel_canvas*>(self);
+    };
+    host.include = [](void*, const char*, size_t* length) {
+        static const char kText[] = R"({"orvel": 1, "root": {"text": "${x} is what was given"}})";
+        *length = sizeof kText - 1;
+        return kText;
+    };
+    return host;
+}
+
+/// What the calls work on; made anew for each.
+struct Stage {
+    Stage() : screen(opened(kScene, nullptr, &host)) {
+        kit_screen_draw(screen.get(), canvas.get(), nullptr);
+    }
+    CanvasPtr picture = make_canvas(8, 8);
+    kit_screen_host host = host_of(picture);
+    CanvasPtr canvas = make_canvas(90, 200);
+    ScreenPtr screen;
+    char why[200] = "";
+};
+
+struct Row {
+    const char* functions;  // that are called, each followed by a blank
+    int (*act)(Stage&);     // 0, or less for a failure
+};
+
+int told(const char* text) { return text && *text ? 0 : -1; }
+
+const Row kRows[] = {
+    {"kit_screen_read kit_screen_close ",
+     [](Stage& stage) {
+         const ScreenPtr made(kit_screen_read(kScene.data(), kScene.size(), "name", nullptr,
+                                              &stage.host, stage.why, sizeof stage.why));
+         return made ? 0 : -1;
+     }},
+    {"kit_screen_open ",
+     [](Stage& stage) {
+         const ScreenPtr made(kit_screen_open(ORVEL_SOURCE_DIR "/tests/screen/small.json",
+                                              "{\"a\": 1}", nullptr, stage.why, sizeof stage.why));
+         return made ? 0 : -1;
+     }},
+    {"kit_screen_resize ",
+     [](Stage& stage) {
+         return kit_screen_resize(stage.screen.get(), 50, 60, stage.why, sizeof stage.why);
+     }},
+    {"kit_screen_set ",
+     [](Stage& stage) {
+         return kit_screen_set(stage.screen.get(), "days[1].name", "\"Tuesday and more\"",
+                               stage.why, sizeof stage.why);
+     }},
+    {"kit_screen_set ",
+     [](Stage& stage) {
+         return kit_screen_set(stage.screen.get(), "", kReplaced, stage.why, sizeof stage.why);
+     }},
+    {"kit_screen_get ",
+     [](Stage& stage) { return told(kit_screen_get(stage.screen.get(), "days")); }},
+    {"kit_screen_add ",
+     [](Stage& stage) {
+         return kit_screen_add(stage.screen.get(), "root", 1, R"({"text": "Something new here"})",
+                               stage.why, sizeof stage.why);
+     }},
+    {"kit_screen_remove ",
+     [](Stage& stage) {
+         return kit_screen_remove(stage.screen.get(), "button", stage.why, sizeof stage.why);
+     }},
+    {"kit_screen_change ",
+     [](Stage& stage) {
+         return kit_screen_change(stage.screen.get(), "button", "button", "\"New words for it\"",
+                                  stage.why, sizeof stage.why);
+     }},
+    {"kit_screen_draw kit_screen_expose ",
+     [](Stage& stage) {
+         kit_screen_expose(stage.screen.get(), nullptr);
+         return kit_screen_draw(stage.screen.get(), stage.canvas.get(), nullptr);
+     }},
+    {"kit_screen_draw ",
+     [](Stage& stage) {
+         const kit_box part = {10, 10, 40, 90};
+         kit_screen_expose(stage.screen.get(), &part);
+         return kit_screen_draw(stage.screen.get(), stage.canvas.get(), nullptr);
+     }},
+    {"kit_screen_describe ",
+     [](Stage& stage) { return told(kit_screen_describe(stage.screen.get())); }},
+    {"kit_screen_report ",
+     [](Stage& stage) { return told(kit_screen_report(stage.screen.get())); }},
+};
+
+struct Result {
+    int status;
+    bool raised, same;
+    std::string why;
+};
+
+/// Runs a row with one allocation failing, or all from there on.
+Result made(const Row& row, Stage& stage, long failing, bool (*later)()) {
+    const std::string before = described(stage.screen.get());
+    Result result = {0, false, false, ""};
+    {
+        const FailingAllocation failure(failing);
+        ask_before_allocating(later);
+        try {
+            result.status = row.act(stage);
+        } catch (...) {
+            result.raised = true;
+        }
+        ask_before_allocating(nullptr);
+    }
+    result.why = stage.why;
+    result.same = described(stage.screen.get()) == before;
+    return result;
+}
+
+long allocations_of(const Row& row) {
+    Stage stage;
+    const long before = allocations_made();
+    EXPECT_EQ(row.act(stage), 0) << stage.why;
+    return allocations_made() - before;
+}
+
+long s_left = 0;  // allocations that succeed before all others fail
+
+class ScreenOutOfMemoryTest : public testing::TestWithParam<Row> {};
+
+INSTANTIATE_TEST_SUITE_P(, ScreenOutOfMemoryTest, testing::ValuesIn(kRows), [](const auto& row) {
+    std::string name = row.param.functions;
+    std::replace(name.begin(), name.end(), ' ', '_');
+    return name + std::to_string(row.index);
+});
+
+TEST_P(ScreenOutOfMemoryTest, EveryAllocationThatFailsIsToldAndDoesNoHarm) {
+    const Row& row = GetParam();
+    const long count = allocations_of(row);
+    RecordProperty("allocations", static_cast<int>(count));
+    ASSERT_GT(count, 0);
+    for (long failing = 1; failing <= count; ++failing) {
+        for (const bool alone : {true, false}) {
+            const long live = allocations_live();
+            {
+                Stage stage;
+                s_left = failing - 1;
+                bool (*const later)() = [] { return s_left-- <= 0; };
+                const Result failed =
+                    alone ? made(row, stage, failing, nullptr) : made(row, stage, 0, later);
+                EXPECT_FALSE(failed.raised) << failing << " of " << count;
+                EXPECT_LT(failed.status, 0) << failing << " of " << count;
+                EXPECT_TRUE(failed.same) << failing << " of " << count;
+                EXPECT_TRUE(failed.why.empty() || failed.why == "out of memory") << failed.why;
+                EXPECT_EQ(row.act(stage), 0) << stage.why;
+            }
+            EXPECT_EQ(allocations_live(), live) << failing << " of " << count;
+            if (HasFailure()) return;
+        }
+    }
+}
+
+TEST(ScreenOutOfMemoryTableTest, CallsEveryFunctionThatCanAllocate) {
+    const std::set<std::string> others = {"kit_screen_version", "kit_screen_size",
+                                          "kit_screen_box"};
+    std::string called;
+    for (const Row& row : kRows) called += row.functions;
+    std::ifstream names(ORVEL_SOURCE_DIR "/tests/screen/exports.txt");
+    int count = 0;
+    for (std::string name; std::getline(names, name); ++count) {
+        const bool is_called = called.find(name + " ") != std::string::npos;
+        EXPECT_TRUE(is_called || others.count(name)) << name << " needs a row";
+    }
+    EXPECT_GT(count, 10);
+}
+
+}  // namespace
