@@ -93,10 +93,10 @@ public:
     void node(int i) {
         const Node& node = at(nodes_, i);
         if (node.parent >= 0) overflow(i, node, at(nodes_, node.parent));
+        if (node.unknown) tell(i, "unknown: there is no " + in_quotes(node.text));
         if (is_empty(node.visible)) return;
         words(i, node);
         target(i, node);
-        if (node.unknown) tell(i, "unknown: there is no " + in_quotes(node.text));
     }
 
     std::string text;

@@ -244,7 +244,7 @@ const char* kit_screen_report(kit_screen* screen) {
 }
 
 int kit_screen_box(const kit_screen* screen, const char* id, kit_box* box) {
-    if (!screen || !id || !box) return -1;
+    if (!screen || !id || !*id || !box) return -1;
     for (const Node& node : screen->nodes) {
         if (node.hidden || node.id != id) continue;
         *box = node.visible;
