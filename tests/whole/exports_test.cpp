@@ -38,6 +38,15 @@ const Library kLibraries[] = {
      "tests/kit/kit_api_test.c",
      "kit_",
      {"libOrvelSDK"}},
+#ifdef ORVEL_SCREEN_LIBRARY  // where it is built
+    {"OrvelScreen",
+     ORVEL_SCREEN_LIBRARY,
+     "tests/screen/exports.txt",
+     "cmake/exports_screen_apple.txt",
+     "tests/screen/screen_api_test.c",
+     "kit_screen_",
+     {"libOrvelSDK", "libOrvelKit"}},
+#endif
 };
 
 void PrintTo(const Library& library, std::ostream* out) { *out << library.name; }
