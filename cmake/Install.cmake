@@ -62,5 +62,5 @@ write_basic_package_version_file(OrvelSDKConfigVersion.cmake COMPATIBILITY SameM
 install(FILES ${PROJECT_SOURCE_DIR}/cmake/OrvelSDKConfig.cmake
               ${PROJECT_BINARY_DIR}/OrvelSDKConfigVersion.cmake
         DESTINATION ${orvel_package_dir} COMPONENT liborvelsdk-dev)
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/share/themes
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/share/themes ${PROJECT_SOURCE_DIR}/share/schemas
         DESTINATION ${CMAKE_INSTALL_DATADIR}/orvelsdk COMPONENT liborvelsdk-dev)
