@@ -76,6 +76,7 @@ std::string settle(Wishes& wishes) {
     if (wishes.output.empty() && !wishes.describe && !wishes.check) {
         return "nothing to do without -o, --describe or --check";
     }
+    if (wishes.check && (!wishes.output.empty() || wishes.watch)) return "--check draws nothing";
     if (wishes.data.size() > 1 && !wishes.check) return "several --data go with --check only";
     if (!wishes.data.empty() && wishes.scene.sample)
         return "--data and --sample exclude each other";

@@ -3,6 +3,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <filesystem>
@@ -12,6 +13,7 @@
 #include "support/files.h"
 #include "support/picture.h"
 #include "support/process.h"
+#include "support/random.h"
 #include "tools/png.h"
 
 namespace {
@@ -290,6 +292,7 @@ TEST_F(RenderTool, APictureThatIsNotThereIsToldAndDoneWithout) {
 
 TEST_F(RenderTool, MistakesAreToldInOneLine) {
     expect_refused({}, "nothing to do without -o, --describe or --check");
+    expect_refused({"-o", png, "--check"}, "--check draws nothing");
     expect_refused({"-o", png, "--sample", "--data", "x"},
                    "--data and --sample exclude each other");
     expect_refused({"-o", png, "--data", "x", "--data", "y"},
@@ -353,6 +356,57 @@ TEST_F(RenderTool, AWatchedSceneIsDrawnAgainWhenAFileChanges) {
     int status = 0;
     waitpid(child, &status, 0);
     EXPECT_TRUE(WIFSIGNALED(status));
+}
+
+/// A scene in which each of so many repetitions repeats the next one over ten items.
+std::string repeated(int times) {
+    std::string node = R"({"text": "a"})";
+    for (int i = 0; i < times; ++i) {
+        node = R"({"each": "ten", "row": [)" + node + "]}";
+    }
+    return R"({"orvel": 1, "size": [9, 9], "sample": {"ten": [1,2,3,4,5,6,7,8,9,10]}, "root": {"row": [)" +
+           node + "]}}";
+}
+
+TEST_F(RenderTool, HostileScenesEndSoonWithAReason) {
+    std::vector<std::string> scenes = {"", "{", "null", std::string(1000, '['), "\xFF\xFE"};
+    scenes.push_back(repeated(5));
+    scenes.push_back(repeated(60));
+    std::string words(1 << 20, 'w');
+    scenes.push_back(R"({"orvel": 1, "size": [9, 9], "sample": {"w": ")" + words +
+                     R"("}, "root": {"text": "${w}"}})");
+    std::string many = R"({"text": "a"})";
+    for (int i = 0; i < 10000; ++i) many += R"(,{"text": "a"})";
+    scenes.push_back(R"({"orvel": 1, "root": {"row": [)" + many + "]}}");
+    write_file(folder / "a.json", R"({"orvel": 1, "root": {"include": "scene.json"}})");
+    scenes.push_back(R"({"orvel": 1, "root": {"include": "a.json"}})");
+    scenes.push_back(R"({"orvel": 1, "size": [32767, 32767], "root": {"space": 1}})");
+    for (const std::string& text : scenes) {
+        write_file(scene, text);
+        const Finished done = run({"--sample", "-o", png});
+        EXPECT_EQ(done.status, 2) << text.substr(0, 80);
+        EXPECT_EQ(std::count(done.error.begin(), done.error.end(), '\n'), 1) << done.error;
+        EXPECT_FALSE(fs::exists(png));
+    }
+}
+
+TEST_F(RenderTool, ScenesWithAnyByteChangedAreDrawnOrRefused) {
+    std::string text = read_file(ORVEL_SOURCE_DIR "/scenes/instrument/boiler.json");
+    orvel_test::Random random(7);
+    const std::string marks = "{}[]\",:0-e$|.#";
+    for (int i = 0; i < 150; ++i) {
+        std::string changed = text;
+        for (int times = random.between(1, 3); times > 0; --times) {
+            const auto at =
+                static_cast<std::size_t>(random.between(0, static_cast<int>(text.size()) - 1));
+            changed[at] = marks[static_cast<std::size_t>(
+                random.between(0, static_cast<int>(marks.size()) - 1))];
+        }
+        write_file(scene, changed);
+        const Finished done = run({"--sample", "-o", png, "--panel", "mono"});
+        EXPECT_TRUE(done.status == 0 || done.status == 2) << done.status << "\n" << changed;
+        EXPECT_EQ(done.error.empty(), done.status == 0);
+    }
 }
 
 }  // namespace
