@@ -37,9 +37,8 @@ std::string take_name(std::string_view& text) {
 
 const Value* step_into(const Value& value, const Step& step) {
     if (!step.name.empty()) return value.find(step.name);
-    const bool inside = value.kind == Kind::List && step.index >= 0 &&
-                        static_cast<std::size_t>(step.index) < value.items.size();
-    return inside ? &value.items[static_cast<std::size_t>(step.index)] : nullptr;
+    const auto index = static_cast<std::size_t>(step.index);
+    return value.kind == Kind::List && index < value.items.size() ? &value.items[index] : nullptr;
 }
 
 const Value* named(const std::string& name, const Scope& scope) {
@@ -98,7 +97,8 @@ std::size_t depth_of(const Value& value) {
 std::string obstacle(const Value& root, const Path& path) {
     const Value* value = &root;
     for (auto step = path.begin(); step != path.end(); ++step) {
-        const std::string where = step == path.begin() ? "the data" : written(path.begin(), step);
+        std::string where = written(path.begin(), step);
+        if (where.empty()) where = "the data";
         if (step->name.empty()) {
             if (value && value->kind == Kind::List) {
                 const std::size_t count = value->items.size();
@@ -128,7 +128,7 @@ Value& made(Value& value, const Step& step) {
 bool read_path(std::string_view text, Path& path, std::string& why) {
     path.clear();
     std::string_view rest = text;
-    while (!rest.empty() || path.empty()) {
+    while (true) {
         const bool indexed = !path.empty() && rest.front() == '[';
         if (!path.empty() && !indexed && rest.front() != '.') break;
         if (!path.empty() && !indexed) rest.remove_prefix(1);
@@ -197,8 +197,8 @@ bool set_value(Value& root, const Path& path, Value value, std::string& why) {
 bool set_json(Value& root, std::string_view path, std::string_view json, std::string& why) {
     Path steps;
     Value value;
-    return read_path(path, steps, why) && read_document(json, path, value, why) &&
-           set_value(root, steps, std::move(value), why);
+    if (!read_path(path, steps, why) || !read_document(json, path, value, why)) return false;
+    return set_value(root, steps, std::move(value), why);
 }
 
 }  // namespace kit

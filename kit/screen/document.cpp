@@ -52,13 +52,14 @@ void write_items(std::string& to, const Value& value) {
 }
 
 void write_value(std::string& to, const Value& value) {
-    switch (value.kind) {
-    case Kind::Null: to += "null"; return;
-    case Kind::Boolean: to += value.truth ? "true" : "false"; return;
-    case Kind::Number: to += value.text; return;
-    case Kind::String: return write_text(to, value.text);
-    case Kind::List:
-    case Kind::Object: return write_items(to, value);
+    if (value.kind == Kind::List || value.kind == Kind::Object) return write_items(to, value);
+    if (value.kind == Kind::String) return write_text(to, value.text);
+    if (value.kind == Kind::Number) {
+        to += value.text;
+    } else if (value.kind == Kind::Boolean) {
+        to += value.truth ? "true" : "false";
+    } else {
+        to += "null";
     }
 }
 

@@ -86,8 +86,8 @@ std::size_t number_length(std::string_view text) {
 bool is_number(std::string_view text) {
     constexpr std::size_t kLongest = 400;
     constexpr long long kLargest = 309;  // digits before the point
-    return !text.empty() && text.size() <= kLongest && number_length(text) == text.size() &&
-           decimal_of(text).exponent <= kLargest;
+    if (text.empty() || text.size() > kLongest || number_length(text) != text.size()) return false;
+    return decimal_of(text).exponent <= kLargest;
 }
 
 std::string rounded(std::string_view number, int decimals) {

@@ -13,7 +13,7 @@ namespace {
 constexpr const char* kEndsWord = " \t\r\n{}[],:\"";
 
 bool is_one_of(char letter, const char* letters) {
-    return letter != '\0' && std::strchr(letters, letter) != nullptr;
+    return std::strchr(letters, letter) != nullptr;  // a text without zero bytes
 }
 
 /// The bytes of the UTF-8 character at @p at; 0 when it is ill-formed (Unicode 15, table 3-7).
@@ -120,8 +120,8 @@ public:
     bool start_object(std::size_t) { return open(Kind::Object); }
     bool start_array(std::size_t) { return open(Kind::List); }
     bool end_object() {
-        Value& object = *open_.back();
-        return sort(object) && end_array();
+        if (!sort(*open_.back())) return false;
+        return end_array();
     }
     bool end_array() {
         pass();
@@ -186,15 +186,16 @@ private:
         if (!value) return false;
         value->number = number;
         value->text = text_.substr(begin_, cursor_ - begin_);
-        return value->text.size() <= kMostDigits || refuse(token_, "found too long a number");
+        if (value->text.size() > kMostDigits) return refuse(token_, "found too long a number");
+        return true;
     }
 
     bool open(Kind kind) {
         Value* value = add(kind);
         if (!value) return false;
         open_.push_back(value);  // stays in place: while it is open, nothing is added beside it
-        return open_.size() <= kMostDepth ||
-               refuse(token_, "found more than " + std::to_string(kMostDepth) +
+        if (open_.size() <= kMostDepth) return true;
+        return refuse(token_, "found more than " + std::to_string(kMostDepth) +
                                   " lists and objects in each other");
     }
 
@@ -233,8 +234,7 @@ bool Builder::sort(Value& object) {
 bool Builder::parse_error(std::size_t position, const std::string&, const std::exception& error) {
     // From the last token to the one that is wrong, past the commas and colons that are right.
     std::size_t at = std::min(text_.find_first_not_of(" \t\r\n", cursor_), text_.size());
-    while (at + 1 < std::min(position, text_.size() + 1) && at < text_.size() &&
-           is_one_of(text_[at], ",:")) {
+    while (at + 1 < std::min(position, text_.size() + 1) && is_one_of(text_[at], ",:")) {
         at = std::min(text_.find_first_not_of(" \t\r\n", at + 1), text_.size());
     }
     const std::string_view message = error.what();

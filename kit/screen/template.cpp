@@ -33,9 +33,10 @@ bool has_number(const Value& value) {
 
 /// The fallback of a whole reference: what it is written like.
 const Value& scalar(const std::string& text, Value& room) {
-    std::string ignored;
-    const bool plain = is_number(text) || text == "true" || text == "false";
-    if (!plain || !read_document(text, "", room, ignored)) {
+    if (is_number(text) || text == "true" || text == "false") {
+        std::string why;
+        read_document(text, "", room, why);  // which is one value
+    } else {
         room.kind = Kind::String;
         room.text = text;
     }
@@ -62,15 +63,13 @@ bool text_of(const Reference& reference, const Scope& scope, std::string& text, 
         if (why.empty()) text += *reference.fallback;
         return why.empty();
     }
-    switch (value->kind) {
-    case Kind::Boolean: text += value->truth ? "true" : "false"; return true;
-    case Kind::Number:
-    case Kind::String:
+    if (value->kind == Kind::Boolean) {
+        text += value->truth ? "true" : "false";
+        return true;
+    }
+    if (value->kind == Kind::Number || value->kind == Kind::String) {
         text += reference.decimals < 0 ? value->text : rounded(value->text, reference.decimals);
         return true;
-    case Kind::Null:
-    case Kind::List:
-    case Kind::Object: break;
     }
     why = reference.written + " is " + name_of(value->kind) + " in the data, which has no text";
     return false;
@@ -79,7 +78,7 @@ bool text_of(const Reference& reference, const Scope& scope, std::string& text, 
 }  // namespace
 
 const Reference* Template::whole() const {
-    const bool alone = parts.size() == 1 && parts[0].literal.empty() && parts[0].reference;
+    const bool alone = parts.size() == 1 && parts[0].literal.empty();
     return alone ? &*parts[0].reference : nullptr;
 }
 

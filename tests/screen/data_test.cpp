@@ -13,7 +13,7 @@ const char* const kData = R"({
     "now": {"temp": 20.83, "sky": "Fog", "rain": null, "wet": false, "tiny": 1e-07},
     "days": [{"name": "Sunday", "high": 23}, {"name": "Monday", "high": -0.5}],
     "battery": 9, "text": "12.50", "state": "unavailable", "temperature_2m": 3, "größe": "XL",
-    "a-b": 1, "2x": 2})";
+    "a-b": 1, "2x": 2, "On_Z": true})";
 
 Value value_of(const std::string& text) {
     Value root;
@@ -52,6 +52,7 @@ TEST(DataTest, AReferenceShowsWhatItsPathLeadsTo) {
     EXPECT_EQ(filled("${now.sky}, ${now.wet}; ${days[1].name}!"), "Fog, false; Monday!");
     EXPECT_EQ(filled("${temperature_2m}${größe}${a-b}${2x}"), "3XL12");
     EXPECT_EQ(filled("${now.tiny}"), "1e-07");
+    EXPECT_EQ(filled("${On_Z}"), "true");
     EXPECT_EQ(filled(""), "");
     EXPECT_EQ(filled("plain"), "plain");
 }
@@ -84,6 +85,8 @@ TEST(DataTest, WhatIsMissingIsToldWithTheNameThatIsNear) {
     EXPECT_EQ(filled("${days}"), "! days is a list in the data, which has no text");
     EXPECT_EQ(filled("${now}"), "! now is an object in the data, which has no text");
     EXPECT_EQ(filled("${x}", {}), "! there is no x in the data");
+    EXPECT_EQ(filled("${x}", {data().find("days"), {}, nullptr}), "! there is no x in the data");
+    EXPECT_EQ(kit::look_up({}, {&data(), {}, nullptr}), nullptr);
 }
 
 TEST(DataTest, ADollarIsLiteralBeforeAnotherAndWithoutABrace) {
@@ -94,7 +97,7 @@ TEST(DataTest, ADollarIsLiteralBeforeAnotherAndWithoutABrace) {
 
 TEST(DataTest, ABadReferenceIsRefused) {
     for (const char* path : {"", ".", "a.", ".a", "a..b", "a[", "a[]", "a[x]", "a[1", "[0]", "a b",
-                             "a[1]b", "a[-1]", "a+b", "a[1]]"}) {
+                             "a[1]b", "a[-1]", "a[1x]", "a^b", "a+b", "a[1]]"}) {
         EXPECT_EQ(filled("${" + std::string(path) + "}"),
                   "! \"" + std::string(path) + "\" is no path like now.temp or days[2].name");
     }

@@ -185,6 +185,7 @@ TEST(DocumentTest, EveryIllFormedSequenceOfUtf8IsRefused) {
     for (const std::string part : bad) {
         EXPECT_EQ(read("[\"\u00e9" + part + "\"]"), "f:1:4: found what is not UTF-8");
     }
+    EXPECT_EQ(read("\"\xC2"), "f:1:2: found what is not UTF-8");
     const char* const good[] = {
         "\x7F",         "\xC2\x80",     "\xDF\xBF",         "\xE0\xA0\x80",     "\xED\x9F\xBF",
         "\xEE\x80\x80", "\xEF\xBF\xBF", "\xF0\x90\x80\x80", "\xF3\xBF\xBF\xBF", "\xF4\x8F\xBF\xBF"};
@@ -204,6 +205,11 @@ TEST(DocumentTest, DepthAndSizeAreBounded) {
     for (int i = 2; i < 250000; ++i) many += ",0";
     EXPECT_EQ(value_of(many + "]").items.size(), 249999u);
     EXPECT_EQ(read(many + ",0]"), "f:1:500000: found more than 250000 values");
+    for (const std::string item : {"true", "null", "\"\"", "[]", "{}"}) {
+        std::string items = "[" + item;
+        for (int i = 1; i < 250000; ++i) items += "," + item;
+        EXPECT_NE(read(items + "]").find("found more than 250000 values"), std::string::npos);
+    }
     EXPECT_EQ(read(std::string(400, '1') + "e-300"), "f:1:1: found too long a number");
     EXPECT_EQ(read("1." + std::string(398, '1')).size(), 400u);
     EXPECT_EQ(read("[1." + std::string(399, '1') + "]"), "f:1:2: found too long a number");
@@ -235,6 +241,8 @@ TEST(DocumentTest, NamesThatAreNearAreOffered) {
     EXPECT_EQ(kit::nearest("b", known), "");
     EXPECT_EQ(kit::nearest("", known), "");
     EXPECT_EQ(kit::nearest(std::string(41, 'a'), known), "");
+    EXPECT_EQ(kit::nearest("aaa", {std::string_view("aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa")}),
+              "");
     EXPECT_EQ(kit::nearest("xcolumns", {std::string_view(), "columns"}), "columns");
     EXPECT_EQ(kit::did_you_mean("rwo", known), "; did you mean \"row\"?");
     EXPECT_EQ(kit::did_you_mean("zzz", known), "");

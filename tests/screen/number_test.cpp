@@ -75,6 +75,7 @@ TEST(NumberTest, OnlyWhatJsonWritesIsANumber) {
     EXPECT_EQ(kit::number_length("01"), 1u);
     EXPECT_EQ(kit::number_length("-12.5e3,"), 7u);
     EXPECT_EQ(kit::number_length("12-3"), 2u);
+    EXPECT_EQ(kit::number_length(""), 0u);
     EXPECT_EQ(kit::number_length("true"), 0u);
 }
 
