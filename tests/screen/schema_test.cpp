@@ -205,4 +205,18 @@ TEST(SchemaTest, TheDeliveredSchemaIsThatOfTheReadersTables) {
         << " is not what kit/screen/kinds.cpp says; ORVEL_UPDATE_GOLDEN=schema writes it anew";
 }
 
+TEST(SchemaTest, TheManualTellsEveryKindAndEveryKey) {
+    const std::string page = orvel_test::read_file(ORVEL_SOURCE_DIR "/docs/pages/scenes.md");
+    auto names = kit::key_names(~0U);
+    const auto kinds = kit::kind_names();
+    names.insert(names.end(), kinds.begin(), kinds.end());
+    for (const auto name : names) {
+        const std::string quoted = name == "//" ? "`\"//\"`" : "`" + std::string(name) + "`";
+        EXPECT_NE(page.find(quoted), std::string::npos) << quoted;
+    }
+    for (const auto role : kit::role_names()) {
+        EXPECT_NE(page.find("`" + std::string(role) + "`"), std::string::npos) << role;
+    }
+}
+
 }  // namespace
