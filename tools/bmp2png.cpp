@@ -6,9 +6,8 @@
 
 namespace {
 
+using orvel_tools::kLongestSide;
 using orvel_tools::Picture;
-
-constexpr int kLongestSide = 1000000;  // of a PNG file, by libpng's own rule
 
 /// Every pixel becomes a square of @p scale pixels.
 Picture scaled(const Picture& from, int scale) {

@@ -1,95 +1,55 @@
 #include "picture.h"
 
-#include <png.h>
-
-#include <array>
-#include <cerrno>
-#include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-#include <cstring>
+#include "bmp_file.h"
+#include "png_file.h"
 
 namespace orvel_tools {
 namespace {
 
-constexpr std::size_t kHeaderSize = 54;
-constexpr std::uint32_t kLibraryCompression = 255;
-
-using Bytes = std::vector<unsigned char>;
-
-std::uint32_t u16(const Bytes& bytes, std::size_t at) {
-    return std::uint32_t(bytes[at]) | std::uint32_t(bytes[at + 1]) << 8;
-}
-
-std::uint32_t u32(const Bytes& bytes, std::size_t at) {
-    return u16(bytes, at) | u16(bytes, at + 2) << 16;
-}
-
-std::int64_t i32(const Bytes& bytes, std::size_t at) {
-    return static_cast<std::int32_t>(u32(bytes, at));
-}
-
-std::optional<Bytes> read_bytes(const std::string& path, std::string& error) {
-    std::FILE* file = std::fopen(path.c_str(), "rb");
-    Bytes bytes;
-    if (file) {
-        std::array<unsigned char, 65536> block;
-        while (const std::size_t got = std::fread(block.data(), 1, block.size(), file)) {
-            bytes.insert(bytes.end(), block.begin(), block.begin() + std::ptrdiff_t(got));
-        }
-        const bool complete = std::feof(file) != 0;
-        std::fclose(file);
-        if (complete) return bytes;
-    }
-    error = path + ": " + std::strerror(errno);
+std::optional<Picture> decoded(const Bytes& bytes, const std::string& name, std::string& error,
+                               std::string (*decode)(const Bytes&, Picture&)) {
+    Picture picture;
+    const std::string reason =
+        bytes.size() > kMostBytes ? "the file is too large" : decode(bytes, picture);
+    if (reason.empty()) return picture;
+    error = name + ": " + reason;
     return std::nullopt;
 }
 
-/// Where the pixels are, with all its numbers checked against the size of the file.
-struct Layout {
-    std::int64_t offset, width, height, bytes_per_pixel, stride;
-    bool top_row_first;
-};
+std::string decode_any(const Bytes& bytes, Picture& picture) {
+    if (is_png(bytes)) return decode_png(bytes, picture);
+    if (is_bmp(bytes)) return decode_bmp(bytes, picture);
+    return "neither a PNG nor a BMP file";
+}
 
-/// Why the file cannot be shown; null when @p layout has been filled.
-const char* read_layout(const Bytes& bytes, Layout& layout) {
-    if (bytes.size() < kHeaderSize || bytes[0] != 'B' || bytes[1] != 'M') return "not a BMP file";
-    const std::uint32_t depth = u16(bytes, 28), compression = u32(bytes, 30);
-    const bool opaque = depth == 24 && compression == 0;
-    const bool with_alpha = depth == 32 && compression == kLibraryCompression;
-    if (!opaque && !with_alpha) return "neither of the two BMP forms that the library writes";
-    const std::int64_t height = i32(bytes, 22);
-    layout = {u32(bytes, 10), i32(bytes, 18), std::llabs(height), depth / 8, 0, height < 0};
-    if (layout.width < 1 || layout.height < 1) return "a picture without pixels";
-    layout.stride = (layout.width * layout.bytes_per_pixel + 3) / 4 * 4;
-    const std::int64_t room = static_cast<std::int64_t>(bytes.size()) - layout.offset;
-    if (room < 0 || room / layout.stride < layout.height) return "the file ends too early";
-    return nullptr;
+/// The whole file when its first bytes are those of a picture: what else a name leads to, be it
+/// without an end, is not read on.
+std::optional<Bytes> read_file(const std::string& path, std::string& error) {
+    constexpr std::size_t kEnoughToTell = 16;
+    if (path != "-") {
+        const auto start = read_bytes(path, error, kEnoughToTell);
+        if (!start || (!is_png(*start) && !is_bmp(*start))) return start;
+    }
+    return read_bytes(path, error);
 }
 
 }  // namespace
 
-std::optional<Picture> read_bmp(const std::string& path, std::string& error) {
-    const auto bytes = read_bytes(path, error);
+std::optional<Picture> decode_picture(const Bytes& bytes, const std::string& name,
+                                      std::string& error) {
+    return decoded(bytes, name, error, decode_any);
+}
+
+std::optional<Picture> read_picture(const std::string& path, std::string& error) {
+    const auto bytes = read_file(path, error);
     if (!bytes) return std::nullopt;
-    Layout layout = {};
-    if (const char* reason = read_layout(*bytes, layout)) {
-        error = path + ": " + reason;
-        return std::nullopt;
-    }
-    Picture picture;
-    picture.width = static_cast<int>(layout.width);
-    picture.height = static_cast<int>(layout.height);
-    picture.pixels.reserve(std::size_t(layout.width) * std::size_t(layout.height));
-    for (std::int64_t y = 0; y < layout.height; ++y) {
-        const std::int64_t row = layout.top_row_first ? y : layout.height - 1 - y;
-        const unsigned char* at = bytes->data() + layout.offset + row * layout.stride;
-        for (std::int64_t x = 0; x < layout.width; ++x, at += layout.bytes_per_pixel) {
-            const unsigned char alpha = layout.bytes_per_pixel == 4 ? at[3] : 255;
-            picture.pixels.push_back({at[2], at[1], at[0], alpha});
-        }
-    }
-    return picture;
+    return decode_picture(*bytes, shown_path(path, "standard input"), error);
+}
+
+std::optional<Picture> read_bmp(const std::string& path, std::string& error) {
+    const auto bytes = read_file(path, error);
+    if (!bytes) return std::nullopt;
+    return decoded(*bytes, shown_path(path, "standard input"), error, decode_bmp);
 }
 
 Picture picture_of(const orvel_canvas* canvas) {
@@ -105,15 +65,10 @@ Picture picture_of(const orvel_canvas* canvas) {
 }
 
 bool write_png(const Picture& picture, const std::string& path, std::string& error) {
-    png_image image = {};
-    image.version = PNG_IMAGE_VERSION;
-    image.width = static_cast<png_uint_32>(picture.width);
-    image.height = static_cast<png_uint_32>(picture.height);
-    image.format = PNG_FORMAT_RGBA;
-    if (png_image_write_to_file(&image, path.c_str(), 0, picture.pixels.data(), 0, nullptr)) {
-        return true;
-    }
-    error = path + ": " + image.message;
+    Bytes bytes;
+    const std::string reason = encode_png(picture, bytes);
+    if (reason.empty()) return write_bytes(path, bytes, error);
+    error = shown_path(path, "standard output") + ": " + reason;
     return false;
 }
 

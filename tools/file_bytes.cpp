@@ -1,0 +1,53 @@
+#include "file_bytes.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+#include "names.h"
+
+namespace orvel_tools {
+
+std::optional<Bytes> read_bytes(const std::string& path, std::string& error, std::size_t most) {
+    const bool standard = path == "-";
+    std::FILE* file = standard ? stdin : std::fopen(path.c_str(), "rb");
+    Bytes bytes;
+    if (file) {
+        std::array<unsigned char, 65536> block;
+        while (const std::size_t got = std::fread(block.data(), 1, block.size(), file)) {
+            bytes.insert(bytes.end(), block.begin(), block.begin() + std::ptrdiff_t(got));
+            if (bytes.size() > most) break;
+        }
+        const bool failed = std::ferror(file) != 0;
+        const int reason = errno;
+        if (!standard) std::fclose(file);
+        if (!failed) return bytes;
+        errno = reason;
+    }
+    error = shown_path(path, "standard input") + ": " + std::strerror(errno);
+    return std::nullopt;
+}
+
+bool write_bytes(const std::string& path, std::string_view bytes, std::string& error) {
+    const bool standard = path == "-";
+    std::FILE* file = standard ? stdout : std::fopen(path.c_str(), "wb");
+    if (file) {
+        bool written = std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
+        written = (standard ? std::fflush(file) : std::fclose(file)) == 0 && written;
+        if (written) return true;
+    }
+    error = shown_path(path, "standard output") + ": " + std::strerror(errno);
+    return false;
+}
+
+bool write_bytes(const std::string& path, const Bytes& bytes, std::string& error) {
+    const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    return write_bytes(path, text, error);
+}
+
+std::string shown_path(const std::string& path, const char* standard_stream) {
+    return path == "-" ? standard_stream : shown_name(path);
+}
+
+}  // namespace orvel_tools

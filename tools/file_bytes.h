@@ -1,0 +1,29 @@
+// Files as bytes. The name "-" stands for the standard input and the standard output.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace orvel_tools {
+
+using Bytes = std::vector<unsigned char>;
+
+/// The most that is read of any file: pictures and texts from anywhere end here, not the memory.
+constexpr std::size_t kMostBytes = std::size_t(1) << 29;
+
+/// Reads a file, or the first @p most bytes of it and one more. On failure, @p error says why in
+/// one line that names the file.
+std::optional<Bytes> read_bytes(const std::string& path, std::string& error,
+                                std::size_t most = kMostBytes);
+
+/// Writes a file over whatever is there. On failure, returns false and says why in @p error.
+bool write_bytes(const std::string& path, std::string_view bytes, std::string& error);
+bool write_bytes(const std::string& path, const Bytes& bytes, std::string& error);
+
+/// What messages call the file @p path.
+std::string shown_path(const std::string& path, const char* standard_stream);
+
+}  // namespace orvel_tools
