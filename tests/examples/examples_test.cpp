@@ -159,7 +159,7 @@ TEST(Examples, TheGalleryShowsEveryKindBesideItsCall) {
     const Finished done = run({kExamples + "gallery", folder.path()});
     EXPECT_EQ(done.status, 0);
     EXPECT_EQ(done.error, "");
-    EXPECT_EQ(done.output, folder / "Icons/target.bmp\n" + folder / "gallery-dark.bmp\n" +
+    EXPECT_EQ(done.output, folder / "Icons/picture.bmp\n" + folder / "gallery-dark.bmp\n" +
                                folder / "gallery-light.bmp\n" + folder / "gallery.html\n");
     const orvel_color dark = {30, 30, 46, 255}, light = {239, 241, 245, 255};
     EXPECT_EQ(read_bmp(folder / "gallery-dark.bmp").at(0, 0), dark);
