@@ -9,23 +9,41 @@
 
 namespace orvel_tools {
 
-std::optional<Bytes> read_bytes(const std::string& path, std::string& error, std::size_t most) {
-    const bool standard = path == "-";
-    std::FILE* file = standard ? stdin : std::fopen(path.c_str(), "rb");
-    Bytes bytes;
-    if (file) {
-        std::array<unsigned char, 65536> block;
-        while (const std::size_t got = std::fread(block.data(), 1, block.size(), file)) {
-            bytes.insert(bytes.end(), block.begin(), block.begin() + std::ptrdiff_t(got));
-            if (bytes.size() > most) break;
-        }
-        const bool failed = std::ferror(file) != 0;
+namespace {
+
+bool read_all(std::FILE* file, bool (*wanted)(const Bytes&), Bytes& bytes) {
+    std::array<unsigned char, 65536> block;
+    while (const std::size_t got = std::fread(block.data(), 1, block.size(), file)) {
+        bytes.insert(bytes.end(), block.begin(), block.begin() + std::ptrdiff_t(got));
+        if (bytes.size() > kMostBytes) break;
+        if (wanted && bytes.size() == got && !wanted(bytes)) break;
+    }
+    return std::ferror(file) == 0;
+}
+
+/// The standard input, which can be read but once.
+std::optional<Bytes> standard_input(std::string& error) {
+    static Bytes bytes;
+    static const bool complete = read_all(stdin, nullptr, bytes);
+    if (complete) return bytes;
+    error = "standard input: it cannot be read";
+    return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<Bytes> read_bytes(const std::string& path, std::string& error,
+                                bool (*wanted)(const Bytes&)) {
+    if (path == "-") return standard_input(error);
+    if (std::FILE* file = std::fopen(path.c_str(), "rb")) {
+        Bytes bytes;
+        const bool complete = read_all(file, wanted, bytes);
         const int reason = errno;
-        if (!standard) std::fclose(file);
-        if (!failed) return bytes;
+        std::fclose(file);
+        if (complete) return bytes;
         errno = reason;
     }
-    error = shown_path(path, "standard input") + ": " + std::strerror(errno);
+    error = shown_name(path) + ": " + std::strerror(errno);
     return std::nullopt;
 }
 

@@ -14,10 +14,11 @@ using Bytes = std::vector<unsigned char>;
 /// The most that is read of any file: pictures and texts from anywhere end here, not the memory.
 constexpr std::size_t kMostBytes = std::size_t(1) << 29;
 
-/// Reads a file, or the first @p most bytes of it and one more. On failure, @p error says why in
-/// one line that names the file.
+/// Reads a file; of one that is longer than kMostBytes only a little more than these, and of one
+/// whose start is not @p wanted only that. On failure, @p error says why in one line that names the
+/// file.
 std::optional<Bytes> read_bytes(const std::string& path, std::string& error,
-                                std::size_t most = kMostBytes);
+                                bool (*wanted)(const Bytes& start) = nullptr);
 
 /// Writes a file over whatever is there. On failure, returns false and says why in @p error.
 bool write_bytes(const std::string& path, std::string_view bytes, std::string& error);

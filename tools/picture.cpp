@@ -1,5 +1,7 @@
 #include "picture.h"
 
+#include <cstdlib>
+
 #include "bmp_file.h"
 #include "png_file.h"
 
@@ -22,16 +24,7 @@ std::string decode_any(const Bytes& bytes, Picture& picture) {
     return "neither a PNG nor a BMP file";
 }
 
-/// The whole file when its first bytes are those of a picture: what else a name leads to, be it
-/// without an end, is not read on.
-std::optional<Bytes> read_file(const std::string& path, std::string& error) {
-    constexpr std::size_t kEnoughToTell = 16;
-    if (path != "-") {
-        const auto start = read_bytes(path, error, kEnoughToTell);
-        if (!start || (!is_png(*start) && !is_bmp(*start))) return start;
-    }
-    return read_bytes(path, error);
-}
+bool is_picture(const Bytes& start) { return is_png(start) || is_bmp(start); }
 
 }  // namespace
 
@@ -40,14 +33,35 @@ std::optional<Picture> decode_picture(const Bytes& bytes, const std::string& nam
     return decoded(bytes, name, error, decode_any);
 }
 
+std::optional<Bytes> read_picture_bytes(const std::string& path, std::string& error) {
+    // What else a name may lead to, be it without an end, is not read on.
+    return read_bytes(path, error, is_picture);
+}
+
 std::optional<Picture> read_picture(const std::string& path, std::string& error) {
-    const auto bytes = read_file(path, error);
+    const auto bytes = read_picture_bytes(path, error);
     if (!bytes) return std::nullopt;
     return decode_picture(*bytes, shown_path(path, "standard input"), error);
 }
 
+std::int64_t claimed_pixels(const std::string& path) {
+    constexpr std::size_t kEnough = 26;
+    std::string error;
+    const auto bytes =
+        path == "-" ? std::nullopt : read_bytes(path, error, [](const Bytes&) { return false; });
+    if (!bytes || bytes->size() < kEnough) return 0;
+    const auto number = [&](std::size_t at, bool high_first) {
+        std::int64_t value = 0;
+        for (std::size_t i = 0; i < 4; ++i)
+            value = value << 8 | (*bytes)[at + (high_first ? i : 3 - i)];
+        return high_first ? value : std::llabs(static_cast<std::int32_t>(value));
+    };
+    return is_png(*bytes) ? number(16, true) * number(20, true)
+                          : number(18, false) * number(22, false);
+}
+
 std::optional<Picture> read_bmp(const std::string& path, std::string& error) {
-    const auto bytes = read_file(path, error);
+    const auto bytes = read_picture_bytes(path, error);
     if (!bytes) return std::nullopt;
     return decoded(*bytes, shown_path(path, "standard input"), error, decode_bmp);
 }

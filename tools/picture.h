@@ -35,9 +35,14 @@ constexpr int kLongestSide = 1000000;
 std::optional<Picture> read_picture(const std::string& path, std::string& error);
 /// The same for a BMP file alone.
 std::optional<Picture> read_bmp(const std::string& path, std::string& error);
-/// The same for the bytes of a file, which @p name stands for in @p error.
+/// The bytes of such a file, up to where it is seen to be none.
+std::optional<Bytes> read_picture_bytes(const std::string& path, std::string& error);
+/// What read_picture() makes of these bytes of a file, which @p name stands for in @p error.
 std::optional<Picture> decode_picture(const Bytes& bytes, const std::string& name,
                                       std::string& error);
+
+/// How many pixels the file says that it holds, whatever it is: to be asked before it is read.
+std::int64_t claimed_pixels(const std::string& path);
 
 /// Copies what has been drawn on @p canvas.
 Picture picture_of(const orvel_canvas* canvas);
