@@ -119,8 +119,8 @@ std::string zsh_arguments(const CLI::App& app, const std::string& rest) {
             value = ":value:" + std::string(takes_file(*option) ? "_files" : "");
         }
         for (const std::string& name : names_of(*option)) {
-            text += " \\\n        '" + name + "[" + quoted(option->get_description(), true) + "]" +
-                    value + "'";
+            text += " \\\n        '";
+            text += name + "[" + quoted(option->get_description(), true) + "]" + value + "'";
         }
     }
     return text + " \\\n        " + rest + "\n";
@@ -163,14 +163,18 @@ std::string fish_options(const CLI::App& app, const std::string& start) {
 
 std::string for_fish(const CLI::App& app) {
     const std::string start = "complete -c " + app.get_name();
+    const std::string first = " -n __fish_use_subcommand",
+                      after = " -n '__fish_seen_subcommand_from ";
     const bool commands = !commands_of(app).empty();
     std::string text = "# fish completion for " + app.get_name() + "\n";
-    text += fish_options(app, start + (commands ? " -n __fish_use_subcommand" : ""));
+    text += fish_options(app, start + (commands ? first : ""));
     for (const CLI::App* command : commands_of(app)) {
         const std::string& name = command->get_name();
-        text += start + " -n __fish_use_subcommand -f -a " + name + " -d '" +
-                quoted(command->get_description()) + "'\n";
-        text += fish_options(*command, start + " -n '__fish_seen_subcommand_from " + name + "'");
+        text += start;
+        text += first + " -f -a " + name + " -d '" + quoted(command->get_description()) + "'\n";
+        std::string options = start;
+        options += after + name + "'";
+        text += fish_options(*command, options);
     }
     return text;
 }

@@ -72,7 +72,8 @@
         this.section.classList.toggle("by-" + name, name === mode);
         made.setAttribute("aria-pressed", String(name === mode));
       }
-      this.now.textContent = mode === "swipe" ? "Left of the line: expected. Right of it: actual." : "";
+      this.now.textContent =
+        mode === "swipe" ? "Left of the line: expected. Right of it: actual." : "";
       this.swipeTo(Number(this.at.value));
       clearInterval(timer);
       if (mode === "blink") this.blink(false);
@@ -106,15 +107,20 @@
       const [left, top, width, height] = (this.section.dataset.box || "").split(" ").map(Number);
       if (!width) return;
       for (const pane of this.panes) {
-        pane.scrollLeft = (left + width / 2) * factor - pane.clientWidth / 2;
-        pane.scrollTop = (top + height / 2) * factor - pane.clientHeight / 2;
+        this.scroll(pane, (left + width / 2) * factor - pane.clientWidth / 2,
+                    (top + height / 2) * factor - pane.clientHeight / 2);
       }
     }
+    scroll(pane, left, top) {
+      pane.scrollTo(left, top);
+      pane.scrolled = [pane.scrollLeft, pane.scrollTop];  // where its event will find it
+    }
     follow(moved) {
+      const [left, top] = moved.scrolled || [];
+      if (moved.scrollLeft === left && moved.scrollTop === top) return;
+      moved.scrolled = [moved.scrollLeft, moved.scrollTop];
       for (const pane of this.panes) {
-        if (pane === moved) continue;
-        if (pane.scrollLeft !== moved.scrollLeft) pane.scrollLeft = moved.scrollLeft;
-        if (pane.scrollTop !== moved.scrollTop) pane.scrollTop = moved.scrollTop;
+        if (pane !== moved) this.scroll(pane, moved.scrollLeft, moved.scrollTop);
       }
     }
   }
