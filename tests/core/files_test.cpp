@@ -78,11 +78,23 @@ TEST_F(FilesTest, AFileThatIsWrittenGetsTheFirstNumberBehindTheStreamsWhicheverA
 TEST_F(FilesTest, AFileGetsNoNumberThatTheHostGivesUpWhileItIsOpened) {
     for (const int stream : kStreams) {
         const int status = in_child([this, stream] {
-            machine().closed_before_open = stream;
+            machine().meanwhile = [stream] { close(stream); };
             return write() > STDERR_FILENO && fcntl(stream, F_GETFD) < 0 ? 0 : 1;
         });
         EXPECT_EQ(status, 0) << stream;
     }
+}
+
+TEST_F(FilesTest, AStreamThatTheHostOpensWhileItIsHeldStaysTheHosts) {
+    const int status = in_child([this] {
+        close(STDERR_FILENO);
+        const int before = open_descriptors();
+        machine().meanwhile = [] { [[maybe_unused]] const int taken = dup(STDIN_FILENO); };
+        if (write() <= STDERR_FILENO) return 1;
+        if (fcntl(STDERR_FILENO, F_GETFD) < 0) return 2;
+        return open_descriptors() == before + 1 ? 0 : 3;
+    });
+    EXPECT_EQ(status, 0);
 }
 
 TEST_F(FilesTest, AFileThatStaysUnderALeaseIsGivenUpAfterTwoMinutes) {

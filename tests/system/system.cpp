@@ -88,8 +88,7 @@ int opened(const char* path, int flags, ...) {
     if (is_tone(path)) note("open %s", path);
     if (fails(kind_of_opening(path, flags))) return -1;
     Machine& here = machine();
-    const int given_up = std::exchange(here.closed_before_open, -1);
-    if (given_up >= 0) close(given_up);
+    if (here.meanwhile) std::exchange(here.meanwhile, nullptr)();
     const int descriptor = open(place_of(path), flags, mode);
     if (std::strcmp(path, "/") != 0) here.opened_flags = flags, here.opened_as = descriptor;
     if (descriptor >= 0 && is_armed()) s_descriptors.add(descriptor);

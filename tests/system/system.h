@@ -3,6 +3,7 @@
 // program, or run a stand-in.
 #pragma once
 
+#include <functional>
 #include <set>
 #include <string>
 #include <vector>
@@ -12,10 +13,10 @@ namespace orvel_test {
 struct Machine {
     std::vector<const char*> programs = {"/usr/bin/afplay"};  // that can be executed
     bool tracks_are_short = false;                            // players end by themselves, at once
-    std::string stand_in;         // a program that runs in place of any player
-    bool forks = true;            // else a child is a number alone
-    bool keeps_log = false;       // for taken_log(), in place of printing it
-    int closed_before_open = -1;  // what the host closes just before a file is opened
+    std::string stand_in;             // a program that runs in place of any player
+    bool forks = true;                // else a child is a number alone
+    bool keeps_log = false;           // for taken_log(), in place of printing it
+    std::function<void()> meanwhile;  // what another thread does just before the next open()
 
     // What the library did: how it opened the last file, and how long it would have slept.
     int opened_flags = 0, opened_as = -1;
