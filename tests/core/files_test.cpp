@@ -5,8 +5,10 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <filesystem>
 #include <string>
+#include <thread>
 
 #include "orvel.h"
 #include "support/child.h"
@@ -93,6 +95,39 @@ TEST_F(FilesTest, AStreamThatTheHostOpensWhileItIsHeldStaysTheHosts) {
         if (write() <= STDERR_FILENO) return 1;
         if (fcntl(STDERR_FILENO, F_GETFD) < 0) return 2;
         return open_descriptors() == before + 1 ? 0 : 3;
+    });
+    EXPECT_EQ(status, 0);
+}
+
+TEST_F(FilesTest, AStreamThatWasHeldIsTheHostsAfterwardsAlsoForAFolder) {
+    const int status = in_child([this] {
+        close(STDERR_FILENO);
+        write();
+        if (open("/", O_RDONLY | O_CLOEXEC) != STDERR_FILENO) return 1;
+        close(STDIN_FILENO);
+        write();
+        return fcntl(STDERR_FILENO, F_GETFD) >= 0 ? 0 : 2;
+    });
+    EXPECT_EQ(status, 0);
+}
+
+TEST_F(FilesTest, OneThreadAtATimeHoldsTheStreams) {
+    const int status = in_child([this] {
+        close(STDERR_FILENO);
+        std::atomic<bool> held{false};
+        std::thread other;
+        bool met = false;
+        machine().meanwhile = [&] {
+            other = std::thread([&] {
+                write();
+                held = true;
+            });
+            usleep(100'000);  // which the other one spends at the lock
+            met = held;
+        };
+        write();
+        other.join();
+        return met ? 1 : 0;
     });
     EXPECT_EQ(status, 0);
 }

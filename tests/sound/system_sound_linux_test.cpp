@@ -106,6 +106,12 @@ TEST_F(SystemSoundTest, AServerThatFallsSilentAnywhereCostsLessThanTwoSeconds) {
     EXPECT_EQ(results, "---------000");
 }
 
+TEST_F(SystemSoundTest, ASampleWhoseEndIsNotAnsweredIsRemovedAllTheSame) {
+    sound_server().answers = 7;
+    EXPECT_EQ(play(), -1);
+    EXPECT_NE(taken_story().find(" bytes, remove, bye"), std::string::npos);
+}
+
 TEST_F(SystemSoundTest, ASampleWhosePlayIsNotAnsweredIsRemovedAllTheSame) {
     sound_server().answers = 8;
     EXPECT_EQ(play(), -1);
