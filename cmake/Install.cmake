@@ -60,6 +60,8 @@ orvel_install_library(OrvelKit NAME orvelkit COMPONENT Kit NEEDS orvelsdk STATIC
 
 write_basic_package_version_file(OrvelSDKConfigVersion.cmake COMPATIBILITY SameMinorVersion)
 install(FILES ${PROJECT_SOURCE_DIR}/cmake/OrvelSDKConfig.cmake
+              ${PROJECT_SOURCE_DIR}/cmake/ScreenTest.cmake
+              ${PROJECT_SOURCE_DIR}/cmake/RunScreens.cmake
               ${PROJECT_BINARY_DIR}/OrvelSDKConfigVersion.cmake
         DESTINATION ${orvel_package_dir} COMPONENT liborvelsdk-dev)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/share/themes ${PROJECT_SOURCE_DIR}/share/schemas

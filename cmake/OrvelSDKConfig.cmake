@@ -1,5 +1,6 @@
 # find_package(OrvelSDK [COMPONENTS Kit]) gives OrvelSDK::OrvelSDK; with the component Kit also
-# OrvelSDK::Kit and, for programs that are to bring it with them, OrvelSDK::KitStatic.
+# OrvelSDK::Kit and, for programs that are to bring it with them, OrvelSDK::KitStatic. Tests of screens
+# are declared by orvel_add_screen_test(), which ScreenTest.cmake describes.
 set(orvel_components Kit)
 foreach(component IN LISTS OrvelSDK_FIND_COMPONENTS)
     if(NOT component IN_LIST orvel_components)
@@ -17,6 +18,7 @@ foreach(component IN LISTS OrvelSDK_FIND_COMPONENTS)
     endif()
 endforeach()
 
+include(${CMAKE_CURRENT_LIST_DIR}/ScreenTest.cmake)
 include(${CMAKE_CURRENT_LIST_DIR}/OrvelSDKTargets.cmake)
 foreach(component IN LISTS OrvelSDK_FIND_COMPONENTS)
     if(OrvelSDK_${component}_FOUND)

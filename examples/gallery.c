@@ -6,7 +6,7 @@
 #include "orvel_kit.h"
 #include "output.h"
 
-enum { kWidth = 560, kHeight = 524, kMargin = 4, kMost = 120 };
+enum { kWidth = 716, kHeight = 560, kMargin = 4, kMost = 120 };
 
 /* Where a widget stands on the sheets, and its record. */
 typedef struct {
@@ -44,117 +44,19 @@ static void show(kit_widget one, const char* record) {
     if (one.box.h > s_row_height) s_row_height = one.box.h;
 }
 
-#define SHOW(...) show((kit_widget){__VA_ARGS__}, #__VA_ARGS__)
-
-static void show_frames(void) {
+static void show_all(void) {
     start_row();
-    SHOW(.kind = ORVEL_WIDGET_WINDOW, .box = {.w = 150, .h = 64}, .text = "Files");
-    SHOW(.kind = ORVEL_WIDGET_PANEL, .box = {.w = 80, .h = 64});
-    SHOW(.kind = ORVEL_WIDGET_CARD, .box = {.w = 80, .h = 64});
-    SHOW(.kind = ORVEL_WIDGET_TITLEBAR, .box = {.w = 190}, .text = "Notes");
-    start_row();
-    SHOW(.kind = ORVEL_WIDGET_STATUSBAR, .box = {.w = 180}, .text = "Ready");
-    SHOW(.kind = ORVEL_WIDGET_SEPARATOR, .box = {.w = 60});
-    SHOW(.kind = ORVEL_WIDGET_TOOLTIP, .text = "Save all");
-    SHOW(.kind = ORVEL_WIDGET_LABEL, .text = "Welcome");
-    SHOW(.kind = ORVEL_WIDGET_LABEL, .text = "Grüße, привет, γειά", .state = KIT_DISABLED);
-}
-
-static void show_buttons(void) {
-    start_row();
-    SHOW(.kind = ORVEL_WIDGET_BUTTON, .text = "Save");
-    SHOW(.kind = ORVEL_WIDGET_BUTTON, .text = "Save", .icon = "check");
-    SHOW(.kind = ORVEL_WIDGET_BUTTON, .text = "Save", .state = KIT_HOVER);
-    SHOW(.kind = ORVEL_WIDGET_BUTTON, .text = "Save", .state = KIT_ACTIVE);
-    SHOW(.kind = ORVEL_WIDGET_BUTTON, .text = "Save", .state = KIT_FOCUS);
-    SHOW(.kind = ORVEL_WIDGET_BUTTON, .text = "Save", .state = KIT_DISABLED);
-    start_row();
-    SHOW(.kind = ORVEL_WIDGET_TOGGLE);
-    SHOW(.kind = ORVEL_WIDGET_TOGGLE, .state = KIT_ACTIVE);
-    SHOW(.kind = ORVEL_WIDGET_TOGGLE, .state = KIT_ACTIVE | KIT_FOCUS);
-    SHOW(.kind = ORVEL_WIDGET_CHECKBOX, .text = "Bold");
-    SHOW(.kind = ORVEL_WIDGET_CHECKBOX, .text = "Bold", .state = KIT_ACTIVE);
-    SHOW(.kind = ORVEL_WIDGET_CHECKBOX, .text = "Bold", .state = KIT_FOCUS);
-    SHOW(.kind = ORVEL_WIDGET_RADIO, .text = "Left");
-    SHOW(.kind = ORVEL_WIDGET_RADIO, .text = "Left", .state = KIT_ACTIVE);
-    SHOW(.kind = ORVEL_WIDGET_RADIO, .text = "Left", .state = KIT_DISABLED);
-}
-
-static void show_fields(void) {
-    start_row();
-    SHOW(.kind = ORVEL_WIDGET_TEXTBOX, .box = {.w = 100}, .hint = "Name");
-    SHOW(.kind = ORVEL_WIDGET_TEXTBOX, .box = {.w = 100}, .text = "Größe");
-    SHOW(.kind = ORVEL_WIDGET_TEXTBOX, .box = {.w = 100}, .text = "Größe", .state = KIT_HOVER);
-    SHOW(.kind = ORVEL_WIDGET_TEXTBOX, .box = {.w = 100}, .text = "Größe", .state = KIT_FOCUS,
-         .caret = 7, .anchor = 4);
-    start_row();
-    SHOW(.kind = ORVEL_WIDGET_SEARCH, .box = {.w = 120}, .hint = "Find");
-    SHOW(.kind = ORVEL_WIDGET_SEARCH, .box = {.w = 120}, .text = "Words", .state = KIT_ACTIVE);
-    SHOW(.kind = ORVEL_WIDGET_DROPDOWN, .box = {.w = 100}, .text = "Weekly");
-    SHOW(.kind = ORVEL_WIDGET_DROPDOWN, .box = {.w = 100}, .text = "Weekly", .state = KIT_ACTIVE);
-}
-
-static void show_pictures(void) {
-    start_row();
-    SHOW(.kind = ORVEL_WIDGET_ICON, .box = {.w = 16}, .text = "home");
-    SHOW(.kind = ORVEL_WIDGET_ICON, .box = {.w = 24}, .text = "heart");
-    SHOW(.kind = ORVEL_WIDGET_ICON, .box = {.w = 32}, .text = "settings");
-    SHOW(.kind = ORVEL_WIDGET_IMAGE, .text = "target");
-    SHOW(.kind = ORVEL_WIDGET_AVATAR, .text = "A");
-    SHOW(.kind = ORVEL_WIDGET_AVATAR, .box = {.w = 32}, .text = "AB");
-    SHOW(.kind = ORVEL_WIDGET_BADGE, .amount = 7);
-    SHOW(.kind = ORVEL_WIDGET_BADGE, .amount = 42);
-    SHOW(.kind = ORVEL_WIDGET_BADGE, .text = "new");
-    SHOW(.kind = ORVEL_WIDGET_RATING, .value = 0.25);
-    SHOW(.kind = ORVEL_WIDGET_RATING, .value = 1);
-}
-
-static void show_meters(void) {
-    static const double rates[] = {0.2, 0.45, 0.3, 0.7, 0.55, 0.9, 1, 0.65};
-    start_row();
-    SHOW(.kind = ORVEL_WIDGET_SLIDER, .box = {.w = 90}, .value = 0.25);
-    SHOW(.kind = ORVEL_WIDGET_SLIDER, .box = {.w = 90}, .state = KIT_HOVER, .value = 0.5);
-    SHOW(.kind = ORVEL_WIDGET_SLIDER, .box = {.w = 90}, .state = KIT_FOCUS, .value = 0.5);
-    SHOW(.kind = ORVEL_WIDGET_SLIDER, .box = {.w = 90}, .state = KIT_DISABLED, .value = 1);
-    start_row();
-    SHOW(.kind = ORVEL_WIDGET_PROGRESS, .box = {.w = 90, .h = 12});
-    SHOW(.kind = ORVEL_WIDGET_PROGRESS, .box = {.w = 90, .h = 12}, .value = 0.5);
-    SHOW(.kind = ORVEL_WIDGET_PROGRESS, .box = {.w = 90, .h = 12}, .value = 1);
-    SHOW(.kind = ORVEL_WIDGET_SPINNER, .value = 0);
-    SHOW(.kind = ORVEL_WIDGET_SPINNER, .value = 0.25);
-    SHOW(.kind = ORVEL_WIDGET_SPINNER, .value = 0.6);
-    start_row();
-    SHOW(.kind = ORVEL_WIDGET_BARS, .box = {.w = 120, .h = 48}, .data = rates, .count = 8);
-    SHOW(.kind = ORVEL_WIDGET_STEPPER, .amount = -42);
-    SHOW(.kind = ORVEL_WIDGET_STEPPER, .text = "21.5 °C");
-    SHOW(.kind = ORVEL_WIDGET_STEPPER, .state = KIT_FOCUS);
-}
-
-static void show_lists(void) {
-    start_row();
-    SHOW(.kind = ORVEL_WIDGET_TABS, .text = "Day|Week|Month");
-    SHOW(.kind = ORVEL_WIDGET_TABS, .text = "Day|Week|Month", .state = KIT_FOCUS, .amount = 2);
-    start_row();
-    SHOW(.kind = ORVEL_WIDGET_MENU, .text = "File|Edit|View");
-    SHOW(.kind = ORVEL_WIDGET_MENU, .text = "File|Edit|View", .amount = -1);
-    start_row();
-    SHOW(.kind = ORVEL_WIDGET_LIST_ITEM, .box = {.w = 120}, .text = "Inbox", .icon = "mail");
-    SHOW(.kind = ORVEL_WIDGET_LIST_ITEM, .box = {.w = 120}, .text = "Inbox", .icon = "mail",
-         .state = KIT_ACTIVE);
-    SHOW(.kind = ORVEL_WIDGET_LIST_ITEM, .box = {.w = 120}, .text = "Drafts");
-    SHOW(.kind = ORVEL_WIDGET_LIST_ITEM, .box = {.w = 120}, .text = "Drafts", .state = KIT_FOCUS);
+#define KIND(name, about)
+#define STATE(name, ...) show((kit_widget){__VA_ARGS__}, #__VA_ARGS__)
+#define ROW() start_row()
+#include "gallery_widgets.h"
 }
 
 static void draw_sheet(const char* folder, const char* name) {
     s_count = s_row_height = 0;
     y = 2 * kMargin;
     orvel_canvas_clear(canvas, theme->background);
-    show_frames();
-    show_buttons();
-    show_fields();
-    show_pictures();
-    show_meters();
-    show_lists();
+    show_all();
     save(canvas, orvel_canvas_save_bmp, folder, name);
 }
 
@@ -169,7 +71,7 @@ static void make_image(const char* root) {
     for (int r = 11; r > 0; r -= 4) {
         orvel_canvas_fill_circle(image, 12, 12, r, r % 8 == 3 ? red : white);
     }
-    save(image, orvel_canvas_save_bmp_rgba, path, "target.bmp");
+    save(image, orvel_canvas_save_bmp_rgba, path, "picture.bmp");
     orvel_canvas_destroy(image);
     orvel_set_resource_path(root);
 }

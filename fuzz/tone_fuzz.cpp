@@ -1,43 +1,47 @@
 // Any frequency and duration as a tone: the file of the model, the line on the standard error
 // stream, one player started, and nothing of it all for arguments out of range.
-#include <sys/types.h>
 #include <unistd.h>
 
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <fstream>
+#include <iterator>
 #include <string>
+#include <vector>
 
 #include "harness.h"
 #include "input.h"
 #include "models/tone_model.h"
+#include "system/ledger.h"
+#include "system/system.h"
 
 namespace {
 
+using namespace orvel_test;
 using fuzz::require;
 
-/// What the tone's calls to the system did.
-struct System {
-    bool opens = true, forks = true;  // else these calls fail
-    int opened = 0, written_to = 0, forked = 0;
-    std::string path, written;
-};
-System s_system;
-
-/// An ordinary file with one name, as which the tone file has to prove itself.
-class TemporaryFile {
+/// The tone's file, in memory where the system has such a folder.
+class ToneFile {
 public:
-    TemporaryFile() : descriptor_(mkstemp(name_)) {}
-    ~TemporaryFile() { unlink(name_); }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    ToneFile() {
+        close(mkstemp(name_.data()));
+        take_over_system(name_);
+    }
+    ~ToneFile() { unlink(name_.c_str()); }
+    ToneFile(const ToneFile&) = delete;
+    ToneFile& operator=(const ToneFile&) = delete;
 
-    int duplicate() const { return dup(descriptor_); }
+    std::string bytes() const {
+        std::ifstream in(name_, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    }
+    void empty() const { std::ofstream(name_, std::ios::trunc).close(); }
 
 private:
-    char name_[30] = "/tmp/orvel-fuzz-XXXXXX";
-    const int descriptor_;
+    const bool in_memory_ = access("/dev/shm", W_OK) == 0;
+    std::string name_ = std::string(in_memory_ ? "/dev/shm" : "/tmp") + "/orvel-fuzz-XXXXXX";
 };
 
 /// Longer tones than this many samples are not made: a run would take too long.
@@ -54,12 +58,13 @@ struct Tone {
         duration_ms = static_cast<int>(static_cast<std::uint32_t>(input.bits(4)));
         std::memcpy(&frequency_hz, &bits, sizeof bits);
         if (audible) frequency_hz = static_cast<double>(bits % 1000000000) / 1000;
-        if (duration_ms > 0 && orvel_test::model_sample_count(duration_ms) > kMostSamples) {
+        if (duration_ms > 0 && model_sample_count(duration_ms) > kMostSamples) {
             duration_ms = duration_ms % 22 + 1;
         }
     }
 
     bool accepted() const { return !(frequency_hz <= 0) && duration_ms > 0; }
+    std::string file() const { return model_tone_file(frequency_hz, duration_ms); }
 
     std::string line() const {
         char text[400];
@@ -69,60 +74,58 @@ struct Tone {
     }
 };
 
-void check(const Tone& tone) {
+/// What fails: the opening of the file, the fork, or a part of the write.
+struct Failures {
+    bool opens, forks;
+    Way writes;
+
+    explicit Failures(int byte) : opens(byte % 4 != 1), forks(byte % 4 != 2) {
+        constexpr Way kWays[] = {Way::succeeds, Way::fails, Way::first_byte, Way::half,
+                                 Way::all_but_last};
+        writes = kWays[byte / 4 % 5];
+    }
+
+    void arrange() const {
+        begin_anew("");
+        machine().forks = false;
+        if (!opens) fix(Call::open, Way::fails);
+        if (!forks) fix(Call::fork, Way::fails);
+        fix(Call::write, writes);
+    }
+
+    /// The calls by which a tone of that file is played.
+    std::vector<std::string> calls(std::size_t size) const {
+        std::vector<std::string> all = {"open /tmp/orvelsdk_tone.wav"};
+        if (opens) all.push_back("write " + std::to_string(size));
+        all.push_back("access /usr/bin/afplay = 0");
+        all.push_back(forks ? "fork = 4711" : "fork = -1");
+        return all;
+    }
+};
+
+void check(const Tone& tone, const Failures& failures) {
+    static const ToneFile file;
+    file.empty();
+    failures.arrange();
     int status = 0;
     const std::string messages = fuzz::messages_of(
         [&tone, &status] { status = orvel_play_tone(tone.frequency_hz, tone.duration_ms); });
-    const int calls = tone.accepted() ? 1 : 0;
-    require(s_system.opened == calls && s_system.forked == calls, "another number of calls");
-    require(s_system.written_to == (s_system.opens ? calls : 0), "another number of writes");
-    require(status == (calls == 1 && s_system.forks ? 0 : -1), "another status");
+    require(status == (tone.accepted() && failures.forks ? 0 : -1), "another status");
     require(messages == (tone.accepted() ? tone.line() : ""), "another line");
-    require(s_system.path == (tone.accepted() ? "/tmp/orvelsdk_tone.wav" : ""), "another path");
-    std::string expected;
-    if (tone.accepted() && s_system.opens) {
-        expected = orvel_test::model_tone_file(tone.frequency_hz, tone.duration_ms);
-    }
-    require(s_system.written == expected, "another file than the model's");
+    if (!tone.accepted()) return require(calls().empty(), "a call for nothing");
+    std::string expected = tone.file();
+    require(calls() == failures.calls(expected.size()), "other calls");
+    expected.resize(failures.opens ? part(failures.writes, expected.size()) : 0);
+    require(file.bytes() == expected, "another file than the model's");
 }
 
 }  // namespace
 
-extern "C" {
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
-int fuzz_access(const char* path, int mode);
-pid_t fuzz_fork();
-int fuzz_open(const char* path, int flags, ...);
-ssize_t fuzz_write(int file, const void* bytes, std::size_t size);
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
-
-int fuzz_access(const char*, int) { return -1; }
-
-pid_t fuzz_fork() {
-    ++s_system.forked;
-    return s_system.forks ? 4711 : -1;
-}
-
-int fuzz_open(const char* path, int, ...) {
-    static const TemporaryFile file;
-    ++s_system.opened;
-    s_system.path = path;
-    return s_system.opens ? file.duplicate() : -1;
-}
-
-ssize_t fuzz_write(int, const void* bytes, std::size_t size) {
-    ++s_system.written_to;
-    s_system.written.assign(static_cast<const char*>(bytes), size);
-    return static_cast<ssize_t>(size);
-}
-
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     fuzz::Input input(data, size);
     const Tone tone(input);
-    const int failures = input.byte();
-    s_system = {failures % 4 != 1, failures % 4 != 2, 0, 0, 0, "", ""};
-    check(tone);
+    check(tone, Failures(input.byte()));
     return 0;
 }
-
-}  // extern "C"

@@ -47,7 +47,7 @@ Sides turned_sides(const orvel_canvas* canvas, int turns) {
 }
 
 /// Appends what kit_pixels() writes.
-bool append(const orvel_canvas* canvas, const kit_format& format, std::string& bytes) {
+bool append(const orvel_canvas* canvas, const kit_format& format, Bytes& bytes) {
     const Sides sides = turned_sides(canvas, format.turns);
     const std::size_t size =
         kit_pixels_stride(&format, sides.width) * static_cast<std::size_t>(sides.height);
@@ -96,8 +96,8 @@ const Panel* panel_named(const std::string& name) {
     return name.empty() ? &kPanels[0] : nullptr;
 }
 
-std::optional<std::string> panel_bytes(const orvel_canvas* canvas, const Outlet& outlet) {
-    std::string bytes;
+std::optional<Bytes> panel_bytes(const orvel_canvas* canvas, const Outlet& outlet) {
+    Bytes bytes;
     bool done = true;
     if (outlet.panel->layout != KIT_PLANE) {
         done = append(canvas, format_of(outlet, outlet.panel->layout), bytes);
@@ -113,7 +113,7 @@ std::optional<Picture> panel_picture(const orvel_canvas* canvas, const Outlet& o
     Panel panel = *outlet.panel;
     if (panel.palette) panel.layout = KIT_INDEX8;
     const kit_format format = format_of(outlet, panel.layout);
-    std::string bytes;
+    Bytes bytes;
     if (!append(canvas, format, bytes)) return std::nullopt;
     const Sides sides = turned_sides(canvas, outlet.turns);
     Picture picture;
@@ -122,7 +122,7 @@ std::optional<Picture> panel_picture(const orvel_canvas* canvas, const Outlet& o
     picture.pixels.reserve(std::size_t(sides.width) * std::size_t(sides.height));
     const std::size_t stride = kit_pixels_stride(&format, sides.width);
     for (int y = 0; y < sides.height; ++y) {
-        const auto* row = reinterpret_cast<const Byte*>(bytes.data()) + stride * std::size_t(y);
+        const Byte* const row = bytes.data() + stride * std::size_t(y);
         for (int x = 0; x < sides.width; ++x) picture.pixels.push_back(shown(panel, row, x));
     }
     return picture;

@@ -28,7 +28,7 @@ struct Outlet {
 };
 
 /// The bytes that the panel takes; the planes one after another. Nothing where memory runs out.
-std::optional<std::string> panel_bytes(const orvel_canvas* canvas, const Outlet& outlet);
+std::optional<Bytes> panel_bytes(const orvel_canvas* canvas, const Outlet& outlet);
 
 /// What the panel then shows, opaque.
 std::optional<Picture> panel_picture(const orvel_canvas* canvas, const Outlet& outlet);

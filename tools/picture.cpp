@@ -1,83 +1,69 @@
 #include "picture.h"
 
-#include <cstdint>
 #include <cstdlib>
 
-#include "picture_file.h"
-#include "streams.h"
+#include "bmp_file.h"
+#include "png_file.h"
 
 namespace orvel_tools {
 namespace {
 
-constexpr std::size_t kHeaderSize = 54;
-constexpr std::uint32_t kLibraryCompression = 255;
-
-using Bytes = std::vector<unsigned char>;
-
-std::uint32_t u16(const Bytes& bytes, std::size_t at) {
-    return std::uint32_t(bytes[at]) | std::uint32_t(bytes[at + 1]) << 8;
+std::optional<Picture> decoded(const Bytes& bytes, const std::string& name, std::string& error,
+                               std::string (*decode)(const Bytes&, Picture&)) {
+    Picture picture;
+    const std::string reason =
+        bytes.size() > kMostBytes ? "the file is too large" : decode(bytes, picture);
+    if (reason.empty()) return picture;
+    error = name + ": " + reason;
+    return std::nullopt;
 }
 
-std::uint32_t u32(const Bytes& bytes, std::size_t at) {
-    return u16(bytes, at) | u16(bytes, at + 2) << 16;
+std::string decode_any(const Bytes& bytes, Picture& picture) {
+    if (is_png(bytes)) return decode_png(bytes, picture);
+    if (is_bmp(bytes)) return decode_bmp(bytes, picture);
+    return "neither a PNG nor a BMP file";
 }
 
-std::int64_t i32(const Bytes& bytes, std::size_t at) {
-    return static_cast<std::int32_t>(u32(bytes, at));
-}
-
-/// Where the pixels are, with all its numbers checked against the size of the file.
-struct Layout {
-    std::int64_t offset, width, height, bytes_per_pixel, stride;
-    bool top_row_first;
-};
-
-/// Why the file cannot be shown; null when @p layout has been filled.
-const char* read_layout(const Bytes& bytes, Layout& layout) {
-    if (bytes.size() < kHeaderSize || bytes[0] != 'B' || bytes[1] != 'M') return "not a BMP file";
-    const std::uint32_t depth = u16(bytes, 28), compression = u32(bytes, 30);
-    const bool opaque = depth == 24 && compression == 0;
-    const bool with_alpha = depth == 32 && compression == kLibraryCompression;
-    if (!opaque && !with_alpha) return "neither of the two BMP forms that the library writes";
-    const std::int64_t height = i32(bytes, 22);
-    layout = {u32(bytes, 10), i32(bytes, 18), std::llabs(height), depth / 8, 0, height < 0};
-    if (layout.width < 1 || layout.height < 1) return "a picture without pixels";
-    layout.stride = (layout.width * layout.bytes_per_pixel + 3) / 4 * 4;
-    const std::int64_t room = static_cast<std::int64_t>(bytes.size()) - layout.offset;
-    if (room < 0 || room / layout.stride < layout.height) return "the file ends too early";
-    return nullptr;
-}
+bool is_picture(const Bytes& start) { return is_png(start) || is_bmp(start); }
 
 }  // namespace
 
-std::optional<Picture> read_bmp(const std::string& path, std::string& error) {
-    std::string bytes;
-    if (!read_all(path, SIZE_MAX / 2, bytes, error)) return std::nullopt;
-    auto picture = bmp_from(bytes, error);
-    if (!picture) error = path + ": " + error;
-    return picture;
+std::optional<Picture> decode_picture(const Bytes& bytes, const std::string& name,
+                                      std::string& error) {
+    return decoded(bytes, name, error, decode_any);
 }
 
-std::optional<Picture> bmp_from(const std::string& file, std::string& error) {
-    const Bytes bytes(file.begin(), file.end());
-    Layout layout = {};
-    if (const char* reason = read_layout(bytes, layout)) {
-        error = reason;
-        return std::nullopt;
-    }
-    Picture picture;
-    picture.width = static_cast<int>(layout.width);
-    picture.height = static_cast<int>(layout.height);
-    picture.pixels.reserve(std::size_t(layout.width) * std::size_t(layout.height));
-    for (std::int64_t y = 0; y < layout.height; ++y) {
-        const std::int64_t row = layout.top_row_first ? y : layout.height - 1 - y;
-        const unsigned char* at = bytes.data() + layout.offset + row * layout.stride;
-        for (std::int64_t x = 0; x < layout.width; ++x, at += layout.bytes_per_pixel) {
-            const unsigned char alpha = layout.bytes_per_pixel == 4 ? at[3] : 255;
-            picture.pixels.push_back({at[2], at[1], at[0], alpha});
-        }
-    }
-    return picture;
+std::optional<Bytes> read_picture_bytes(const std::string& path, std::string& error) {
+    // What else a name may lead to, be it without an end, is not read on.
+    return read_bytes(path, error, is_picture);
+}
+
+std::optional<Picture> read_picture(const std::string& path, std::string& error) {
+    const auto bytes = read_picture_bytes(path, error);
+    if (!bytes) return std::nullopt;
+    return decode_picture(*bytes, shown_path(path, "standard input"), error);
+}
+
+std::int64_t claimed_pixels(const std::string& path) {
+    constexpr std::size_t kEnough = 26;
+    std::string error;
+    const auto bytes =
+        path == "-" ? std::nullopt : read_bytes(path, error, [](const Bytes&) { return false; });
+    if (!bytes || bytes->size() < kEnough) return 0;
+    const auto number = [&](std::size_t at, bool high_first) {
+        std::int64_t value = 0;
+        for (std::size_t i = 0; i < 4; ++i)
+            value = value << 8 | (*bytes)[at + (high_first ? i : 3 - i)];
+        return high_first ? value : std::llabs(static_cast<std::int32_t>(value));
+    };
+    return is_png(*bytes) ? number(16, true) * number(20, true)
+                          : number(18, false) * number(22, false);
+}
+
+std::optional<Picture> read_bmp(const std::string& path, std::string& error) {
+    const auto bytes = read_picture_bytes(path, error);
+    if (!bytes) return std::nullopt;
+    return decoded(*bytes, shown_path(path, "standard input"), error, decode_bmp);
 }
 
 Picture picture_of(const orvel_canvas* canvas) {
@@ -93,9 +79,10 @@ Picture picture_of(const orvel_canvas* canvas) {
 }
 
 bool write_png(const Picture& picture, const std::string& path, std::string& error) {
-    const auto bytes = encoded(picture, "png", error);
-    if (bytes) return write_all(path, *bytes, error);
-    error = path + ": " + error;
+    Bytes bytes;
+    const std::string reason = encode_png(picture, bytes);
+    if (reason.empty()) return write_bytes(path, bytes, error);
+    error = shown_path(path, "standard output") + ": " + reason;
     return false;
 }
 

@@ -1,11 +1,13 @@
-// Pictures as the tools see them: read from BMP files of the library, written as PNG.
+// Pictures as the tools see them: read from PNG and BMP files, written as PNG.
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "file_bytes.h"
 #include "orvel.h"
 
 namespace orvel_tools {
@@ -20,18 +22,34 @@ struct Picture {
     }
 };
 
-/// Reads a BMP file of the two forms that the library writes: 24 bits a pixel (alpha becomes 255),
-/// and 32 bits with 255 in the compression field. Rows may come in either order.
-/// On failure, @p error says why in one line that names the file.
-std::optional<Picture> read_bmp(const std::string& path, std::string& error);
+/// No larger picture is read: a small file can claim to hold any number of pixels.
+constexpr std::int64_t kMostPixels = std::int64_t(1) << 27;
+/// The longest side of a picture, by libpng's own rule.
+constexpr int kLongestSide = 1000000;
 
-/// The same, from the bytes of such a file; the reason names no file.
-std::optional<Picture> bmp_from(const std::string& file, std::string& error);
+/// Reads a PNG or BMP file; "-" is the standard input. Of PNG, every kind with up to 8 bits a
+/// channel, whose colours are taken as they are stored, whatever is said about gamma or profiles.
+/// Of BMP, the two forms that the library writes: 24 bits a pixel (alpha becomes 255), and 32 bits
+/// with 255 in the compression field; rows may come in either order.
+/// On failure, @p error says why in one line that names the file.
+std::optional<Picture> read_picture(const std::string& path, std::string& error);
+/// The same for a BMP file alone.
+std::optional<Picture> read_bmp(const std::string& path, std::string& error);
+/// The bytes of such a file, up to where it is seen to be none.
+std::optional<Bytes> read_picture_bytes(const std::string& path, std::string& error);
+/// What read_picture() makes of these bytes of a file, which @p name stands for in @p error.
+std::optional<Picture> decode_picture(const Bytes& bytes, const std::string& name,
+                                      std::string& error);
+
+/// How many pixels the file says that it holds, whatever it is: to be asked before it is read.
+std::int64_t claimed_pixels(const std::string& path);
 
 /// Copies what has been drawn on @p canvas.
 Picture picture_of(const orvel_canvas* canvas);
 
-/// Writes an 8-bit RGBA file. On failure, returns false and says why in @p error.
+/// Writes a PNG file with 8 bits or less a channel: of up to 256 colours as a palette, without an
+/// alpha channel where all is opaque. "-" is the standard output. On failure, returns false and
+/// says why in @p error.
 bool write_png(const Picture& picture, const std::string& path, std::string& error);
 
 }  // namespace orvel_tools

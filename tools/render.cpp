@@ -10,7 +10,6 @@
 #include "panel.h"
 #include "picture_file.h"
 #include "scene.h"
-#include "streams.h"
 
 namespace {
 
@@ -32,22 +31,22 @@ struct Wishes {
 
 void describe_options(CommandLine& program, Wishes& wishes) {
     program.argument("SCENE", wishes.scene.scene, "The scene file; - is the standard input");
-    program.option("--data", wishes.data, "A JSON file of the values to show; - as above");
-    program.option("--set", wishes.scene.values, "One value more, NAME=VALUE");
+    program.option("--data", wishes.data, "FILE", "A JSON file of the values to show; - as above");
+    program.option("--set", wishes.scene.values, "NAME=VALUE", "One value more");
     program.flag("--sample", wishes.scene.sample, "Show the scene's own sample values");
-    program.option("-o,--output", wishes.output,
+    program.option("-o,--output", wishes.output, "FILE",
                    "The picture: .png, .bmp, .ppm, .pbm or .raw; - is the standard output");
     program.option("--format", wishes.format, {"png", "bmp", "ppm", "pbm", "raw"},
                    "What to write, whatever the file is called");
-    program.option("--size", wishes.size, "Another size than the scene's, WIDTHxHEIGHT");
-    program.option("--theme", wishes.scene.theme, "dark, light or a theme file");
+    program.option("--size", wishes.size, "WIDTHxHEIGHT", "Another size than the scene's");
+    program.option("--theme", wishes.scene.theme, "FILE", "dark, light or a theme file");
     program.option("--scale", wishes.scale, 1, 16, "Make every pixel a square of this side");
     program.option("--panel", wishes.panel, {"mono", "gray4", "gray16", "rgb565", "red", "seven"},
                    "The panel that shows it");
     program.option("--dither", wishes.dither, {"none", "ordered", "diffused"},
                    "How colours that the panel lacks are made up for");
     program.option("--rotate", wishes.rotate, {"0", "90", "180", "270"}, "Degrees clockwise");
-    program.option("--changed-from", wishes.previous,
+    program.option("--changed-from", wishes.previous, "FILE",
                    "Print X Y WIDTH HEIGHT of what differs from this earlier PNG or BMP");
     program.flag("--describe", wishes.describe, "Print what the screen shows, line by line");
     program.flag("--check", wishes.check, "Print what is cut, lost, faint or too small");
@@ -125,7 +124,7 @@ bool write(const Wishes& wishes, const orvel_canvas* canvas, std::string& error)
         error = wishes.output + ": " + error;
         return false;
     }
-    return orvel_tools::write_all(wishes.output, *bytes, error);
+    return orvel_tools::write_bytes(wishes.output, *bytes, error);
 }
 
 /// One screen: described, drawn. Returns the status to end with.

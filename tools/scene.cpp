@@ -2,13 +2,11 @@
 
 #include <array>
 
-#include "streams.h"
+#include "file_bytes.h"
 
 namespace orvel_tools {
 namespace {
 
-constexpr std::size_t kMostBytes = std::size_t{16} << 20;
-constexpr long long kMostPixels = 16LL << 20;
 using Why = std::array<char, 1024>;
 
 /// A text as JSON.
@@ -59,7 +57,7 @@ std::string about_data(const SceneWishes& wishes, const std::string& reason) {
 /// to show has them.
 std::optional<std::string> Scene::data_of(const SceneWishes& wishes, std::string& error) {
     std::string text = "{}";
-    if (!wishes.data.empty() && !read_all(wishes.data, kMostBytes, text, error)) {
+    if (!wishes.data.empty() && !read_text(wishes.data, text, error)) {
         return std::nullopt;
     }
     if (wishes.values.empty()) return text;
@@ -82,7 +80,7 @@ std::optional<std::string> Scene::data_of(const SceneWishes& wishes, std::string
 
 Scene::Scene(const SceneWishes& wishes, std::string& error) : folder_(wishes.scene) {
     std::string text;
-    if (!read_all(wishes.scene, kMostBytes, text, error)) return;
+    if (!read_text(wishes.scene, text, error)) return;
     std::optional<std::string> data;
     if (!wishes.sample) {
         data = data_of(wishes, error);
@@ -127,7 +125,7 @@ bool Scene::dress(const SceneWishes& wishes, std::string& error) {
 CanvasPtr Scene::draw(std::string& error) const {
     int width = 0, height = 0;
     kit_screen_size(screen_.get(), &width, &height);
-    if (static_cast<long long>(width) * height > kMostPixels) {
+    if (static_cast<long long>(width) * height > kMostScenePixels) {
         error = "a screen of " + std::to_string(width) + " x " + std::to_string(height) +
                 " pixels is too large: 16 million are the most";
         return nullptr;

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
-#include "picture_file.h"
-#include "streams.h"
+#include "file_bytes.h"
+#include "picture.h"
 #include "theme_check.h"
 #include "theme_file.h"
 
@@ -12,8 +12,6 @@ namespace orvel_tools {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr std::size_t kMostBytes = std::size_t{16} << 20;
 
 bool leaves(const fs::path& name) {
     return name.empty() || name.has_root_path() ||
@@ -25,6 +23,10 @@ SceneFolder& self_of(void* self) { return *static_cast<SceneFolder*>(self); }
 }  // namespace
 
 CanvasPtr canvas_from(const std::string& path, std::string& error) {
+    if (claimed_pixels(path) > kMostScenePixels) {
+        error = path + ": more than 16 million pixels";
+        return nullptr;
+    }
     const auto picture = read_picture(path, error);
     if (!picture) return nullptr;
     CanvasPtr canvas(kit_canvas(picture->width, picture->height));
@@ -42,7 +44,7 @@ CanvasPtr canvas_from(const std::string& path, std::string& error) {
 
 std::unique_ptr<orvel_theme> theme_from(const std::string& path, std::string& error) {
     std::string text;
-    if (!read_all(path, kMostBytes, text, error)) return nullptr;
+    if (!read_text(path, text, error)) return nullptr;
     const auto findings = check_theme(text);
     if (!findings.empty()) {
         error = path + ": " + findings.front().key + ": " + findings.front().message;
@@ -139,7 +141,7 @@ const char* SceneFolder::scene(const std::string& path_to, std::size_t* length) 
     const std::string path = resolved(name);
     if (path.empty()) return nullptr;
     std::string error;
-    if (!read_all(path, kMostBytes, text, error)) {
+    if (!read_text(path, text, error)) {
         refuse(name, error);
         return nullptr;
     }

@@ -16,6 +16,9 @@ struct DestroyCanvas {
 };
 using CanvasPtr = std::unique_ptr<orvel_canvas, DestroyCanvas>;
 
+/// The most pixels of a scene, and of a picture in one.
+constexpr long long kMostScenePixels = 16LL << 20;
+
 /// The canvas of a picture file; null, and why, when there is none.
 CanvasPtr canvas_from(const std::string& path, std::string& error);
 

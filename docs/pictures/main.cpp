@@ -14,7 +14,7 @@ void save_sunset(const std::string& resources) {
     orvel_canvas_fill_rect(canvas.get(), 0, 22, 32, 10, {30, 36, 66, 255});
     orvel_canvas_fill_rect(canvas.get(), 8, 25, 17, 1, {255, 209, 102, 255});
     orvel_canvas_fill_rect(canvas.get(), 12, 28, 9, 1, {255, 209, 102, 255});
-    orvel_canvas_save_bmp(canvas.get(), (resources + "/Icons/sunset.bmp").c_str());
+    orvel_canvas_save_bmp(canvas.get(), (resources + "/Icons/picture.bmp").c_str());
 }
 
 /// The mark of the pages: an icon on nothing.

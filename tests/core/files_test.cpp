@@ -1,17 +1,21 @@
-// How files are opened inside a host's process.
-#include "core/files.h"
-
+// How the library opens files inside a host's process.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <atomic>
 #include <filesystem>
 #include <string>
+#include <thread>
 
+#include "orvel.h"
 #include "support/child.h"
 #include "support/files.h"
-#include "system/recorded_system.h"
+#include "support/picture.h"
+#include "system/ledger.h"
+#include "system/system.h"
 
 namespace {
 
@@ -19,61 +23,129 @@ using namespace orvel_test;
 
 constexpr int kStreams[] = {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO};
 
-TEST(FilesTest, NoFileThatIsBeingReadOrWrittenReachesAChild) {
-    const orvel::File read = orvel::open_for_reading("/dev/null");
-    const orvel::File written = orvel::open_for_writing("/dev/null");
-    EXPECT_EQ(fcntl(fileno(read.get()), F_GETFD), FD_CLOEXEC);
-    EXPECT_EQ(fcntl(fileno(written.get()), F_GETFD), FD_CLOEXEC);
+class FilesTest : public testing::Test {
+protected:
+    FilesTest() {
+        take_over_system(folder / "tone.wav");
+        begin_anew(folder / "no-player");
+        orvel_set_resource_path(folder.path().c_str());
+    }
+
+    /// Writes a picture, and the number that its file had.
+    int write() const {
+        EXPECT_EQ(orvel_canvas_save_bmp(canvas.get(), "/dev/null"), 0);
+        return machine().opened_as;
+    }
+
+    /// Plays a track that is always found under a lease; how often it was tried.
+    std::ptrdiff_t tries_to_play(const char* name) const {
+        fix(Call::open, Way::leased);
+        begin_run({});
+        captured([name] {
+            const Armed armed;
+            EXPECT_EQ(orvel_play_music(name), -1);
+        });
+        const std::vector<Call> made = calls_of_run();
+        return std::count(made.begin(), made.end(), Call::open);
+    }
+
+    const TempFolder folder;
+    const CanvasPtr canvas = make_canvas(2, 2);
+};
+
+TEST_F(FilesTest, NoFileThatIsBeingReadOrWrittenReachesAChild) {
+    write_file(folder / "Music/track.wav", "a track");
+    captured([] { EXPECT_EQ(orvel_play_music("track"), 0); });
+    EXPECT_NE(machine().opened_flags & O_CLOEXEC, 0);
+    machine().opened_flags = 0;
+    write();
+    EXPECT_NE(machine().opened_flags & O_CLOEXEC, 0);
+    orvel_stop_music();
 }
 
-TEST(FilesTest, AFileThatIsWrittenGetsTheFirstNumberBehindTheStreamsWhicheverAreClosed) {
+TEST_F(FilesTest, AFileThatIsWrittenGetsTheFirstNumberBehindTheStreamsWhicheverAreClosed) {
     for (int closed = 0; closed < 8; ++closed) {
-        const int status = in_child([closed] {
+        const int status = in_child([this, closed] {
             const int first = fcntl(STDERR_FILENO, F_DUPFD, STDERR_FILENO + 1);
             close(first);
             for (const int stream : kStreams) {
                 if (closed >> stream & 1) close(stream);
             }
-            const orvel::File file = orvel::open_for_writing("/dev/null");
-            return fileno(file.get()) == first ? 0 : 1;
+            return write() == first ? 0 : 1;
         });
         EXPECT_EQ(status, 0) << closed;
     }
 }
 
-TEST(FilesTest, AFileGetsNoNumberThatTheHostGivesUpWhileItIsOpened) {
+TEST_F(FilesTest, AFileGetsNoNumberThatTheHostGivesUpWhileItIsOpened) {
     for (const int stream : kStreams) {
-        const int status = in_child([stream] {
-            recorded_system().closed_before_open = stream;
-            const orvel::File file = orvel::open_for_writing("/dev/null");
-            return fileno(file.get()) > STDERR_FILENO && fcntl(stream, F_GETFD) < 0 ? 0 : 1;
+        const int status = in_child([this, stream] {
+            machine().meanwhile = [stream] { close(stream); };
+            return write() > STDERR_FILENO && fcntl(stream, F_GETFD) < 0 ? 0 : 1;
         });
         EXPECT_EQ(status, 0) << stream;
     }
 }
 
-TEST(FilesTest, AFileThatStaysUnderALeaseIsGivenUpAfterTwoMinutes) {
-    const TempFolder folder;
-    recorded_system() = {};
-    recorded_system().busy_path = folder / "file";
-    write_file(recorded_system().busy_path, "not empty");
-    EXPECT_EQ(orvel::open_for_reading(recorded_system().busy_path.c_str()), nullptr);
-    EXPECT_GT(recorded_system().seconds_slept, 115);
-    EXPECT_LT(recorded_system().seconds_slept, 125);
-    EXPECT_GT(recorded_system().busy_opens, 400);
+TEST_F(FilesTest, AStreamThatTheHostOpensWhileItIsHeldStaysTheHosts) {
+    const int status = in_child([this] {
+        close(STDERR_FILENO);
+        const int before = open_descriptors();
+        machine().meanwhile = [] { [[maybe_unused]] const int taken = dup(STDIN_FILENO); };
+        if (write() <= STDERR_FILENO) return 1;
+        if (fcntl(STDERR_FILENO, F_GETFD) < 0) return 2;
+        return open_descriptors() == before + 1 ? 0 : 3;
+    });
+    EXPECT_EQ(status, 0);
 }
 
-TEST(FilesTest, NothingButAFileIsWaitedForWhateverItsOpeningSays) {
-    const TempFolder folder;
-    ASSERT_EQ(mkfifo((folder / "fifo").c_str(), 0600), 0);
-    std::filesystem::create_symlink("/dev/null", folder / "device");
-    std::filesystem::create_directory(folder / "folder");
-    for (const char* name : {"fifo", "device", "folder", "missing"}) {
-        recorded_system() = {};
-        recorded_system().busy_path = folder / name;
-        EXPECT_FALSE(orvel::opens_for_reading(recorded_system().busy_path.c_str())) << name;
-        EXPECT_EQ(recorded_system().busy_opens, 1) << name;
-        EXPECT_EQ(recorded_system().seconds_slept, 0) << name;
+TEST_F(FilesTest, AStreamThatWasHeldIsTheHostsAfterwardsAlsoForAFolder) {
+    const int status = in_child([this] {
+        close(STDERR_FILENO);
+        write();
+        if (open("/", O_RDONLY | O_CLOEXEC) != STDERR_FILENO) return 1;
+        close(STDIN_FILENO);
+        write();
+        return fcntl(STDERR_FILENO, F_GETFD) >= 0 ? 0 : 2;
+    });
+    EXPECT_EQ(status, 0);
+}
+
+TEST_F(FilesTest, OneThreadAtATimeHoldsTheStreams) {
+    const int status = in_child([this] {
+        close(STDERR_FILENO);
+        std::atomic<bool> held{false};
+        std::thread other;
+        bool met = false;
+        machine().meanwhile = [&] {
+            other = std::thread([&] {
+                write();
+                held = true;
+            });
+            usleep(100'000);  // which the other one spends at the lock
+            met = held;
+        };
+        write();
+        other.join();
+        return met ? 1 : 0;
+    });
+    EXPECT_EQ(status, 0);
+}
+
+TEST_F(FilesTest, AFileThatStaysUnderALeaseIsGivenUpAfterTwoMinutes) {
+    write_file(folder / "Music/file.wav", "not empty");
+    EXPECT_GT(tries_to_play("file.wav"), 400);
+    EXPECT_GT(machine().seconds_slept, 115);
+    EXPECT_LT(machine().seconds_slept, 125);
+}
+
+TEST_F(FilesTest, NothingButAFileIsWaitedForWhateverItsOpeningSays) {
+    std::filesystem::create_directories(folder / "Music/folder.wav");
+    ASSERT_EQ(mkfifo((folder / "Music/fifo.wav").c_str(), 0600), 0);
+    std::filesystem::create_symlink("/dev/null", folder / "Music/device.wav");
+    for (const char* name : {"fifo.wav", "device.wav", "folder.wav", "missing.wav"}) {
+        EXPECT_EQ(tries_to_play(name), 1) << name;
+        EXPECT_EQ(machine().seconds_slept, 0) << name;
     }
 }
 

@@ -53,9 +53,3 @@ TEST(AudioLimitsTest, AHostShortOfDescriptorsIsRefusedOrHeardAndLosesNone) {
 }
 
 }  // namespace
-
-int main(int argument_count, char** arguments) {
-    testing::InitGoogleTest(&argument_count, arguments);
-    if (!testing::GTEST_FLAG(list_tests)) enter_private_system();
-    return RUN_ALL_TESTS();
-}

@@ -26,15 +26,13 @@ namespace {
 
 using namespace orvel_test;
 
-bool s_private = false;
-
 bool has_no_child() { return waitpid(-1, nullptr, WNOHANG) < 0 && errno == ECHILD; }
 
 class HostPlayersTest : public testing::Test {
 protected:
     void SetUp() override {
         std::filesystem::copy_file("/usr/bin/true", programs / "quick");
-        if (!s_private || !cover("/usr/bin", programs.path())) {
+        if (!cover("/usr/bin", programs.path())) {
             GTEST_SKIP() << "this system allows no view of the file system of our own";
         }
         covered = true;
@@ -206,9 +204,3 @@ TEST_F(HostPlayersTest, AChildOfTheHostsThatGotTheNumberOfAReapedPlayerIsTakenFo
 }
 
 }  // namespace
-
-int main(int argument_count, char** arguments) {
-    testing::InitGoogleTest(&argument_count, arguments);
-    s_private = !testing::GTEST_FLAG(list_tests) && enter_private_system();
-    return RUN_ALL_TESTS();
-}

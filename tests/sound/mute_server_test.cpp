@@ -117,7 +117,7 @@ TEST_P(MuteServerTest, WhatAServerKeepsThatWasStoppedAfterTheUploadGoesWithTheNe
         const SoundProxy proxy(place / "proxy", server.socket(), server.pid(),
                                {all - rest, false, SIGSTOP, 0});
         const int status = in_child([&] {
-            torture::replace_import("clock_gettime", reinterpret_cast<void*>(shifted_clock));
+            replace_import("clock_gettime", reinterpret_cast<void*>(shifted_clock));
             if (play_by(place / "proxy") != kRefused) return 1;
             server.send(SIGCONT);
             s_ahead.tv_sec = 11;
@@ -198,7 +198,7 @@ TEST_F(MuteSocketTest, FurtherEffectsAreRefusedAtOnceForTenSeconds) {
     const AudioServer server;
     const int listener = mute_socket(folder / "mute");
     const int status = in_child([&] {
-        torture::replace_import("clock_gettime", reinterpret_cast<void*>(shifted_clock));
+        replace_import("clock_gettime", reinterpret_cast<void*>(shifted_clock));
         if (play_by(folder / "mute") != kRefused) return 1;
         for (int i = 0; i < 100; ++i) {  // which would take minutes otherwise
             if (play_by(folder / "mute") != kRefused) return 2;

@@ -5,6 +5,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -16,18 +17,14 @@
 #include <vector>
 
 #include "orvel.h"
-#include "sound/player.h"
 #include "support/child.h"
 #include "support/files.h"
-#include "system/recorded_system.h"
+#include "system/ledger.h"
+#include "system/system.h"
 
 namespace {
 
-using orvel_test::captured;
-using orvel_test::read_file;
-using orvel_test::recorded_system;
-using orvel_test::TempFolder;
-using orvel_test::write_file;
+using namespace orvel_test;
 using Lines = std::vector<std::string>;
 
 Lines lines_of(const std::string& text) {
@@ -56,11 +53,8 @@ int status_when_ended(int pid) {
 class PlayerTest : public testing::Test {
 protected:
     PlayerTest() {
-        recorded_system() = {};
-        recorded_system().executable = {"/usr/bin/afplay"};
-        recorded_system().stand_in = ORVEL_STAND_IN_PLAYER;
-        recorded_system().tone_path = folder / "tone.wav";
-        recorded_system().child_log = folder / "child";
+        take_over_system(tone_file);
+        begin_anew(ORVEL_STAND_IN_PLAYER);
         setenv("ORVEL_PLAYER_LOG", log.c_str(), 1);
         unsetenv("ORVEL_PLAYER_LENGTH");
         unsetenv("ORVEL_PLAYER_LINGER");
@@ -87,7 +81,7 @@ protected:
     /// The process that the last fork made.
     static int last_pid() {
         int pid = -1;
-        for (const std::string& call : recorded_system().calls) {
+        for (const std::string& call : calls()) {
             if (call.rfind("fork = ", 0) == 0) pid = std::stoi(call.substr(7));
         }
         return pid;
@@ -131,13 +125,14 @@ protected:
 
     const TempFolder folder;
     const std::string track = folder / "Music/track.wav";
+    const std::string tone_file = folder / "tone.wav";
     const std::string log = folder / "player";
 };
 
 // The first of all, while no music has ever been started.
 TEST_F(PlayerTest, StopWithoutMusicDoesNothing) {
     orvel_stop_music();
-    EXPECT_TRUE(recorded_system().calls.empty());
+    EXPECT_TRUE(calls().empty());
 }
 
 TEST_F(PlayerTest, ThePlayerGetsItsNameAndOnePathAndNothingElse) {
@@ -147,28 +142,26 @@ TEST_F(PlayerTest, ThePlayerGetsItsNameAndOnePathAndNothingElse) {
 
 TEST_F(PlayerTest, TheProgramIsChosenBeforeTheForkAndTheChildOnlyExecutesIt) {
     play_until_ready("track");
-    EXPECT_EQ(recorded_system().call_names(), "access fork");
-    EXPECT_EQ(lines_of(read_file(folder / "child")), Lines{"child execl /usr/bin/afplay"});
+    EXPECT_EQ(call_names(), "access fork");
+    EXPECT_EQ(calls_of_children(), Lines{"execl /usr/bin/afplay"});
 }
 
 TEST_F(PlayerTest, TheSecondPlayEndsTheFirstPlayerBeforeItStartsItsOwn) {
     const std::string first = std::to_string(play_until_ready("track"));
-    recorded_system().calls.clear();
+    forget_calls();
     const std::string second = std::to_string(play_until_ready("other"));
 
-    EXPECT_EQ(recorded_system().calls,
-              (Lines{"waitpid " + first + " WNOHANG = 0", "kill " + first + " 15 = 0",
-                     "waitpid " + first + " = " + first, "access /usr/bin/afplay = 0",
-                     "fork = " + second}));
+    EXPECT_EQ(calls(), (Lines{"waitpid " + first + " WNOHANG = 0", "kill " + first + " 15 = 0",
+                              "waitpid " + first + " = " + first, "access /usr/bin/afplay = 0",
+                              "fork = " + second}));
     EXPECT_EQ(logged({"start", "SIGTERM"}),
               (Lines{"start " + first, "SIGTERM " + first, "start " + second}));
     EXPECT_TRUE(is_gone(std::stoi(first)));
 
-    recorded_system().calls.clear();
+    forget_calls();
     orvel_stop_music();  // remembers the second only
-    EXPECT_EQ(recorded_system().calls,
-              (Lines{"waitpid " + second + " WNOHANG = 0", "kill " + second + " 15 = 0",
-                     "waitpid " + second + " = " + second}));
+    EXPECT_EQ(calls(), (Lines{"waitpid " + second + " WNOHANG = 0", "kill " + second + " 15 = 0",
+                              "waitpid " + second + " = " + second}));
 }
 
 TEST_F(PlayerTest, ATrackThatEndedByItselfStaysUnreapedUntilTheNextPlay) {
@@ -177,10 +170,10 @@ TEST_F(PlayerTest, ATrackThatEndedByItselfStaysUnreapedUntilTheNextPlay) {
     EXPECT_EQ(status_when_ended(std::stoi(first)), 0);
     EXPECT_EQ(status_when_ended(std::stoi(first)), 0);  // still there to be reaped
 
-    recorded_system().calls.clear();
+    forget_calls();
     const std::string second = std::to_string(play_until_ready("other"));
-    EXPECT_EQ(recorded_system().calls, (Lines{"waitpid " + first + " WNOHANG = " + first,
-                                              "access /usr/bin/afplay = 0", "fork = " + second}));
+    EXPECT_EQ(calls(), (Lines{"waitpid " + first + " WNOHANG = " + first,
+                              "access /usr/bin/afplay = 0", "fork = " + second}));
     EXPECT_TRUE(logged({"SIGTERM"}).empty());
 }
 
@@ -188,9 +181,9 @@ TEST_F(PlayerTest, ATrackThatEndedByItselfIsReapedByStopWithoutASignal) {
     setenv("ORVEL_PLAYER_LENGTH", "0", 1);
     const int pid = play_until_ready("track");
     EXPECT_EQ(status_when_ended(pid), 0);
-    recorded_system().calls.clear();
+    forget_calls();
     orvel_stop_music();
-    EXPECT_EQ(recorded_system().call_names(), "waitpid");
+    EXPECT_EQ(call_names(), "waitpid");
     EXPECT_TRUE(is_gone(pid));
 }
 
@@ -198,60 +191,59 @@ TEST_F(PlayerTest, APlayerThatWasReapedIsForgotten) {
     setenv("ORVEL_PLAYER_LENGTH", "0", 1);
     EXPECT_EQ(status_when_ended(play_until_ready("track")), 0);
     orvel_stop_music();
-    recorded_system().calls.clear();
+    forget_calls();
     orvel_stop_music();
-    EXPECT_TRUE(recorded_system().calls.empty()) << "the number may be another process's by now";
+    EXPECT_TRUE(calls().empty()) << "the number may be another process's by now";
 }
 
 TEST_F(PlayerTest, TheSecondStopDoesNothing) {
     const int pid = play_until_ready("track");
     orvel_stop_music();
     EXPECT_TRUE(is_gone(pid));
-    recorded_system().calls.clear();
+    forget_calls();
     orvel_stop_music();
-    EXPECT_TRUE(recorded_system().calls.empty());
+    EXPECT_TRUE(calls().empty());
 }
 
 TEST_F(PlayerTest, NullLeavesTheMusicPlaying) {
     const int pid = play_until_ready("track");
-    recorded_system().calls.clear();
+    forget_calls();
     EXPECT_EQ(play(nullptr), -1);
-    EXPECT_TRUE(recorded_system().calls.empty());
+    EXPECT_TRUE(calls().empty());
     EXPECT_TRUE(is_child(pid));
 }
 
 TEST_F(PlayerTest, AMissingFileLeavesSilence) {
     const int pid = play_until_ready("track");
-    recorded_system().calls.clear();
+    forget_calls();
     EXPECT_EQ(play("missing"), -1);
-    EXPECT_EQ(recorded_system().call_names(), "waitpid kill waitpid");
+    EXPECT_EQ(call_names(), "waitpid kill waitpid");
     EXPECT_TRUE(is_gone(pid));
-    recorded_system().calls.clear();
+    forget_calls();
     orvel_stop_music();
-    EXPECT_TRUE(recorded_system().calls.empty());
+    EXPECT_TRUE(calls().empty());
 }
 
 TEST_F(PlayerTest, AFailedForkLeavesSilence) {
     const int pid = play_until_ready("track");
-    recorded_system().fork_fails = true;
+    fix(Call::fork, Way::fails);
     EXPECT_EQ(play("other"), -1);
     EXPECT_TRUE(is_gone(pid));
-    recorded_system().calls.clear();
+    forget_calls();
     orvel_stop_music();
-    EXPECT_TRUE(recorded_system().calls.empty());
+    EXPECT_TRUE(calls().empty());
 }
 
 TEST_F(PlayerTest, AMissingPlayerEndsWith127AndTheCallStillSucceeds) {
-    recorded_system().executable.clear();
-    recorded_system().stand_in = folder / "none";
+    machine().programs.clear();
+    machine().stand_in = folder / "none";
     EXPECT_EQ(play("track"), 0);
     EXPECT_EQ(status_when_ended(last_pid()), 127);
-    EXPECT_EQ(lines_of(read_file(folder / "child")),
-              (Lines{"child execl /usr/bin/afplay", "child _exit 127"}));
+    EXPECT_EQ(calls_of_children(), (Lines{"execl /usr/bin/afplay", "_exit 127"}));
 }
 
 TEST_F(PlayerTest, AChildWithoutAPlayerFlushesNothingOfTheHosts) {
-    recorded_system().stand_in = folder / "none";
+    machine().stand_in = folder / "none";
     const auto output = captured([] {
         std::fputs("once", stdout);
         EXPECT_EQ(orvel_play_music("track"), 0);
@@ -261,8 +253,8 @@ TEST_F(PlayerTest, AChildWithoutAPlayerFlushesNothingOfTheHosts) {
 }
 
 TEST_F(PlayerTest, APlayerThatIsNotExecutableEndsWith127) {
-    recorded_system().stand_in = folder / "not-executable";
-    write_file(recorded_system().stand_in, "#!/bin/sh\n");
+    machine().stand_in = folder / "not-executable";
+    write_file(machine().stand_in, "#!/bin/sh\n");
     EXPECT_EQ(play("track"), 0);
     EXPECT_EQ(status_when_ended(last_pid()), 127);
 }
@@ -289,18 +281,17 @@ TEST_F(PlayerTest, OnlyTheHostsOwnDescriptorsReachThePlayer) {
 TEST_F(PlayerTest, AHostThatIgnoresItsChildrenNeverWaitsInVain) {
     signal(SIGCHLD, SIG_IGN);
     const std::string first = std::to_string(play_until_ready("track"));
-    recorded_system().calls.clear();
+    forget_calls();
     orvel_stop_music();
-    EXPECT_EQ(recorded_system().calls,
-              (Lines{"waitpid " + first + " WNOHANG = 0", "kill " + first + " 15 = 0",
-                     "waitpid " + first + " = ECHILD"}));
+    EXPECT_EQ(calls(), (Lines{"waitpid " + first + " WNOHANG = 0", "kill " + first + " 15 = 0",
+                              "waitpid " + first + " = ECHILD"}));
 
     setenv("ORVEL_PLAYER_LENGTH", "0", 1);
     const std::string second = std::to_string(play_until_ready("track"));
     while (kill(std::stoi(second), 0) == 0) usleep(1000);  // until the system has reaped it
-    recorded_system().calls.clear();
+    forget_calls();
     orvel_stop_music();
-    EXPECT_EQ(recorded_system().calls, Lines{"waitpid " + second + " WNOHANG = ECHILD"});
+    EXPECT_EQ(calls(), Lines{"waitpid " + second + " WNOHANG = ECHILD"});
     signal(SIGCHLD, SIG_DFL);
 }
 
@@ -336,14 +327,14 @@ TEST_F(PlayerTest, StartingAPlayerLeavesTheSignalMaskAsItWas) {
     sigemptyset(&none);
     pthread_sigmask(SIG_SETMASK, &none, &before);
     EXPECT_EQ(play("track"), 0);
-    recorded_system().fork_fails = true;
+    fix(Call::fork, Way::fails);
     EXPECT_EQ(play("track"), -1);
     pthread_sigmask(SIG_SETMASK, &before, &after);
     for (const int signal : {SIGTERM, SIGINT, SIGCHLD}) EXPECT_EQ(sigismember(&after, signal), 0);
 }
 
 TEST_F(PlayerTest, AHostThatReapsItsChildrenItselfNeverHangsStop) {
-    orvel_test::reap_children_as_they_end();
+    reap_children_as_they_end();
     for (int i = 0; i < 10; ++i) {
         const int pid = play_until_ready("track");
         orvel_stop_music();
@@ -363,19 +354,19 @@ TEST_F(PlayerProgramsTest, ATimerThatInterruptsTheWaitLeavesNoZombie) {
     const int pid = play_until_ready("track");
     const std::string name = std::to_string(pid);
 
-    recorded_system().calls.clear();
+    forget_calls();
     const itimerval every_millisecond = {{0, 1000}, {0, 1000}}, never = {};
     setitimer(ITIMER_REAL, &every_millisecond, nullptr);
     orvel_stop_music();
     setitimer(ITIMER_REAL, &never, nullptr);
     signal(SIGALRM, SIG_IGN);  // also one that is on its way
 
-    const Lines& calls = recorded_system().calls;
-    ASSERT_GT(calls.size(), 3u);
-    EXPECT_EQ(calls[0], "waitpid " + name + " WNOHANG = 0");
-    EXPECT_EQ(calls[1], "kill " + name + " 15 = 0");
-    EXPECT_EQ(calls[2], "waitpid " + name + " = EINTR");
-    EXPECT_EQ(calls.back(), "waitpid " + name + " = " + name);
+    const Lines made = calls();
+    ASSERT_GT(made.size(), 3u);
+    EXPECT_EQ(made[0], "waitpid " + name + " WNOHANG = 0");
+    EXPECT_EQ(made[1], "kill " + name + " 15 = 0");
+    EXPECT_EQ(made[2], "waitpid " + name + " = EINTR");
+    EXPECT_EQ(made.back(), "waitpid " + name + " = " + name);
     EXPECT_TRUE(is_gone(pid));
 }
 
@@ -477,7 +468,7 @@ TEST_F(PlayerTest, AHostWithoutStandardErrorIsServed) {
     EXPECT_EQ(music, 0);
     EXPECT_EQ(tone, 0);
     EXPECT_EQ(missing, -1);
-    EXPECT_EQ(read_file(folder / "tone.wav").size(), 44u + 2 * 441);
+    EXPECT_EQ(read_file(tone_file).size(), 44u + 2 * 441);
     end(last_pid());
 }
 
@@ -485,70 +476,79 @@ TEST_F(PlayerTest, AHostWithoutStandardErrorIsServed) {
 
 class PlayerChoiceTest : public PlayerTest {
 protected:
-    /// The program for a track that begins with the bytes, as the child was told to execute it.
-    std::string choice(const std::string& bytes, const std::set<std::string>& installed) {
-        write_file(track, bytes);
-        recorded_system().executable = installed;
-        unlink((folder / "child").c_str());
+    using Programs = std::vector<const char*>;
+
+    /// The program that the child was told to execute.
+    template <typename Call>
+    std::string choice_of(const Call& call, const Programs& installed) {
+        machine().programs = installed;
+        forget_calls();
         unlink(log.c_str());
         setenv("ORVEL_PLAYER_LENGTH", "0", 1);
-        EXPECT_EQ(play("track"), 0);
+        EXPECT_EQ(call(), 0);
         EXPECT_EQ(status_when_ended(last_pid()), 0);
-        return read_file(folder / "child");
+        const Lines execl = calls_of_children();
+        return execl.size() == 1 ? execl[0].substr(execl[0].find('/')) : "none";
+    }
+    /// The one for a track that begins with the bytes.
+    std::string choice(const std::string& bytes, const Programs& installed) {
+        write_file(track, bytes);
+        return choice_of([] { return play("track"); }, installed);
     }
 
-    const std::set<std::string> all = {"/usr/bin/afplay", "/usr/bin/paplay", "/usr/bin/pw-play",
-                                       "/usr/bin/mpv"};
-    const std::set<std::string> linux_only = {"/usr/bin/paplay", "/usr/bin/pw-play",
-                                              "/usr/bin/mpv"};
+    const Programs all = {"/usr/bin/afplay", "/usr/bin/paplay", "/usr/bin/pw-play", "/usr/bin/mpv"};
+    const Programs linux_only = {"/usr/bin/paplay", "/usr/bin/pw-play", "/usr/bin/mpv"};
     const std::string m4a = std::string("\0\0\0\x20", 4) + "ftypM4A ";
 };
 
 TEST_F(PlayerChoiceTest, TheDocumentedProgramAlwaysWins) {
-    EXPECT_EQ(choice("RIFF", all), "child execl /usr/bin/afplay\n");
-    EXPECT_EQ(choice(m4a, all), "child execl /usr/bin/afplay\n");
+    EXPECT_EQ(choice("RIFF", all), "/usr/bin/afplay");
+    EXPECT_EQ(choice(m4a, all), "/usr/bin/afplay");
     EXPECT_EQ(logged({"argument"}), (Lines{"argument afplay", "argument " + track}));
 }
 
 TEST_F(PlayerChoiceTest, WithoutItPaplayPlaysAndThenPwPlay) {
-    EXPECT_EQ(choice("RIFF", linux_only), "child execl /usr/bin/paplay\n");
+    EXPECT_EQ(choice("RIFF", linux_only), "/usr/bin/paplay");
     EXPECT_EQ(logged({"argument"}), (Lines{"argument paplay", "argument " + track}));
-    EXPECT_EQ(choice("RIFF", {"/usr/bin/pw-play", "/usr/bin/mpv"}),
-              "child execl /usr/bin/pw-play\n");
+    EXPECT_EQ(choice("RIFF", {"/usr/bin/pw-play", "/usr/bin/mpv"}), "/usr/bin/pw-play");
     EXPECT_EQ(logged({"argument"}), (Lines{"argument pw-play", "argument " + track}));
 }
 
 TEST_F(PlayerChoiceTest, M4aIsKnownByItsHeaderAndGoesToMpv) {
-    EXPECT_EQ(choice(m4a, linux_only), "child execl /usr/bin/mpv\n");
+    EXPECT_EQ(choice(m4a, linux_only), "/usr/bin/mpv");
     EXPECT_EQ(logged({"argument"}),
               (Lines{"argument mpv", "argument " + track, "argument --no-config",
                      "argument --no-terminal", "argument --no-video"}));
-    EXPECT_EQ(choice(m4a.substr(0, 7), linux_only), "child execl /usr/bin/paplay\n");
-    EXPECT_EQ(choice("", linux_only), "child execl /usr/bin/paplay\n");
+    EXPECT_EQ(choice(m4a.substr(0, 7), linux_only), "/usr/bin/paplay");
+    EXPECT_EQ(choice("", linux_only), "/usr/bin/paplay");
 }
 
 TEST_F(PlayerChoiceTest, AToneIsNotLookedIntoWhateverLiesAtItsPath) {
     write_file(track, m4a);
-    recorded_system().executable = linux_only;
-    setenv("ORVEL_PLAYER_LENGTH", "0", 1);
-    const int pid = orvel::start_player(track, orvel::Audio::wav);
-    EXPECT_EQ(status_when_ended(pid), 0);
-    EXPECT_EQ(read_file(folder / "child"), "child execl /usr/bin/paplay\n");
+    ASSERT_EQ(link(track.c_str(), tone_file.c_str()), 0);  // which is not written to
+    EXPECT_EQ(choice_of(beep, linux_only), "/usr/bin/paplay");
+    EXPECT_EQ(read_file(tone_file), m4a);
 }
 
 TEST_F(PlayerChoiceTest, AFileThatIsGoneIsLeftToThePlayerOfMostKinds) {
-    recorded_system().executable = linux_only;
-    setenv("ORVEL_PLAYER_LENGTH", "0", 1);
-    const int pid = orvel::start_player(folder / "gone.m4a", orvel::Audio::any);
-    EXPECT_EQ(status_when_ended(pid), 0);
-    EXPECT_EQ(read_file(folder / "child"), "child execl /usr/bin/paplay\n");
+    write_file(track, m4a);
+    const auto call = [] {
+        const Armed armed;
+        return play("track.wav");
+    };
+    begin_run({});
+    EXPECT_EQ(choice_of(call, linux_only), "/usr/bin/mpv");
+    const std::vector<Call> made = calls_of_run();
+    const auto opening = std::find(made.begin() + 1, made.end(), Call::open);  // after it is found
+    begin_run({static_cast<int>(opening - made.begin()), Way::fails, false});
+    orvel_stop_music();
+    EXPECT_EQ(choice_of(call, linux_only), "/usr/bin/paplay");
 }
 
 TEST_F(PlayerChoiceTest, WhatNothingPlaysIsLeftToTheDocumentedProgram) {
-    EXPECT_EQ(choice(m4a, {"/usr/bin/paplay", "/usr/bin/pw-play"}),
-              "child execl /usr/bin/afplay\n");
-    EXPECT_EQ(choice("RIFF", {"/usr/bin/mpv"}), "child execl /usr/bin/afplay\n");
-    EXPECT_EQ(choice("RIFF", {}), "child execl /usr/bin/afplay\n");
+    EXPECT_EQ(choice(m4a, {"/usr/bin/paplay", "/usr/bin/pw-play"}), "/usr/bin/afplay");
+    EXPECT_EQ(choice("RIFF", {"/usr/bin/mpv"}), "/usr/bin/afplay");
+    EXPECT_EQ(choice("RIFF", {}), "/usr/bin/afplay");
 }
 
 TEST_F(PlayerChoiceTest, APathThatBeginsWithADashIsNoOptionButForAfplay) {
@@ -556,9 +556,9 @@ TEST_F(PlayerChoiceTest, APathThatBeginsWithADashIsNoOptionButForAfplay) {
     ASSERT_EQ(chdir(folder.path().c_str()), 0);
     write_file("-x/Music/track.wav", "a track");
     orvel_set_resource_path("-x");
-    EXPECT_EQ(choice("RIFF", linux_only), "child execl /usr/bin/paplay\n");
+    EXPECT_EQ(choice("RIFF", linux_only), "/usr/bin/paplay");
     EXPECT_EQ(logged({"argument"}), (Lines{"argument paplay", "argument ./-x/Music/track.wav"}));
-    EXPECT_EQ(choice("RIFF", all), "child execl /usr/bin/afplay\n");
+    EXPECT_EQ(choice("RIFF", all), "/usr/bin/afplay");
     EXPECT_EQ(logged({"argument"}), (Lines{"argument afplay", "argument -x/Music/track.wav"}));
     ASSERT_EQ(chdir(old_folder.c_str()), 0);
 }

@@ -60,14 +60,12 @@ private:
         if (size <= 0) return false;
         if (trouble_.delay_ms > 0) usleep(static_cast<useconds_t>(trouble_.delay_ms) * 1000);
         passed_ += size;
+        const bool is_time = in_time && passed_ >= trouble_.after;
+        // Before these bytes arrive, or the server might still answer them.
+        if (is_time && trouble_.signal != 0) kill(server_pid_, trouble_.signal);
         const bool sent = send(to, bytes, static_cast<std::size_t>(size), MSG_NOSIGNAL) == size;
-        if (in_time && passed_ >= trouble_.after) make_trouble();
+        while (is_time && trouble_.stalls) pause();
         return sent;
-    }
-
-    void make_trouble() const {
-        if (trouble_.signal != 0) kill(server_pid_, trouble_.signal);
-        while (trouble_.stalls) pause();
     }
 
     const int ends_[2];

@@ -3,30 +3,27 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <sstream>
 #include <string>
-#include <vector>
 
 #include "orvel.h"
 #include "support/files.h"
-#include "system/fake_system_sound.h"
-#include "system/recorded_system.h"
+#include "system/ledger.h"
+#include "system/sound_libraries.h"
+#include "system/system.h"
 
 namespace {
 
-using orvel_test::captured;
-using orvel_test::fake_system_sound;
-using orvel_test::recorded_system;
-using orvel_test::TempFolder;
-using orvel_test::write_file;
-using Paths = std::vector<std::string>;
+using namespace orvel_test;
 
 class SoundTest : public testing::Test {
 protected:
     SoundTest() {
-        recorded_system() = {};
-        recorded_system().stand_in = folder / "no-player";
-        recorded_system().child_log = folder / "child";
-        fake_system_sound() = {};
+        take_over_system(folder / "tone.wav");
+        begin_anew(folder / "no-player");
+        sound_server() = {};
+        sound_clock() += 1'000'000'000;  // whatever happened before is long ago
+        taken_story();
         orvel_set_resource_path(folder.path().c_str());
     }
     ~SoundTest() override {
@@ -42,6 +39,16 @@ protected:
         EXPECT_EQ(output.output, "");
     }
 
+    /// What the system has played, each sound by its thousands of samples a second.
+    static std::string played() {
+        std::string rates;
+        std::istringstream story(taken_story());
+        for (std::string part; std::getline(story, part, ',');) {
+            if (part.rfind(" 1 x ", 0) == 0) rates += part[5];
+        }
+        return rates;
+    }
+
     const TempFolder folder;
     int result = 99;
     std::string error;
@@ -49,60 +56,59 @@ protected:
 
 TEST_F(SoundTest, AFoundSoundIsAnnouncedAndHandedToTheSystem) {
     const std::string path = folder / "Sounds/click.wav";
-    write_file(path, "a sound");
+    write_file(path, "snd 1");
     call(orvel_play_sound, "click");
     EXPECT_EQ(result, 0);
     EXPECT_EQ(error, "[OrvelSDK] suono: " + path + "\n");
-    EXPECT_EQ(fake_system_sound().played, Paths{path});
+    EXPECT_EQ(played(), "1");
 }
 
 TEST_F(SoundTest, AnExtensionNamesExactlyThatFile) {
-    write_file(folder / "Sounds/click.wav", "a sound");
-    write_file(folder / "Sounds/click.aiff", "a sound");
+    write_file(folder / "Sounds/click.wav", "snd 1");
+    write_file(folder / "Sounds/click.aiff", "snd 2");
     call(orvel_play_sound, "click.aiff");
     EXPECT_EQ(result, 0);
-    EXPECT_EQ(fake_system_sound().played, Paths{folder / "Sounds/click.aiff"});
+    EXPECT_EQ(played(), "2");
     call(orvel_play_sound, "click.mp3");
     EXPECT_EQ(result, -1);
     EXPECT_EQ(error, "[OrvelSDK] suono non trovato: " + (folder / "Sounds/click.mp3") + "\n");
 }
 
 TEST_F(SoundTest, WithoutAnExtensionTheFirstFileByOrderIsPlayed) {
-    write_file(folder / "Sounds/click.aiff", "a sound");
-    write_file(folder / "Sounds/click.mp3", "a sound");
+    write_file(folder / "Sounds/click.aiff", "snd 1");
+    write_file(folder / "Sounds/click.mp3", "snd 2");
     call(orvel_play_sound, "click");
-    EXPECT_EQ(fake_system_sound().played, Paths{folder / "Sounds/click.mp3"});
+    EXPECT_EQ(played(), "2");
 }
 
 TEST_F(SoundTest, AMissingSoundIsReportedByItsPathWithoutExtension) {
     call(orvel_play_sound, "missing");
     EXPECT_EQ(result, -1);
     EXPECT_EQ(error, "[OrvelSDK] suono non trovato: " + (folder / "Sounds/missing") + "\n");
-    EXPECT_TRUE(fake_system_sound().played.empty());
+    EXPECT_EQ(played(), "");
 }
 
 TEST_F(SoundTest, ASoundThatTheSystemRefusesIsAnnouncedAllTheSame) {
     write_file(folder / "Sounds/click.wav", "not a sound");
-    fake_system_sound().result = -1;
     call(orvel_play_sound, "click");
     EXPECT_EQ(result, -1);
     EXPECT_EQ(error, "[OrvelSDK] suono: " + (folder / "Sounds/click.wav") + "\n");
 }
 
 TEST_F(SoundTest, TheSameSoundIsHandedOverAnewEveryTime) {
-    write_file(folder / "Sounds/click.wav", "a sound");
+    write_file(folder / "Sounds/click.wav", "snd 1");
     for (int i = 0; i < 3; ++i) call(orvel_play_sound, "click");
-    EXPECT_EQ(fake_system_sound().played.size(), 3u);
+    EXPECT_EQ(played(), "111");
 }
 
 TEST_F(SoundTest, ASoundNeitherStartsAProcessNorTouchesTheMusic) {
-    write_file(folder / "Sounds/click.wav", "a sound");
+    write_file(folder / "Sounds/click.wav", "snd 1");
     write_file(folder / "Music/track.wav", "a track");
     call(orvel_play_music, "track");
-    recorded_system().calls.clear();
+    forget_calls();
     call(orvel_play_sound, "click");
     call(orvel_play_sound, "missing");
-    EXPECT_TRUE(recorded_system().calls.empty());
+    EXPECT_TRUE(calls().empty());
 }
 
 TEST_F(SoundTest, NullIsMinusOneWithoutAWord) {
@@ -125,12 +131,12 @@ TEST_F(SoundTest, MissingMusicIsReportedByItsPathWithoutExtension) {
     call(orvel_play_music, "missing");
     EXPECT_EQ(result, -1);
     EXPECT_EQ(error, "[OrvelSDK] musica non trovata: " + (folder / "Music/missing") + "\n");
-    EXPECT_TRUE(recorded_system().calls.empty());
+    EXPECT_TRUE(calls().empty());
 }
 
 TEST_F(SoundTest, AFailedForkIsMinusOneAfterTheLine) {
     write_file(folder / "Music/track.mp3", "a track");
-    recorded_system().fork_fails = true;
+    fix(Call::fork, Way::fails);
     call(orvel_play_music, "track");
     EXPECT_EQ(result, -1);
     EXPECT_EQ(error, "[OrvelSDK] musica: " + (folder / "Music/track.mp3") + "\n");

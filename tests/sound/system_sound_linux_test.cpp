@@ -15,7 +15,6 @@
 namespace {
 
 using namespace orvel_test;
-using namespace orvel_test::torture;
 
 constexpr std::int64_t kSecond = 1'000'000;
 
@@ -23,6 +22,8 @@ class SystemSoundTest : public testing::Test {
 protected:
     SystemSoundTest() {
         take_over_system(folder / "tone.wav");
+        begin_anew("");
+        machine().keeps_log = true;
         write_file(folder / "Sounds/click.snd", "snd of the fake libraries");
         orvel_set_resource_path(folder.path().c_str());
         sound_server() = {};
@@ -103,6 +104,12 @@ TEST_F(SystemSoundTest, AServerThatFallsSilentAnywhereCostsLessThanTwoSeconds) {
         EXPECT_EQ(live_sound_objects(), 0);
     }
     EXPECT_EQ(results, "---------000");
+}
+
+TEST_F(SystemSoundTest, ASampleWhoseEndIsNotAnsweredIsRemovedAllTheSame) {
+    sound_server().answers = 7;
+    EXPECT_EQ(play(), -1);
+    EXPECT_NE(taken_story().find(" bytes, remove, bye"), std::string::npos);
 }
 
 TEST_F(SystemSoundTest, ASampleWhosePlayIsNotAnsweredIsRemovedAllTheSame) {

@@ -17,8 +17,6 @@ namespace {
 
 using namespace orvel_test;
 
-bool s_private = false;
-
 /// The tone's file, once the child that found no player has ended.
 std::string file_of(double frequency_hz, int duration_ms) {
     captured([&] { EXPECT_EQ(orvel_play_tone(frequency_hz, duration_ms), 0); });
@@ -35,7 +33,7 @@ std::uint64_t checksum(const std::string& bytes) {
 
 TEST(ToneFileTest, OfTheShippedLibraryIsTheModelsAndTheSameEverywhere) {
     const TempFolder no_programs;
-    if (!s_private || !cover("/usr/bin", no_programs.path())) {
+    if (!cover("/usr/bin", no_programs.path())) {
         GTEST_SKIP() << "this system allows no view of the file system of our own";
     }
     std::ostringstream checksums;
@@ -53,9 +51,3 @@ TEST(ToneFileTest, OfTheShippedLibraryIsTheModelsAndTheSameEverywhere) {
 }
 
 }  // namespace
-
-int main(int argument_count, char** arguments) {
-    testing::InitGoogleTest(&argument_count, arguments);
-    s_private = !testing::GTEST_FLAG(list_tests) && enter_private_system();
-    return RUN_ALL_TESTS();
-}

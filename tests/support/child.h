@@ -5,6 +5,9 @@
 
 namespace orvel_test {
 
+/// Ends a forked child, which leaves nothing of the host's behind but counts of what was run.
+[[noreturn]] void leave(int status);
+
 /// Runs @p call in a forked child and returns what it returned, or minus the signal that ended it.
 int in_child(const std::function<int()>& call);
 

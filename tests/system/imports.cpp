@@ -13,7 +13,7 @@
 #include <stdexcept>
 #include <vector>
 
-namespace orvel_test::torture {
+namespace orvel_test {
 namespace {
 
 /// Where the library keeps the address of a thing that it imports.
@@ -107,4 +107,4 @@ void replace_import(const std::string& name, void* function) {
     }
 }
 
-}  // namespace orvel_test::torture
+}  // namespace orvel_test

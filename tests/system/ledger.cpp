@@ -1,11 +1,17 @@
 #include "system/ledger.h"
 
+#include <unistd.h>
+
+#include <algorithm>
 #include <cerrno>
+#include <cstdarg>
+#include <cstdio>
+#include <cstring>
 #include <iterator>
 
 #include "system/shared.h"
 
-namespace orvel_test::torture {
+namespace orvel_test {
 namespace {
 
 struct Description {
@@ -77,6 +83,41 @@ struct Run {
 Run& s_run = shared<Run>();
 
 bool s_armed = false;
+Way s_fixed[kCalls];
+
+/// Lines of a process and of its children.
+struct Notes {
+    char text[2][1 << 16];
+};
+Notes& s_notes = shared<Notes>();
+const pid_t s_host = getpid();
+
+std::vector<std::string> lines_of(const char* text) {
+    std::vector<std::string> lines;
+    for (const char* end; (end = std::strchr(text, '\n')); text = end + 1) {
+        lines.emplace_back(text, end);
+    }
+    return lines;
+}
+
+void set_error(Call call, Way way) {
+    errno = way == Way::leased        ? EWOULDBLOCK
+            : way == Way::interrupted ? EINTR
+                                      : description_of(call).error;
+}
+
+/// Counts the call.
+Way planned(Call call) {
+    if (s_run.count == kMostCalls) return Way::succeeds;
+    const Plan& plan = s_run.plan;
+    const int number = s_run.count++;
+    s_run.calls[number] = call;
+    if (plan.first < 0 || number < plan.first) return Way::succeeds;
+    if (number > plan.first && !plan.lasting) return Way::succeeds;
+    // A lease lasts; what has failed in another way fails plainly from then on.
+    const bool same = number == plan.first || (plan.way == Way::leased && call == Call::open);
+    return same ? plan.way : Way::fails;
+}
 
 }  // namespace
 
@@ -98,6 +139,16 @@ const char* name_of(Way way) {
     return kNames[static_cast<int>(way)];
 }
 
+std::size_t part(Way way, std::size_t whole) {
+    switch (way) {
+    case Way::succeeds: return whole;
+    case Way::first_byte: return std::min<std::size_t>(whole, 1);
+    case Way::half: return (whole + 1) / 2;
+    case Way::all_but_last: return whole - std::min<std::size_t>(whole, 1);
+    default: return 0;
+    }
+}
+
 void begin_run(const Plan& plan) {
     s_run.plan = plan;
     s_run.count = 0;
@@ -105,23 +156,52 @@ void begin_run(const Plan& plan) {
 
 std::vector<Call> calls_of_run() { return {s_run.calls, s_run.calls + s_run.count}; }
 
-Armed::Armed() { s_armed = true; }
-Armed::~Armed() { s_armed = false; }
-
-Way way_of(Call call) {
-    if (!s_armed || s_run.count == kMostCalls) return Way::succeeds;
-    const Plan& plan = s_run.plan;
-    const int number = s_run.count++;
-    s_run.calls[number] = call;
-    if (plan.first < 0 || number < plan.first) return Way::succeeds;
-    if (number > plan.first && !plan.lasting) return Way::succeeds;
-    // A lease lasts; what has failed in another way fails plainly from then on.
-    const bool same = number == plan.first || (plan.way == Way::leased && call == Call::open);
-    const Way way = same ? plan.way : Way::fails;
-    errno = way == Way::leased        ? EWOULDBLOCK
-            : way == Way::interrupted ? EINTR
-                                      : description_of(call).error;
-    return way;
+void note(const char* format, ...) {
+    const int error = errno;
+    char(&text)[sizeof s_notes.text[0]] = s_notes.text[getpid() == s_host ? 0 : 1];
+    const std::size_t size = std::strlen(text);
+    va_list list;
+    va_start(list, format);
+    const int more = std::vsnprintf(text + size, sizeof text - size, format, list);
+    va_end(list);
+    const std::size_t end = size + static_cast<std::size_t>(more);
+    const bool fits = end + 2 <= sizeof text;
+    std::strcpy(text + (fits ? end : size), fits ? "\n" : "");
+    errno = error;
 }
 
-}  // namespace orvel_test::torture
+std::vector<std::string> calls() { return lines_of(s_notes.text[0]); }
+std::vector<std::string> calls_of_children() { return lines_of(s_notes.text[1]); }
+
+std::string call_names() {
+    std::string names;
+    for (const std::string& call : calls()) {
+        names += (names.empty() ? "" : " ") + call.substr(0, call.find(' '));
+    }
+    return names;
+}
+
+void forget_calls() {
+    for (char* const text : s_notes.text) *text = '\0';
+}
+
+Armed::Armed() { s_armed = true; }
+Armed::~Armed() { s_armed = false; }
+bool is_armed() { return s_armed; }
+
+void fix(Call call, Way way) { s_fixed[static_cast<int>(call)] = way; }
+
+void begin_ledger() {
+    for (Way& way : s_fixed) way = Way::succeeds;
+    forget_calls();
+}
+
+Way way_of(Call call) {
+    const Way way = s_armed ? planned(call) : Way::succeeds;
+    const Way fixed = s_fixed[static_cast<int>(call)];
+    const Way result = fixed == Way::succeeds ? way : fixed;
+    if (result != Way::succeeds) set_error(call, result);
+    return result;
+}
+
+}  // namespace orvel_test

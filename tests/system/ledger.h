@@ -1,10 +1,11 @@
-// The calls of the library that can fail: counted, and failed as planned.
+// The calls of the library: recorded, counted, and failed as planned.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
-namespace orvel_test::torture {
+namespace orvel_test {
 
 /// What the library calls and can be refused.
 enum class Call {
@@ -69,6 +70,9 @@ std::vector<Way> ways_of(Call call);
 const char* name_of(Way way);
 inline bool is_partial(Way way) { return way >= Way::first_byte && way <= Way::all_but_last; }
 
+/// How much of so many bytes is moved.
+std::size_t part(Way way, std::size_t whole);
+
 /// Which call of a run fails, counted from 0, and whether all later ones do.
 struct Plan {
     int first = -1;  // none
@@ -81,6 +85,15 @@ void begin_run(const Plan& plan);
 /// The calls of this run so far, also those that a forked child made.
 std::vector<Call> calls_of_run();
 
+/// What the library asks of the system is noted, a line a call, with its result: by this process,
+/// and by the children that it forked.
+void note(const char* format, ...) __attribute__((format(printf, 1, 2)));
+std::vector<std::string> calls();
+std::vector<std::string> calls_of_children();
+/// The names of this process's calls without arguments and results.
+std::string call_names();
+void forget_calls();
+
 /// While one lives, calls are counted, and fail. The library is at work then, and nothing else.
 class Armed {
 public:
@@ -90,8 +103,16 @@ public:
     Armed& operator=(const Armed&) = delete;
 };
 
-/// Counts this call and says how it turns out; sets errno when it fails.
+bool is_armed();
+
+/// From now on that call always turns out so.
+void fix(Call call, Way way);
+/// No call's result is fixed any more, and none noted.
+void begin_ledger();
+
+/// Counts this call and says how it turns out, by the machine or by the plan; sets errno when it
+/// fails.
 Way way_of(Call call);
 inline bool fails(Call call) { return way_of(call) != Way::succeeds; }
 
-}  // namespace orvel_test::torture
+}  // namespace orvel_test

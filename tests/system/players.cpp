@@ -6,14 +6,17 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
+#include "support/child.h"
 #include "system/ledger.h"
 #include "system/shared.h"
 #include "system/system.h"
 
-namespace orvel_test::torture {
+namespace orvel_test {
 namespace {
 
 constexpr int kMostPlayers = 16;
@@ -59,11 +62,8 @@ bool is_player(pid_t pid) {
     return false;
 }
 
-}  // namespace
-
 /// Returns in the parent when the child plays or has ended, so that their calls have one order.
-pid_t start_child() {
-    if (fails(Call::fork)) return -1;
+pid_t start_waiting_child() {
     int ends[2];
     if (s_players.count == kMostPlayers || pipe2(ends, O_CLOEXEC) != 0) return -1;
     Player& player = s_players.all[s_players.count++];
@@ -82,24 +82,44 @@ pid_t start_child() {
     return pid;
 }
 
-int become_player(const char* program, const char* name, ...) {
+pid_t forked() {
+    if (!machine().forks) return 4711;
+    return machine().stand_in.empty() ? start_waiting_child() : fork();
+}
+
+/// Returns when the program cannot be run.
+void wait_as_player(const char* program, const char* name) {
     if (s_started < 0) std::abort();  // the host itself would be replaced by the player
     Player& player = s_players.all[s_players.count - 1];
     player.ends = true;
-    if (fails(Call::execl)) return -1;
+    if (fails(Call::execl)) return;
     if (!is_installed(program)) {
         errno = ENOENT;
-        return -1;
+        return;
     }
     std::snprintf(player.name, sizeof player.name, "%s", name);
-    if (machine().tracks_are_short) _exit(0);
+    if (machine().tracks_are_short) leave(0);
     player.ends = false;
     close(s_started);
     for (;;) pause();
 }
 
-int end_child(pid_t pid, int signal) {
+/// The result of a call as a note shows it.
+struct Outcome {
+    explicit Outcome(int result) {
+        const int error = errno;
+        std::snprintf(text, sizeof text, result < 0 ? "error %d" : "%d",
+                      result < 0 ? error : result);
+        if (result < 0 && error == ECHILD) std::strcpy(text, "ECHILD");
+        if (result < 0 && error == EINTR) std::strcpy(text, "EINTR");
+        errno = error;
+    }
+    char text[20];
+};
+
+int end_as_planned(pid_t pid, int signal) {
     const bool failing = fails(Call::kill);
+    if (!failing && !machine().stand_in.empty() && pid > 0) return kill(pid, signal);
     if (!is_player(pid)) return -1;  // not even when the library asks for everybody's end
     if (!failing) return kill(pid, signal);
     kill(pid, SIGKILL);  // without a signal of the library's the track plays to its end
@@ -107,7 +127,7 @@ int end_child(pid_t pid, int signal) {
     return -1;
 }
 
-pid_t wait_for_child(pid_t pid, int* status, int options) {
+pid_t wait_as_planned(pid_t pid, int* status, int options) {
     const Way way = way_of(options & WNOHANG ? Call::poll_child : Call::wait_for_child);
     if (way == Way::succeeds) return waitpid(pid, status, options);
     if (way == Way::fails && is_player(pid)) {
@@ -115,6 +135,46 @@ pid_t wait_for_child(pid_t pid, int* status, int options) {
         errno = ECHILD;
     }
     return -1;
+}
+
+}  // namespace
+
+pid_t start_child() {
+    const pid_t pid = fails(Call::fork) ? -1 : forked();
+    if (pid != 0) note("fork = %d", pid);
+    return pid;
+}
+
+int become_player(const char* program, const char* name, ...) {
+    note("execl %s", program);
+    if (machine().stand_in.empty()) {
+        wait_as_player(program, name);
+        return -1;
+    }
+    const char* arguments[8] = {name};
+    va_list list;
+    va_start(list, name);
+    for (int i = 1; (arguments[i] = va_arg(list, const char*)); ++i) {
+    }
+    va_end(list);
+    return execv(machine().stand_in.c_str(), const_cast<char**>(arguments));
+}
+
+void leave_child(int status) {
+    note("_exit %d", status);
+    _exit(status);
+}
+
+int end_child(pid_t pid, int signal) {
+    const int result = end_as_planned(pid, signal);
+    note("kill %d %d = %s", pid, signal, Outcome(result).text);
+    return result;
+}
+
+pid_t wait_for_child(pid_t pid, int* status, int options) {
+    const pid_t result = wait_as_planned(pid, status, options);
+    note("waitpid %d%s = %s", pid, options == WNOHANG ? " WNOHANG" : "", Outcome(result).text);
+    return result;
 }
 
 std::string players() {
@@ -144,4 +204,4 @@ void end_all_players() {
     s_players.count = 0;
 }
 
-}  // namespace orvel_test::torture
+}  // namespace orvel_test

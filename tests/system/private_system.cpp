@@ -1,6 +1,7 @@
 #include "system/private_system.h"
 
 #include <fcntl.h>
+#include <gtest/gtest.h>
 #include <sched.h>
 #include <sys/mount.h>
 #include <unistd.h>
@@ -17,6 +18,10 @@ bool write_text(const char* path, const std::string& text) {
     const bool written = write(file, text.data(), text.size()) >= 0;
     close(file);
     return written;
+}
+
+bool show(const std::string& folder, const std::string& where) {
+    return mount(folder.c_str(), where.c_str(), "none", MS_BIND | MS_REC, nullptr) == 0;
 }
 
 /// Mounts of our own: root may have them, others inside a user namespace, as the user they are.
@@ -38,13 +43,7 @@ bool keep(const std::string& folder, const std::string& new_tmp) {
     return !error && mount(folder.c_str(), place.c_str(), "none", MS_BIND, nullptr) == 0;
 }
 
-}  // namespace
-
-bool cover(const std::string& where, const std::string& folder) {
-    return mount(folder.c_str(), where.c_str(), "none", MS_BIND | MS_REC, nullptr) == 0;
-}
-
-void uncover(const std::string& where) { umount2(where.c_str(), MNT_DETACH); }
+bool s_private = false;
 
 bool enter_private_system() {
     const std::string workshop = "/mnt";  // covered for a moment, in our own view only
@@ -54,11 +53,26 @@ bool enter_private_system() {
         return false;
     }
     if (!keep(ORVEL_SOURCE_DIR, workshop) || !keep(ORVEL_BINARY_DIR, workshop) ||
-        !cover("/tmp", workshop) || umount2(workshop.c_str(), MNT_DETACH) != 0) {
+        !show(workshop, "/tmp") || umount2(workshop.c_str(), MNT_DETACH) != 0) {
         return false;
     }
     unsetenv("TMPDIR");
     return chdir(current.c_str()) == 0 || chdir("/tmp") == 0;
 }
+
+/// Enters it before the first test, when no thread has started and no folder been made.
+class PrivateSystem : public testing::Environment {
+    void SetUp() override { s_private = enter_private_system(); }
+};
+const testing::Environment* const s_environment =
+    testing::AddGlobalTestEnvironment(new PrivateSystem);
+
+}  // namespace
+
+bool cover(const std::string& where, const std::string& folder) {
+    return s_private && show(folder, where);
+}
+
+void uncover(const std::string& where) { umount2(where.c_str(), MNT_DETACH); }
 
 }  // namespace orvel_test

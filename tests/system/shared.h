@@ -6,7 +6,7 @@
 #include <new>
 #include <stdexcept>
 
-namespace orvel_test::torture {
+namespace orvel_test {
 
 /// A new @p Record, which lives as long as the process and is never copied by a fork.
 template <typename Record>
@@ -17,4 +17,4 @@ Record& shared() {
     return *new (memory) Record{};
 }
 
-}  // namespace orvel_test::torture
+}  // namespace orvel_test

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <string>
 
-namespace orvel_test::torture {
+namespace orvel_test {
 
 // In place of dlopen, dlsym, dlclose and clock_gettime; no other library is found.
 void* load_library(const char* name, int mode);
@@ -36,4 +36,4 @@ std::string taken_story();
 /// Microseconds of the clock, which only the waiting for an answer moves on.
 std::int64_t& sound_clock();
 
-}  // namespace orvel_test::torture
+}  // namespace orvel_test

@@ -55,7 +55,8 @@ TEST_F(Bmp2PngTool, EveryPixelOfA24BitFileArrivesOpaque) {
     ASSERT_EQ(orvel_canvas_save_bmp(canvas.get(), bmp.c_str()), 0);
     const Finished done = run({kBmp2Png, bmp, png});
     EXPECT_EQ(done.status, 0);
-    EXPECT_EQ(done.output + done.error, "");
+    EXPECT_EQ(done.output, png + "\n");
+    EXPECT_EQ(done.error, "");
     const Picture picture = read_png(png);
     ASSERT_EQ(picture.width, 7);
     ASSERT_EQ(picture.height, 5);
@@ -107,10 +108,50 @@ TEST_F(Bmp2PngTool, ScaleMakesEveryPixelASquare) {
               "ggg...\n");
 }
 
-TEST_F(Bmp2PngTool, APictureMayBeConvertedInPlace) {
+TEST_F(Bmp2PngTool, ManyPicturesAreConvertedBesideThemselves) {
+    const std::string other = folder / "a name\nof two lines.bmp";
     ASSERT_EQ(orvel_canvas_save_bmp(make_canvas(1, 1).get(), bmp.c_str()), 0);
-    EXPECT_EQ(run({kBmp2Png, bmp, bmp}).status, 0);
-    EXPECT_EQ(read_png(bmp).at(0, 0), orvel_test::kBlack);
+    ASSERT_EQ(orvel_canvas_save_bmp(make_canvas(2, 1).get(), other.c_str()), 0);
+    const Finished done = run({kBmp2Png, bmp, other});
+    EXPECT_EQ(done.status, 0);
+    EXPECT_EQ(done.output,
+              (folder / "in.png") + "\n" + folder.path() + "/a name\\nof two lines.png\n");
+    EXPECT_EQ(read_png(folder / "in.png").width, 1);
+    EXPECT_EQ(read_png(folder / "a name\nof two lines.png").width, 2);
+}
+
+TEST_F(Bmp2PngTool, OnePictureAloneIsConvertedBesideItself) {
+    ASSERT_EQ(orvel_canvas_save_bmp(make_canvas(1, 1).get(), bmp.c_str()), 0);
+    EXPECT_EQ(run({kBmp2Png, bmp}).output, (folder / "in.png") + "\n");
+    EXPECT_EQ(read_png(folder / "in.png").at(0, 0), orvel_test::kBlack);
+}
+
+TEST_F(Bmp2PngTool, PicturesGoIntoTheFolderThatComesLast) {
+    std::filesystem::create_directory(folder / "all");
+    ASSERT_EQ(orvel_canvas_save_bmp(make_canvas(1, 1).get(), bmp.c_str()), 0);
+    EXPECT_EQ(run({kBmp2Png, bmp, folder / "all"}).output, (folder / "all/in.png") + "\n");
+    EXPECT_EQ(read_png(folder / "all/in.png").width, 1);
+}
+
+TEST_F(Bmp2PngTool, APictureThatCannotBeReadDoesNotKeepOthersFromBeingConverted) {
+    ASSERT_EQ(orvel_canvas_save_bmp(make_canvas(1, 1).get(), bmp.c_str()), 0);
+    const Finished done = run({kBmp2Png, folder / "none.bmp", bmp});
+    EXPECT_EQ(done.status, 2);
+    EXPECT_EQ(done.error,
+              "orvel-bmp2png: " + (folder / "none.bmp") + ": No such file or directory\n");
+    EXPECT_EQ(done.output, (folder / "in.png") + "\n");
+}
+
+TEST_F(Bmp2PngTool, ADashIsTheStandardInputAndTheStandardOutput) {
+    ASSERT_EQ(orvel_canvas_save_bmp(colourful(200).get(), bmp.c_str()), 0);
+    const Finished done = run({"sh", "-c", "exec \"$0\" - - <\"$1\"", kBmp2Png, bmp});
+    EXPECT_EQ(done.status, 0);
+    EXPECT_EQ(done.error, "");
+    orvel_test::write_file(png, done.output);
+    EXPECT_EQ(read_png(png).width, 7);
+    EXPECT_EQ(run({kBmp2Png, "-"}).error,
+              "orvel-bmp2png: for the standard input, name the PNG file or - after it "
+              "(orvel-bmp2png --help tells more)\n");
 }
 
 TEST_F(Bmp2PngTool, AFileThatIsNoBmpIsRefused) {
@@ -155,7 +196,6 @@ TEST_F(Bmp2PngTool, APictureTooWideForPngIsRefused) {
 TEST_F(Bmp2PngTool, MistakesOnTheCommandLineAreSaidInOneLine) {
     for (const std::vector<std::string>& arguments :
          std::vector<std::vector<std::string>>{{kBmp2Png},
-                                               {kBmp2Png, bmp},
                                                {kBmp2Png, bmp, png, "--scale", "0"},
                                                {kBmp2Png, bmp, png, "--scale", "65"},
                                                {kBmp2Png, bmp, png, "--scale", "x"},

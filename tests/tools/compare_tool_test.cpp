@@ -47,7 +47,9 @@ TEST_F(CompareTool, DifferingPixelsAreCountedAndBoxedAndExitWith1) {
     orvel_canvas_pixel(canvas.get(), 5, 1, {0, 0, 1, 255});
     const Finished done = run({kCompare, before, save("after.bmp", canvas)});
     EXPECT_EQ(done.status, 1);
-    EXPECT_EQ(done.output, "2 of 28 pixels differ, inside the 4 x 3 box at (2, 1)\n");
+    EXPECT_EQ(done.output,
+              "2 of 28 pixels differ, inside the 4 x 3 box at (2, 1), by up to 255 steps of a "
+              "channel\n");
 }
 
 TEST_F(CompareTool, OnePixelOutOfMillionsIsFound) {
@@ -56,14 +58,16 @@ TEST_F(CompareTool, OnePixelOutOfMillionsIsFound) {
     orvel_canvas_pixel(canvas.get(), 1999, 1499, {0, 1, 0, 255});
     const Finished done = run({kCompare, before, save("after.bmp", canvas)});
     EXPECT_EQ(done.status, 1);
-    EXPECT_EQ(done.output, "1 of 3000000 pixels differ, inside the 1 x 1 box at (1999, 1499)\n");
+    EXPECT_EQ(done.output,
+              "1 of 3000000 pixels differ, inside the 1 x 1 box at (1999, 1499), by 1 step of a "
+              "channel\n");
 }
 
 TEST_F(CompareTool, SizesThatDifferAreSaidAndExitWith1) {
     const Finished done =
         run({kCompare, save("a.bmp", make_canvas(3, 2)), save("b.bmp", make_canvas(3, 4))});
     EXPECT_EQ(done.status, 1);
-    EXPECT_EQ(done.output, "sizes differ: 3 x 2 and 3 x 4\n");
+    EXPECT_EQ(done.output, "sizes differ: 3 x 2 and 3 x 4; 0 of 6 pixels that both have differ\n");
 }
 
 TEST_F(CompareTool, A24BitAndA32BitFileOfOneOpaquePictureAreEqual) {
@@ -79,7 +83,8 @@ TEST_F(CompareTool, AlphaCounts) {
     orvel_canvas_pixel(canvas.get(), 1, 0, {0, 0, 0, 254});
     const Finished done = run({kCompare, opaque, save_rgba("clear.bmp", canvas)});
     EXPECT_EQ(done.status, 1);
-    EXPECT_EQ(done.output, "1 of 2 pixels differ, inside the 1 x 1 box at (1, 0)\n");
+    EXPECT_EQ(done.output,
+              "1 of 2 pixels differ, inside the 1 x 1 box at (1, 0), by 1 step of alpha alone\n");
 }
 
 TEST_F(CompareTool, TheDiffShowsDifferingPixelsRedOnTheFadedPicture) {
@@ -98,17 +103,22 @@ TEST_F(CompareTool, TheDiffShowsDifferingPixelsRedOnTheFadedPicture) {
     EXPECT_EQ(diff.at(2, 0), kRed);
 }
 
-TEST_F(CompareTool, TheDiffOfTwoSizesCoversBoth) {
-    const Finished done = run({kCompare, save("wide.bmp", make_canvas(3, 1)),
-                               save("high.bmp", make_canvas(1, 2)), "--diff", folder / "diff.png"});
+TEST_F(CompareTool, TheDiffOfTwoSizesShowsBothPicturesWithStripes) {
+    const auto wide = make_canvas(20, 10), high = make_canvas(10, 20);
+    orvel_canvas_clear(wide.get(), {10, 20, 30, 255});
+    orvel_canvas_clear(high.get(), {40, 50, 60, 255});
+    const Finished done = run(
+        {kCompare, save("wide.bmp", wide), save("high.bmp", high), "--diff", folder / "diff.png"});
     EXPECT_EQ(done.status, 1);
     const orvel_tools::Picture diff = read_png(folder / "diff.png");
-    ASSERT_EQ(diff.width, 3);
-    ASSERT_EQ(diff.height, 2);
-    EXPECT_EQ(diff.at(0, 0), (orvel_color{192, 192, 192, 255}));
-    for (const auto& [x, y] : {std::pair(1, 0), {2, 0}, {0, 1}, {1, 1}, {2, 1}}) {
-        EXPECT_EQ(diff.at(x, y), kRed) << x << ", " << y;
-    }
+    ASSERT_EQ(diff.width, 20);
+    ASSERT_EQ(diff.height, 20);
+    EXPECT_EQ(diff.at(3, 3), kRed);  // both have it, and it differs
+    EXPECT_EQ(diff.at(15, 2), (orvel_color{10, 20, 30, 255}));
+    EXPECT_EQ(diff.at(15, 1), kRed);  // a stripe
+    EXPECT_EQ(diff.at(2, 15), (orvel_color{40, 50, 60, 255}));
+    EXPECT_EQ(diff.at(7, 15), (orvel_color{0, 0, 255, 255}));
+    EXPECT_EQ(diff.at(15, 15), (orvel_color{255, 255, 255, 255}));
 }
 
 TEST_F(CompareTool, RowsStoredTopFirstAreRead) {
@@ -132,9 +142,9 @@ TEST_F(CompareTool, FilesThatAreNotTheLibrarysAreRefusedInOneLine) {
         return std::string(bytes).replace(at, patch.size(), patch);
     };
     const std::vector<std::pair<std::string, std::string>> cases = {
-        {"", "not a BMP file"},
+        {"", "neither a PNG nor a BMP file"},
         {bytes.substr(0, 53), "not a BMP file"},
-        {with(0, "PM"), "not a BMP file"},
+        {with(0, "PM"), "neither a PNG nor a BMP file"},
         {with(28, "\x08"), "neither of the two BMP forms that the library writes"},
         {with(30, "\x03"), "neither of the two BMP forms that the library writes"},
         {with(18, std::string(4, '\0')), "a picture without pixels"},
@@ -184,7 +194,8 @@ TEST_F(CompareTool, MistakesInTheArgumentsAreOneLineAndStatus2) {
 TEST_F(CompareTool, HelpAndVersionExitWith0) {
     const Finished help = run({kCompare, "--help"});
     EXPECT_EQ(help.status, 0);
-    EXPECT_NE(help.output.find("Usage: orvel-compare [OPTIONS] A B"), std::string::npos);
+    EXPECT_NE(help.output.find("Usage: orvel-compare [OPTIONS] EXPECTED ACTUAL"),
+              std::string::npos);
     EXPECT_NE(help.output.find("0 when the pictures are equal, 1 when they differ, 2 on an error"),
               std::string::npos);
     const Finished version = run({kCompare, "--version"});

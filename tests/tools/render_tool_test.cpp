@@ -123,7 +123,9 @@ TEST_F(RenderTool, EveryFormatShowsTheSamePixels) {
     std::string error;
     EXPECT_EQ(orvel_tools::read_picture(folder / "out.bmp", error)->pixels, picture.pixels);
     const std::string ppm = drawn("out.ppm"), raw = drawn("out.raw"), pbm = drawn("out.pbm");
-    EXPECT_EQ(ppm, *orvel_tools::encoded(picture, "ppm", error));
+    const auto bytes = orvel_tools::encoded(picture, "ppm", error);
+    ASSERT_TRUE(bytes) << error;
+    EXPECT_EQ(ppm, std::string(bytes->begin(), bytes->end()));
     EXPECT_EQ(raw.size(), 40u * 20 * 4);
     EXPECT_EQ(raw.substr(0, 4), std::string("\0\0\0\xFF", 4));
     EXPECT_EQ(pbm.size(), 9u + 5 * 20);

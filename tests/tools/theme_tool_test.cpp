@@ -345,6 +345,8 @@ TEST_F(ThemeTool, LeavesNoFilesBehind) {
 TEST_F(ThemeTool, ErrorsAreOneLineAndStatus2) {
     const std::vector<std::pair<std::vector<std::string>, std::string>> cases = {
         {{}, "A subcommand is required (orvel-theme --help tells more)"},
+        {{"frob"}, "unknown command frob (orvel-theme --help tells more)"},
+        {{"check", "--frob"}, "unknown option --frob (orvel-theme --help tells more)"},
         {{"check"}, "FILE is required (orvel-theme --help tells more)"},
         {{"check", folder / "none.json"}, (folder / "none.json") + ": No such file or directory"},
         {{"check", folder.path()}, folder.path() + ": not a file"},
@@ -357,6 +359,51 @@ TEST_F(ThemeTool, ErrorsAreOneLineAndStatus2) {
         EXPECT_EQ(done.output, "");
         EXPECT_EQ(done.error, "orvel-theme: " + message + "\n");
     }
+}
+
+TEST_F(ThemeTool, ManyFilesAreChecked) {
+    write_file(folder / "good.json", kComplete);
+    write_file(folder / "bad.json", "{}");
+    const Finished done =
+        run({kTheme, "check", folder / "bad.json", folder / "none.json", folder / "good.json"});
+    EXPECT_EQ(done.status, 2);
+    EXPECT_NE(done.output.find((folder / "bad.json") + ": error: missing"), std::string::npos);
+    EXPECT_NE(done.output.find((folder / "good.json") + ": all nine"), std::string::npos);
+    EXPECT_EQ(done.error,
+              "orvel-theme: " + (folder / "none.json") + ": No such file or directory\n");
+    EXPECT_EQ(run({kTheme, "check", folder / "bad.json", folder / "good.json"}).status, 1);
+    EXPECT_EQ(
+        run({kTheme, "check", folder / "bad.json", folder / "good.json", "--preview", "x.png"})
+            .error,
+        "orvel-theme: --preview is for one FILE (orvel-theme --help tells more)\n");
+}
+
+TEST_F(ThemeTool, ADashIsTheStandardInput) {
+    write_file(folder / "good.json", kComplete);
+    const Finished done =
+        run({"sh", "-c", "exec \"$0\" check - <\"$1\"", kTheme, folder / "good.json"});
+    EXPECT_EQ(done.status, 0);
+    EXPECT_EQ(done.output.rfind("standard input: all nine colours are there\n", 0), 0u);
+}
+
+TEST_F(ThemeTool, PathPrintsWhereTheDeliveredThemesLie) {
+    const std::string in_sources = std::filesystem::canonical(kThemes).string() + "\n";
+    EXPECT_EQ(run({kTheme, "path"}).output, in_sources);
+    EXPECT_EQ(run({"sh", "-c", "PATH=$1 && orvel-theme path", "", ORVEL_BINARY_DIR}).output,
+              in_sources);
+    std::filesystem::create_directories(folder / "bin");
+    std::filesystem::copy_file(kTheme, folder / "bin/orvel-theme");
+    const std::vector<std::string> command = {"env", "LD_LIBRARY_PATH=" ORVEL_BINARY_DIR,
+                                              "DYLD_LIBRARY_PATH=" ORVEL_BINARY_DIR,
+                                              folder / "bin/orvel-theme", "path"};
+    Finished done = run(command);
+    EXPECT_EQ(done.status, 2);
+    EXPECT_EQ(done.error,
+              "orvel-theme: the delivered themes are not installed beside this program\n");
+    std::filesystem::create_directories(folder / "share/orvelsdk/themes");
+    done = run(command);
+    EXPECT_EQ(done.output,
+              std::filesystem::canonical(folder / "share/orvelsdk/themes").string() + "\n");
 }
 
 TEST_F(ThemeTool, HelpAndVersionExitWith0) {

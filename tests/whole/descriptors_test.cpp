@@ -24,7 +24,7 @@
 #include "support/child.h"
 #include "support/files.h"
 #include "support/picture.h"
-#include "system/recorded_system.h"
+#include "system/system.h"
 
 namespace {
 
@@ -37,14 +37,12 @@ constexpr int kStreams[] = {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO};
 class DescriptorsTest : public testing::Test {
 protected:
     DescriptorsTest() {
-        recorded_system() = {};
-        recorded_system().tone_path = folder / "tone.wav";
-        recorded_system().child_log = folder / "child";
-        recorded_system().stand_in = folder / "no-player";
+        take_over_system(folder / "tone.wav");
+        begin_anew(folder / "no-player");
         write_file(folder / "Icons/two.bmp", BmpHeader{2, 2}.bytes() + kTwoByTwo);
         write_file(folder / "UI/mine.json", "{ \"error\": \"#123456\" }");
         write_file(folder / "Music/track.wav", "a track");
-        write_file(folder / "Sounds/click.wav", "a sound");
+        write_file(folder / "Sounds/click.wav", "snd of the fake libraries");
         orvel_set_resource_path(folder.path().c_str());
     }
     ~DescriptorsTest() override { orvel_set_resource_path(""); }

@@ -7,7 +7,7 @@
 
 #include "support/bitmap_files.h"
 #include "support/golden.h"
-#include "system/recorded_system.h"
+#include "system/system.h"
 #include "whole/interface_models.h"
 #include "widgets/widget.h"
 
@@ -58,10 +58,8 @@ InterfaceTest::InterfaceTest() : old_folder_(std::filesystem::current_path()) {
     orvel_set_resource_path(".");
     write_file("Icons/dots.bmp", BmpHeader{2, 2}.bytes() + kTwoByTwo);
     write_file("UI/theme.json", "{\"error\": \"#123456\"}");
-    recorded_system() = {};
-    recorded_system().tone_path = folder_ / "tone.wav";
-    recorded_system().child_log = folder_ / "child";
-    recorded_system().stand_in = folder_ / "no-player";
+    take_over_system(folder_ / "tone.wav");
+    begin_anew(folder_ / "no-player");
 }
 
 InterfaceTest::~InterfaceTest() {

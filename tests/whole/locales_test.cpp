@@ -19,7 +19,7 @@
 #include "support/every_byte.h"
 #include "support/files.h"
 #include "support/picture.h"
-#include "system/recorded_system.h"
+#include "system/system.h"
 #include "widgets/distinct_theme.h"
 #include "widgets/kinds.h"
 
@@ -73,9 +73,8 @@ protected:
         const TempFolder folder;
         const int status = in_child([&] {
             std::filesystem::current_path(folder.path());
-            recorded_system() = {};
-            recorded_system().tone_path = "tone.wav";
-            recorded_system().stand_in = "no-player";
+            take_over_system("tone.wav");
+            begin_anew("no-player");
             dup2(open("messages", O_WRONLY | O_CREAT | O_CLOEXEC, 0600), STDERR_FILENO);
             if (!prepare()) return 1;
             work();

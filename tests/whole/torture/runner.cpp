@@ -22,7 +22,8 @@ std::string counted(long number, const char* thing) {
 std::string outcome_of(const Scenario& scenario, const Plan& plan, const std::string& root,
                        Memory& memory) {
     std::string told(1000, ' ');  // not allocated within the run
-    machine() = {};
+    begin_anew("");
+    machine().keeps_log = true;
     orvel_set_resource_path(root.c_str());
     const int descriptors = open_descriptors();
     const long live = allocations_live();
