@@ -80,6 +80,10 @@ std::string settle(Wishes& wishes) {
     if (wishes.data.size() > 1 && !wishes.check) return "several --data go with --check only";
     if (!wishes.data.empty() && wishes.scene.sample)
         return "--data and --sample exclude each other";
+    const auto dashes = std::count(wishes.data.begin(), wishes.data.end(), "-") +
+                        (wishes.scene.scene == "-" ? 1 : 0);
+    if (dashes > 1) return "the standard input can be read once only";
+    if (dashes > 0 && wishes.watch) return "--watch reads again, which the standard input cannot";
     const std::string extension = std::filesystem::path(wishes.output).extension().string();
     if (wishes.format.empty() && extension.size() > 1) wishes.format = extension.substr(1);
     if (wishes.format.empty()) wishes.format = "png";

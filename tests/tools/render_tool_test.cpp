@@ -297,6 +297,10 @@ TEST_F(RenderTool, MistakesAreToldInOneLine) {
                    "--data and --sample exclude each other");
     expect_refused({"-o", png, "--data", "x", "--data", "y"},
                    "several --data go with --check only");
+    expect_refused({"--check", "--data", "-", "--data", "-"},
+                   "the standard input can be read once only");
+    expect_refused({"-o", png, "--watch", "--data", "-"},
+                   "--watch reads again, which the standard input cannot");
     expect_refused({"-o", png, "--size", "800"},
                    "--size 800: expected WIDTHxHEIGHT, 800x480 for instance");
     expect_refused({"-o", png, "--size", "0x9"},
