@@ -120,6 +120,12 @@ bool print_changes(const Wishes& wishes, const Picture& now, std::string& error)
 bool write(const Wishes& wishes, const orvel_canvas* canvas, std::string& error) {
     auto picture = orvel_tools::panel_picture(canvas, wishes.outlet);
     if (!picture) throw std::bad_alloc();
+    constexpr std::size_t kMostPixels = std::size_t{64} << 20;
+    const auto scale = static_cast<std::size_t>(wishes.scale);
+    if (picture->pixels.size() > kMostPixels / (scale * scale)) {
+        error = wishes.output + ": more than 64 million pixels";
+        return false;
+    }
     if (wishes.scale > 1) picture = orvel_tools::scaled(*picture, wishes.scale);
     if (!wishes.previous.empty() && !print_changes(wishes, *picture, error)) return false;
     const auto bytes = wishes.format == "raw"
