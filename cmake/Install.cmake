@@ -8,12 +8,14 @@ file(RELATIVE_PATH orvel_pc_to_prefix
 string(REGEX REPLACE "/$" "" orvel_pc_to_prefix "${orvel_pc_to_prefix}")
 
 # orvel_install_library(TARGET NAME pkg_config_name DESCRIPTION text HEADERS file...
-#                       [COMPONENT name] [NEEDS pkg_config_name] [STATIC target])
+#                       [COMPONENT name] [NEEDS pkg_config_name]
+#                       [STATIC target] [STATIC_NEEDS pkg_config_name])
 #
 # COMPONENT is what hosts of CMake ask find_package(OrvelSDK) for to get it, NEEDS the library of this
-# project that it links, STATIC the target of the same as an archive.
+# project that it links, STATIC the target of the same as an archive, STATIC_NEEDS what that links.
 function(orvel_install_library target)
-    cmake_parse_arguments(arg "" "NAME;DESCRIPTION;COMPONENT;NEEDS;STATIC" "HEADERS" ${ARGN})
+    cmake_parse_arguments(arg "" "NAME;DESCRIPTION;COMPONENT;NEEDS;STATIC;STATIC_NEEDS"
+                          "HEADERS" ${ARGN})
     set(runtime lib${arg_NAME}0)
     set(development lib${arg_NAME}-dev)
     install(FILES ${arg_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT ${development})
@@ -36,6 +38,7 @@ function(orvel_install_library target)
         get_target_property(runtime_of_cxx ${arg_STATIC} ORVEL_CXX_RUNTIME)
         list(TRANSFORM runtime_of_cxx PREPEND " -l")
         string(APPEND libs ${runtime_of_cxx})
+        set(requires "Requires: ${arg_STATIC_NEEDS} = ${PROJECT_VERSION}\n")
         configure_file(${PROJECT_SOURCE_DIR}/cmake/library.pc.in ${arg_NAME}-static.pc @ONLY)
         list(APPEND pc_files ${PROJECT_BINARY_DIR}/${arg_NAME}-static.pc)
     endif()
@@ -54,9 +57,17 @@ if(APPLE)
     install(FILES ${PROJECT_BINARY_DIR}/OrvelSDK DESTINATION ${CMAKE_INSTALL_LIBDIR}
             COMPONENT liborvelsdk0)
 endif()
-orvel_install_library(OrvelKit NAME orvelkit COMPONENT Kit NEEDS orvelsdk STATIC OrvelKitStatic
+orvel_install_library(OrvelKit NAME orvelkit COMPONENT Kit NEEDS orvelsdk
+                      STATIC OrvelKitStatic STATIC_NEEDS orvelsdk
                       DESCRIPTION "Readable words, widgets, charts and pixels beside OrvelSDK"
                       HEADERS ${PROJECT_SOURCE_DIR}/kit/include/orvel_kit.h)
+
+if(TARGET OrvelScreen)
+    orvel_install_library(OrvelScreen NAME orvelscreen COMPONENT Screen NEEDS orvelkit
+                          STATIC OrvelScreenStatic STATIC_NEEDS orvelkit-static
+                          DESCRIPTION "Screens from files, laid out, drawn and described"
+                          HEADERS ${PROJECT_SOURCE_DIR}/kit/include/orvel_screen.h)
+endif()
 
 write_basic_package_version_file(OrvelSDKConfigVersion.cmake COMPATIBILITY SameMinorVersion)
 install(FILES ${PROJECT_SOURCE_DIR}/cmake/OrvelSDKConfig.cmake

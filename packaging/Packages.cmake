@@ -111,12 +111,26 @@ orvel_package(liborvelkit-dev SECTION libdevel
     COMPILED_IN ${letters}
     HOLDS "the header of the kit, the kit as an archive, and\nwhat CMake and pkg-config need to find both.")
 
+if(TARGET OrvelScreen)
+    find_package(nlohmann_json QUIET)
+    set(reader nlohmann-json "${nlohmann_json_VERSION}" MIT
+        ${CMAKE_CURRENT_LIST_DIR}/licences/nlohmann-json)
+    orvel_package(liborvelscreen0 SECTION libs
+        DEPENDS "liborvelkit0 (= ${PROJECT_VERSION}), liborvelsdk0 (= ${PROJECT_VERSION})"
+        COMPILED_IN ${reader}
+        HOLDS "screens: files in which they are written are\nread, laid out, drawn and described.")
+    orvel_package(liborvelscreen-dev SECTION libdevel
+        DEPENDS "liborvelscreen0 (= ${PROJECT_VERSION}), liborvelkit-dev (= ${PROJECT_VERSION})"
+        COMPILED_IN ${reader}
+        HOLDS "the header of screens, their library as an\narchive, and what CMake and pkg-config need to find both.")
+endif()
+
 if(ORVEL_BUILD_TOOLS)
     find_package(CLI11 QUIET)
     orvel_package(orvelsdk-tools SECTION devel
         DEPENDS "liborvelsdk0 (>= ${PROJECT_VERSION})"
         COMPILED_IN CLI11 "${CLI11_VERSION}" BSD-3-Clause ${CMAKE_CURRENT_LIST_DIR}/licences/CLI11
-                    ${letters}
+                    ${letters} ${reader}
         HOLDS "the programs that draw scenes, compare and convert\npictures and check theme files.")
     file(GLOB pages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tools/man/*.1)
     foreach(page IN LISTS pages)

@@ -79,6 +79,10 @@ std::string settle(Wishes& wishes) {
     if (wishes.data.size() > 1 && !wishes.check) return "several --data go with --check only";
     if (!wishes.data.empty() && wishes.scene.sample)
         return "--data and --sample exclude each other";
+    const auto dashes = std::count(wishes.data.begin(), wishes.data.end(), "-") +
+                        (wishes.scene.scene == "-" ? 1 : 0);
+    if (dashes > 1) return "the standard input can be read once only";
+    if (dashes > 0 && wishes.watch) return "--watch reads again, which the standard input cannot";
     const std::string extension = std::filesystem::path(wishes.output).extension().string();
     if (wishes.format.empty() && extension.size() > 1) wishes.format = extension.substr(1);
     if (wishes.format.empty()) wishes.format = "png";
@@ -115,6 +119,12 @@ bool print_changes(const Wishes& wishes, const Picture& now, std::string& error)
 bool write(const Wishes& wishes, const orvel_canvas* canvas, std::string& error) {
     auto picture = orvel_tools::panel_picture(canvas, wishes.outlet);
     if (!picture) throw std::bad_alloc();
+    constexpr std::size_t kMostPixels = std::size_t{64} << 20;
+    const auto scale = static_cast<std::size_t>(wishes.scale);
+    if (picture->pixels.size() > kMostPixels / (scale * scale)) {
+        error = wishes.output + ": more than 64 million pixels";
+        return false;
+    }
     if (wishes.scale > 1) picture = orvel_tools::scaled(*picture, wishes.scale);
     if (!wishes.previous.empty() && !print_changes(wishes, *picture, error)) return false;
     const auto bytes = wishes.format == "raw"

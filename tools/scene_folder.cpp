@@ -13,6 +13,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr long long kMostInFolder = 64LL << 20;
+
+long long pixels_of(const orvel_canvas* canvas) {
+    return static_cast<long long>(orvel_canvas_width(canvas)) * orvel_canvas_height(canvas);
+}
+
 bool leaves(const fs::path& name) {
     return name.empty() || name.has_root_path() ||
            std::any_of(name.begin(), name.end(), [](const fs::path& part) { return part == ".."; });
@@ -105,9 +111,17 @@ std::string SceneFolder::resolved(const std::string& name) {
 const orvel_canvas* SceneFolder::picture(const std::string& name) {
     const auto [at, made] = pictures_.try_emplace(name);
     const std::string path = made ? resolved(name) : "";
+    if (path.empty()) return at->second.get();
     std::string error;
-    if (!path.empty()) at->second = canvas_from(path, error);
-    if (!error.empty()) refuse(name, error);
+    CanvasPtr canvas = canvas_from(path, error);
+    pixels_ += canvas ? pixels_of(canvas.get()) : 0;
+    if (pixels_ > kMostInFolder) {
+        error = "more than 64 million pixels together with the scene's other pictures";
+        pixels_ -= pixels_of(canvas.get());
+        canvas.reset();
+    }
+    if (!canvas) refuse(name, error);
+    at->second = std::move(canvas);
     return at->second.get();
 }
 

@@ -64,6 +64,7 @@ private:
     std::vector<std::string> files_;
     std::string refused_, complaint_;  // the name, and why
     std::map<std::string, CanvasPtr> pictures_;
+    long long pixels_ = 0;  // of all pictures
     std::map<std::string, std::unique_ptr<orvel_theme>> themes_;
     std::map<std::string, std::unique_ptr<kit_face, CloseFace>> faces_;
     std::map<std::string, std::string> scenes_;

@@ -1,4 +1,6 @@
 // What has to be drawn again.
+#include <algorithm>
+#include <cmath>
 #include <cstring>
 #include <tuple>
 
@@ -17,10 +19,11 @@ bool same(const Look& a, const Look& b) {
     return a.face == b.face && std::memcmp(&a.theme, &b.theme, sizeof a.theme) == 0;
 }
 
-/// Bit by bit, since what is missing is a NaN.
+/// What is missing is a NaN.
 bool same(const std::vector<double>& a, const std::vector<double>& b) {
-    return a.size() == b.size() &&
-           (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof a[0]) == 0);
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](double one, double other) {
+        return one == other || (std::isnan(one) && std::isnan(other));
+    });
 }
 
 bool same(const std::vector<NodeSeries>& a, const std::vector<NodeSeries>& b) {
@@ -36,16 +39,14 @@ bool same(const std::vector<NodeSeries>& a, const std::vector<NodeSeries>& b) {
 auto drawn(const Node& node) {
     return std::tie(node.kind, node.pad, node.wrap, node.lines, node.text, node.hint, node.icon,
                     node.unit, node.amount, node.decimals, node.state, node.parts, node.words,
-                    node.shape, node.picture, node.unknown);
+                    node.shape, node.picture, node.unknown, node.value, node.low, node.high);
 }
 
 bool looks_like(const Node& a, const Node& b) {
     if (!paints(a) && !paints(b)) return true;
     if (!same(a.box, b.box) || !same(a.visible, b.visible) || drawn(a) != drawn(b)) return false;
-    const double before[] = {a.value, a.low, a.high}, after[] = {b.value, b.low, b.high};
-    return std::memcmp(before, after, sizeof before) == 0 && same(a.look, b.look) &&
-           same(a.ground, b.ground) && same(a.edge, b.edge) && same(a.color, b.color) &&
-           same(a.numbers, b.numbers) && same(a.series, b.series);
+    return same(a.look, b.look) && same(a.ground, b.ground) && same(a.edge, b.edge) &&
+           same(a.color, b.color) && same(a.numbers, b.numbers) && same(a.series, b.series);
 }
 
 /// The next child that shows from @p i on, or the end of them all.

@@ -12,9 +12,10 @@ namespace {
 class Brush {
 public:
     Brush(const Node& node, orvel_canvas* canvas, int left, int top)
-        : node_(node), canvas_(canvas), box_(moved(node.box, left, top)) {
-        inside_ = moved(node.inside(), left, top);
-    }
+        : node_(node),
+          canvas_(canvas),
+          box_(moved(node.box, left, top)),
+          inside_(moved(node.inside(), left, top)) {}
 
     static kit_box moved(const kit_box& box, int left, int top) {
         return {box.x - left, box.y - top, box.w, box.h};

@@ -73,6 +73,7 @@ build_copy() {  # FOLDER CMAKE_BUILD_OPTION...
     done
     {
         cmake -S "$folder" -B "$folder/build" -DCMAKE_DISABLE_FIND_PACKAGE_CLI11=ON \
+            -DCMAKE_DISABLE_FIND_PACKAGE_nlohmann_json=ON \
             -DCMAKE_DISABLE_FIND_PACKAGE_PNG=ON -DCMAKE_DISABLE_FIND_PACKAGE_GTest=ON &&
             cmake --build "$folder/build" -j "$(getconf _NPROCESSORS_ONLN)" "$@"
     } >cmake.log 2>&1 || fail "$(cat cmake.log)"
@@ -141,6 +142,22 @@ kit_by_find_package_shared_and_static_in_a_moved_tree)
         done
     done
     ;;
+screens_by_pkg_config_and_find_package_in_a_moved_tree)
+    moved_tree "$work/a folder with spaces"
+    use_prefix "$work/a folder with spaces"
+    for name in orvelscreen orvelscreen-static; do
+        flags_of $name
+        cc -std=c99 -pedantic -Wall -Wextra -Werror "$consumer/screen_consumer.c" -o $name "${flags[@]}"
+        run_consumer ./$name
+    done
+    for library in Screen ScreenStatic; do
+        rm -rf build
+        build_with_cmake C -DKIT=$library -DCMAKE_PREFIX_PATH="$work/a folder with spaces"
+    done
+    # A host of the archive needs no other library than the first.
+    rm -f "$LD_LIBRARY_PATH"/libOrvel{Kit,Screen}.so* "$LD_LIBRARY_PATH"/libOrvel{Kit,Screen}*.dylib
+    run_consumer ./orvelscreen-static
+    ;;
 kit_that_is_not_installed_is_told)
     for component in liborvelsdk0 liborvelsdk-dev; do
         cmake --install "$build_folder" --prefix "$work/prefix" --component $component >install.log ||
@@ -170,21 +187,26 @@ install_name_on_macos)
             [ "$(otool -D "$library" | tail -n 1)" = OrvelSDK ] || fail "$(otool -D "$library")"
             [ -e "$(dirname "$library")/OrvelSDK" ] || fail "programs do not find $library"
         done
-        for library in "$build_folder/libOrvelKit.dylib" "$work/prefix/lib/libOrvelKit.dylib"; do
-            [ "$(otool -D "$library" | tail -n 1)" = @rpath/libOrvelKit.dylib ] ||
+        for library in "$build_folder/libOrvelKit.dylib" "$work/prefix/lib/libOrvelKit.dylib" \
+            "$build_folder/libOrvelScreen.dylib" "$work/prefix/lib/libOrvelScreen.dylib"; do
+            [ "$(otool -D "$library" | tail -n 1)" = "@rpath/${library##*/}" ] ||
                 fail "$(otool -D "$library")"
             otool -L "$library" | grep -q '@rpath/libOrvelSDK.dylib' || fail "$(otool -L "$library")"
         done
     else
-        (cd "$source_folder" && cmake --preset tarball -B "$work/build" -DORVEL_BUILD_TOOLS=OFF \
+        mkdir bin
+        printf '#!/bin/sh\necho 11.0\n' >bin/sw_vers
+        chmod +x bin/sw_vers
+        (cd "$source_folder" && PATH=$work/bin:$PATH cmake --preset tarball -B "$work/build" -DORVEL_BUILD_TOOLS=OFF \
             -DCMAKE_SYSTEM_NAME=Darwin -DCMAKE_TRY_COMPILE_TARGET_TYPE=STATIC_LIBRARY \
             -DCMAKE_CXX_OSX_DEPLOYMENT_TARGET_FLAG=-mmacosx-version-min= \
             -DCMAKE_INSTALL_NAME_TOOL=/usr/bin/install_name_tool) >cmake.log 2>&1 ||
             fail "$(cat cmake.log)"
         [ "$(grep -v install_name_tool build/build.ninja | grep -o -E 'install_name[^ ]*|SONAME.*' |
-            sort | xargs)" = "install_name,@rpath/libOrvelKit.dylib install_name,OrvelSDK" ] ||
-            fail "the linker is told more or less than the two install names"
-        for exports in exports_apple.txt exports_kit_apple.txt; do
+            sort | xargs)" = "install_name,@rpath/libOrvelKit.dylib \
+install_name,@rpath/libOrvelScreen.dylib install_name,OrvelSDK" ] ||
+            fail "the linker is told more or less than the three install names"
+        for exports in exports_apple.txt exports_kit_apple.txt exports_screen_apple.txt; do
             [ "$(grep -c "exported_symbols_list,$source_folder/cmake/$exports" build/build.ninja)" = 1 ] ||
                 fail "no library exports what $exports says"
         done
@@ -192,8 +214,8 @@ install_name_on_macos)
             fail "the kit does not find the library by its run path"
         grep -q -e '-mmacosx-version-min=11.0' build/build.ninja ||
             fail "the tarball is for no older macOS than the builder's"
-        if grep -r -E 'install_name| -id' build/cmake_install.cmake build/src/cmake_install.cmake \
-            build/kit/cmake_install.cmake | grep -v rpath; then
+        if grep -E -e '-(id|change) ' build/cmake_install.cmake build/src/cmake_install.cmake \
+            build/kit/cmake_install.cmake; then
             fail "the installation changes the install name"
         fi
         [ "$(readlink build/OrvelSDK)" = libOrvelSDK.dylib ] ||

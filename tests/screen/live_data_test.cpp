@@ -84,6 +84,64 @@ TEST(LiveDataTest, AThemeReachesAllBelow) {
     EXPECT_EQ(redrawn(screen.get(), canvas.get()), (kit_box{0, 0, 40, 10}));
 }
 
+TEST(LiveDataTest, EveryKeyThatIsDrawnIsDrawnAnew) {
+    struct Row {
+        const char* node;
+        const char* before;
+        const char* after;
+    };
+    for (const Row& row : std::initializer_list<Row>{
+             {R"("text": "Words", "align": "${x}")", "\"left\"", "\"right\""},
+             {R"("text": "Words Words Words", "wrap": "${x}")", "false", "true"},
+             {R"("text": "Words Words Words Words", "wrap": true, "lines": "${x}")", "2", "1"},
+             {R"("text": "Words", "color": "${x}")", "\"text\"", "\"error\""},
+             {R"("text": "Words", "color": "${x}")", "\"#010203\"", "\"#010204\""},
+             {R"("text": "Words", "face": "${x}")", "\"sans 12\"", "\"bold 12\""},
+             {R"("text": "Words", "ground": "${x}")", "\"surface\"", "\"error\""},
+             {R"("text": "Words", "edge": "${x}")", "\"surface\"", "\"error\""},
+             {R"("text": "Words", "pad": "${x}")", "1", "[1, 2]"},
+             {R"("button": "Go", "icon": "${x}")", "\"mail\"", "\"home\""},
+             {R"("button": "Go", "hover": "${x}")", "false", "true"},
+             {R"("button": "Go", "focus": "${x}")", "false", "true"},
+             {R"("dropdown": "Go", "on": "${x}")", "false", "true"},
+             {R"("textbox": "", "hint": "${x}")", "\"A\"", "\"B\""},
+             {R"("menu": ["A", "B"], "selected": "${x}")", "0", "1"},
+             {R"("menu": "${x}")", "[\"A\"]", "[\"B\"]"},
+             {R"("slider": 1, "range": "${x}")", "[0, 2]", "[0, 3]"},
+             {R"("bars": "${x}")", "[0.5]", "[0.75]"},
+             {R"("window": null, "title": "${x}")", "\"A\"", "\"B\""},
+             {R"("chart": "${x}", "values": [1, 2, 3])", "\"line\"", "\"bars\""},
+             {R"("chart": "line", "values": "${x}")", "[1, null, 3]", "[1, 2, 3]"},
+             {R"("chart": "line", "values": [1, 2], "range": "${x}")", "[0, 9]", "[0, 8]"},
+             {R"("chart": "line", "values": [1, 2], "axes": "${x}")", "false", "true"},
+             {R"("chart": "line", "values": [1, 2], "color": "${x}")", "\"text\"", "\"error\""},
+             {R"("chart": "line", "axes": true, "values": [1, 2], "unit": "${x}")", "\"m\"",
+              "\"s\""},
+             {R"("chart": "line", "axes": true, "values": [1, 2], "decimals": "${x}")", "0", "2"},
+             {R"("chart": "bars", "values": [1, 2], "labels": "${x}")", "[1, 2]", "[3, 2]"},
+             {R"("chart": "line", "series": "${x}")", R"([{"values": [1]}])",
+              R"([{"values": [1, 2]}])"},
+             {R"("chart": "line", "legend": true, "series": "${x}")",
+              R"([{"values": [1, 2], "name": "A"}])", R"([{"values": [1, 2], "name": "B"}])"},
+             {R"("chart": "line", "series": "${x}")", R"([{"values": [1, 2]}])",
+              R"([{"values": [1, 2], "color": "error"}])"},
+             {R"("chart": "line", "series": "${x}")", R"([{"values": [1, 2]}])",
+              R"([{"values": [1, 2]}, {"values": [2, 1]}])"}}) {
+        SCOPED_TRACE(row.node);
+        const ScreenPtr screen = opened(
+            scene(std::string(R"({"column": [{"width": 80, "height": 60, )") + row.node + "}]}",
+                  kHead),
+            (std::string("{\"x\": ") + row.before + "}").c_str());
+        const CanvasPtr canvas = drawn(screen.get());
+        const auto before = checksum(canvas.get());
+        EXPECT_EQ(set(screen.get(), "x", row.after), "");
+        EXPECT_EQ(redrawn(screen.get(), canvas.get()), (kit_box{0, 0, 80, 60}));
+        EXPECT_NE(checksum(canvas.get()), before);
+        EXPECT_EQ(set(screen.get(), "x", row.after), "");
+        EXPECT_EQ(redrawn(screen.get(), canvas.get()), kit_box{});
+    }
+}
+
 TEST(LiveDataTest, AGroundOfAllIsDrawnEverywhere) {
     const std::string text =
         R"({"orvel": 1, "size": [20, 10], "theme": "${theme}", "root": {"space": null}})";

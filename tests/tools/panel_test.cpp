@@ -195,7 +195,7 @@ TEST_F(PictureFile, PpmAndPbmAreWhatTheirNamesSay) {
 }
 
 TEST_F(PictureFile, WhatIsNoPictureIsRefused) {
-    EXPECT_EQ(reason("BM"), path + ": the file ends too early");
+    EXPECT_EQ(reason("BM"), path + ": not a BMP file");
     EXPECT_EQ(reason("").substr(0, path.size() + 2), path + ": ");
     EXPECT_EQ(reason("GIF89a").substr(0, path.size() + 2), path + ": ");
     const std::string whole = bytes("png");

@@ -292,6 +292,24 @@ TEST_F(RenderTool, APictureThatIsNotThereIsToldAndDoneWithout) {
     EXPECT_EQ(run({"--check"}).status, 1);
 }
 
+TEST_F(RenderTool, PicturesHaveABoundTogether) {
+    std::string error, nodes;
+    const Picture large = {4096, 4000, std::vector<orvel_color>(4096 * 4000, kRed)};
+    const auto bytes = orvel_tools::encoded(large, "png", error);
+    ASSERT_TRUE(bytes) << error;
+    for (const char* name : {"a.png", "b.png", "c.png", "d.png", "e.png"}) {
+        write_file(folder / name, {bytes->begin(), bytes->end()});
+        nodes += std::string(nodes.empty() ? "" : ",") + R"({"picture": ")" + name + "\"}";
+    }
+    write_file(scene, R"({"orvel": 1, "size": [9, 9], "root": {"stack": [)" + nodes + "]}}");
+    const Finished done = run({"-o", png});
+    EXPECT_EQ(done.status, 0);
+    EXPECT_EQ(done.error,
+              "orvel-render: e.png: more than 64 million pixels together with the "
+              "scene's other pictures\n");
+    EXPECT_EQ(read_png(png).at(0, 0), kRed);
+}
+
 TEST_F(RenderTool, MistakesAreToldInOneLine) {
     expect_refused({}, "nothing to do without -o, --describe or --check");
     expect_refused({"-o", png, "--check"}, "--check draws nothing");
@@ -299,6 +317,10 @@ TEST_F(RenderTool, MistakesAreToldInOneLine) {
                    "--data and --sample exclude each other");
     expect_refused({"-o", png, "--data", "x", "--data", "y"},
                    "several --data go with --check only");
+    expect_refused({"--check", "--data", "-", "--data", "-"},
+                   "the standard input can be read once only");
+    expect_refused({"-o", png, "--watch", "--data", "-"},
+                   "--watch reads again, which the standard input cannot");
     expect_refused({"-o", png, "--size", "800"},
                    "--size 800: expected WIDTHxHEIGHT, 800x480 for instance");
     expect_refused({"-o", png, "--size", "0x9"},
@@ -323,6 +345,8 @@ TEST_F(RenderTool, MistakesAreToldInOneLine) {
                    folder / "data.json:1:11: found \"}\", expected a key in quotes");
     expect_refused({"--sample", "-o", folder / "no/out.png"},
                    folder / "no/out.png: No such file or directory");
+    expect_refused({"--sample", "-o", png, "--size", "3000x3000", "--scale", "16"},
+                   png + ": more than 64 million pixels");
     write_file(scene, R"({"orvel": 1, "size": [9000, 9000], "root": {"space": 1}})");
     expect_refused({"-o", png},
                    "a screen of 9000 x 9000 pixels is too large: 16 million are the most");
