@@ -121,8 +121,8 @@ kit_by_pkg_config_shared_and_static_in_a_moved_tree)
     use_prefix "$work/a folder with spaces"
     for kit in orvelkit orvelkit-static; do
         flags_of $kit
-        cc -std=c99 -pedantic -Wall -Wextra -Werror "$consumer/kit_consumer.c" -o $kit-c "${flags[@]}"
-        c++ -std=c++20 -Wall -Wextra -Werror "$consumer/kit_consumer.cpp" -o $kit-cpp "${flags[@]}"
+        cc -std=c99 -pedantic -Wall -Wextra -Werror "$consumer/kit_consumer.c" -o $kit-c ${flags[@]+"${flags[@]}"}
+        c++ -std=c++20 -Wall -Wextra -Werror "$consumer/kit_consumer.cpp" -o $kit-cpp ${flags[@]+"${flags[@]}"}
         run_consumer ./$kit-c
         run_consumer ./$kit-cpp
         [ "$(pkg-config --modversion $kit)" = "$(pkg-config --modversion orvelsdk)" ] ||
@@ -147,7 +147,7 @@ screens_by_pkg_config_and_find_package_in_a_moved_tree)
     use_prefix "$work/a folder with spaces"
     for name in orvelscreen orvelscreen-static; do
         flags_of $name
-        cc -std=c99 -pedantic -Wall -Wextra -Werror "$consumer/screen_consumer.c" -o $name "${flags[@]}"
+        cc -std=c99 -pedantic -Wall -Wextra -Werror "$consumer/screen_consumer.c" -o $name ${flags[@]+"${flags[@]}"}
         run_consumer ./$name
     done
     for library in Screen ScreenStatic; do
@@ -174,7 +174,7 @@ archive_brings_only_the_faces_that_are_named)
     install_into "$work/prefix"
     use_prefix "$work/prefix"
     flags_of orvelkit-static
-    cc -std=c99 "$consumer/kit_consumer.c" -o consumer "${flags[@]}"
+    cc -std=c99 "$consumer/kit_consumer.c" -o consumer ${flags[@]+"${flags[@]}"}
     nm consumer >symbols
     grep -q ' kit_sans_12$' symbols || fail "the face is missing"
     if grep -E ' kit_(digits|bold|mono|sans_40)' symbols; then fail "faces come along unasked"; fi
