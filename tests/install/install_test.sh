@@ -147,7 +147,7 @@ screens_by_pkg_config_and_find_package_in_a_moved_tree)
     use_prefix "$work/a folder with spaces"
     for name in orvelscreen orvelscreen-static; do
         flags_of $name
-        cc -std=c99 -pedantic -Wall -Wextra -Werror "$consumer/screen_consumer.c" -o $name "${flags[@]}"
+        cc -std=c99 -pedantic -Wall -Wextra -Werror "$consumer/screen_consumer.c" -o $name ${flags[@]+"${flags[@]}"}
         run_consumer ./$name
     done
     for library in Screen ScreenStatic; do
