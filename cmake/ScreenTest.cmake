@@ -26,8 +26,7 @@ function(orvel_add_screen_test)
         endif()
         set(compare ${ORVEL_COMPARE})
     endif()
-    set(command ${arg_COMMAND})
-    list(POP_FRONT command program)
+    list(GET arg_COMMAND 0 program)
     if(TARGET ${program})
         set(program $<TARGET_FILE:${program}>)
     endif()
@@ -38,7 +37,7 @@ function(orvel_add_screen_test)
     get_filename_component(expected ${arg_EXPECTED} ABSOLUTE)
     string(MAKE_C_IDENTIFIER ${arg_NAME} folder)
     add_test(NAME ${arg_NAME} COMMAND ${CMAKE_COMMAND}
-        -DFOLDER=${CMAKE_CURRENT_BINARY_DIR}/screens/${folder} -DEXPECTED=${expected} -DMASK=${mask}
-        -DCOMPARE=${compare} -P ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/RunScreens.cmake
-        -- ${program} ${command})
+        -DFOLDER=${CMAKE_CURRENT_BINARY_DIR}/screen-tests/${folder} -DEXPECTED=${expected} -DMASK=${mask}
+        -DCOMPARE=${compare} -DPROGRAM=${program}
+        -P ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/RunScreens.cmake -- ${arg_COMMAND})
 endfunction()

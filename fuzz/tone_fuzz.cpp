@@ -88,9 +88,9 @@ struct Failures {
     void arrange() const {
         begin_anew("");
         machine().forks = false;
-        if (!opens) fix(Call::open, Way::fails);
-        if (!forks) fix(Call::fork, Way::fails);
-        fix(Call::write, writes);
+        if (!opens) always(Call::open, Way::fails);
+        if (!forks) always(Call::fork, Way::fails);
+        always(Call::write, writes);
     }
 
     /// The calls by which a tone of that file is played.

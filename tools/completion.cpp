@@ -120,7 +120,8 @@ std::string zsh_arguments(const CLI::App& app, const std::string& rest) {
         }
         for (const std::string& name : names_of(*option)) {
             text += " \\\n        '";
-            text += name + "[" + quoted(option->get_description(), true) + "]" + value + "'";
+            text += name;
+            text += "[" + quoted(option->get_description(), true) + "]" + value + "'";
         }
     }
     return text + " \\\n        " + rest + "\n";
@@ -171,9 +172,12 @@ std::string for_fish(const CLI::App& app) {
     for (const CLI::App* command : commands_of(app)) {
         const std::string& name = command->get_name();
         text += start;
-        text += first + " -f -a " + name + " -d '" + quoted(command->get_description()) + "'\n";
+        text += first;
+        text += " -f -a " + name;
+        text += " -d '" + quoted(command->get_description()) + "'\n";
         std::string options = start;
-        options += after + name + "'";
+        options += after;
+        options += name + "'";
         text += fish_options(*command, options);
     }
     return text;

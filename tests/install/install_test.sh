@@ -179,6 +179,28 @@ archive_brings_only_the_faces_that_are_named)
     grep -q ' kit_sans_12$' symbols || fail "the face is missing"
     if grep -E ' kit_(digits|bold|mono|sans_40)' symbols; then fail "faces come along unasked"; fi
     ;;
+screens_are_tested_by_one_line_of_cmake)
+    moved_tree "$work/a folder with spaces"
+    use_prefix "$work/a folder with spaces"
+    expected="$work/expected screens"
+    {
+        cmake -S "$consumer/screens" -B build -G Ninja -DEXPECTED="$expected" \
+            -DCMAKE_PREFIX_PATH="$work/a folder with spaces" && cmake --build build
+    } >cmake.log 2>&1 || fail "$(cat cmake.log)"
+    run_screens() { ctest --test-dir build --output-on-failure -R "^$1\$" >screens.log 2>&1; }
+    if run_screens screens; then fail "nothing is expected, and yet the test passes"; fi
+    approval=$(sed -n 's/^To approve what was drawn: //p' screens.log)
+    eval "$approval" || fail "$(cat screens.log)"
+    run_screens screens || fail "$(cat screens.log)"
+    export INK=9
+    if run_screens screens; then fail "a change is not found"; fi
+    grep -q "100 of 600 pixels differ" screens.log || fail "$(cat screens.log)"
+    report=$(sed -n 's/^The report: //p' screens.log)
+    grep -q "<h1>1 of 1 picture not as expected</h1>" "$report" || fail "no report"
+    run_screens masked || fail "$(cat screens.log)"
+    if run_screens failing; then fail "a program that fails passes"; fi
+    grep -q "The program failed: 1" screens.log || fail "$(cat screens.log)"
+    ;;
 install_name_on_macos)
     # Elsewhere, what CMake would do there is read from the files that it generates.
     if [ "$(uname)" = Darwin ]; then

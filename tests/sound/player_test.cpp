@@ -226,7 +226,7 @@ TEST_F(PlayerTest, AMissingFileLeavesSilence) {
 
 TEST_F(PlayerTest, AFailedForkLeavesSilence) {
     const int pid = play_until_ready("track");
-    fix(Call::fork, Way::fails);
+    always(Call::fork, Way::fails);
     EXPECT_EQ(play("other"), -1);
     EXPECT_TRUE(is_gone(pid));
     forget_calls();
@@ -327,7 +327,7 @@ TEST_F(PlayerTest, StartingAPlayerLeavesTheSignalMaskAsItWas) {
     sigemptyset(&none);
     pthread_sigmask(SIG_SETMASK, &none, &before);
     EXPECT_EQ(play("track"), 0);
-    fix(Call::fork, Way::fails);
+    always(Call::fork, Way::fails);
     EXPECT_EQ(play("track"), -1);
     pthread_sigmask(SIG_SETMASK, &before, &after);
     for (const int signal : {SIGTERM, SIGINT, SIGCHLD}) EXPECT_EQ(sigismember(&after, signal), 0);

@@ -136,7 +136,7 @@ TEST_F(SoundTest, MissingMusicIsReportedByItsPathWithoutExtension) {
 
 TEST_F(SoundTest, AFailedForkIsMinusOneAfterTheLine) {
     write_file(folder / "Music/track.mp3", "a track");
-    fix(Call::fork, Way::fails);
+    always(Call::fork, Way::fails);
     call(orvel_play_music, "track");
     EXPECT_EQ(result, -1);
     EXPECT_EQ(error, "[OrvelSDK] musica: " + (folder / "Music/track.mp3") + "\n");

@@ -104,7 +104,7 @@ TEST_F(PlayToneTest, NanAndInfinityPlaySilenceOfTheRightLength) {
 }
 
 TEST_F(PlayToneTest, AFailedForkIsMinusOneAfterTheLine) {
-    fix(Call::fork, Way::fails);
+    always(Call::fork, Way::fails);
     const auto output = captured([] { EXPECT_EQ(orvel_play_tone(440.0, 100), -1); });
     EXPECT_EQ(output.error, "[OrvelSDK] tone: 440 Hz x 100 ms\n");
     EXPECT_EQ(read_file(tone), expected);

@@ -83,7 +83,7 @@ struct Run {
 Run& s_run = shared<Run>();
 
 bool s_armed = false;
-Way s_fixed[kCalls];
+Way s_always[kCalls];
 
 /// Lines of a process and of its children.
 struct Notes {
@@ -189,17 +189,17 @@ Armed::Armed() { s_armed = true; }
 Armed::~Armed() { s_armed = false; }
 bool is_armed() { return s_armed; }
 
-void fix(Call call, Way way) { s_fixed[static_cast<int>(call)] = way; }
+void always(Call call, Way way) { s_always[static_cast<int>(call)] = way; }
 
 void begin_ledger() {
-    for (Way& way : s_fixed) way = Way::succeeds;
+    for (Way& way : s_always) way = Way::succeeds;
     forget_calls();
 }
 
 Way way_of(Call call) {
     const Way way = s_armed ? planned(call) : Way::succeeds;
-    const Way fixed = s_fixed[static_cast<int>(call)];
-    const Way result = fixed == Way::succeeds ? way : fixed;
+    const Way usual = s_always[static_cast<int>(call)];
+    const Way result = usual == Way::succeeds ? way : usual;
     if (result != Way::succeeds) set_error(call, result);
     return result;
 }

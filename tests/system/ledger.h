@@ -106,8 +106,8 @@ public:
 bool is_armed();
 
 /// From now on that call always turns out so.
-void fix(Call call, Way way);
-/// No call's result is fixed any more, and none noted.
+void always(Call call, Way way);
+/// Nothing turns out always so any more, and no call is noted.
 void begin_ledger();
 
 /// Counts this call and says how it turns out, by the machine or by the plan; sets errno when it

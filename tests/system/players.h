@@ -4,8 +4,6 @@
 
 #include <sys/types.h>
 
-#include <string>
-
 namespace orvel_test {
 
 // In place of fork, execl, _exit, kill and waitpid.
@@ -15,7 +13,6 @@ int become_player(const char* program, const char* name, ...);
 int end_child(pid_t pid, int signal);
 pid_t wait_for_child(pid_t pid, int* status, int options);
 
-std::string players();
 int unreaped_players();
 void end_all_players();
 

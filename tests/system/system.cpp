@@ -90,7 +90,10 @@ int opened(const char* path, int flags, ...) {
     Machine& here = machine();
     if (here.meanwhile) std::exchange(here.meanwhile, nullptr)();
     const int descriptor = open(place_of(path), flags, mode);
-    if (std::strcmp(path, "/") != 0) here.opened_flags = flags, here.opened_as = descriptor;
+    if (std::strcmp(path, "/") != 0) {
+        here.opened_flags = flags;
+        here.opened_as = descriptor;
+    }
     if (descriptor >= 0 && is_armed()) s_descriptors.add(descriptor);
     return descriptor;
 }

@@ -125,7 +125,8 @@ TEST_P(ExportsTest, EveryFunctionOfTheInterfaceIsCalledFromC) {
         orvel_test::read_file(ORVEL_SOURCE_DIR "/" + std::string(GetParam().host));
     for (const std::string& name : lines_of(GetParam().exports)) {
         if (name.rfind(GetParam().prefix, 0) != 0) continue;  // the C++ functions
-        EXPECT_NE(host.find(name + "("), std::string::npos) << name;
+        EXPECT_NE(host.find(name + "("), std::string::npos)
+            << name << " is not called in " << GetParam().host;
     }
 }
 
