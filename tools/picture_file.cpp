@@ -27,7 +27,7 @@ Bytes bmp_of(const Picture& picture) {
     put_number(bytes, std::size_t(picture.height), 4);
     put_number(bytes, 1, 2);
     put_number(bytes, 24, 2);
-    bytes.append(24, '\0');  // no compression, and what need not be said
+    bytes.resize(bytes.size() + 24, 0);  // no compression, and what need not be said
     for (int y = picture.height - 1; y >= 0; --y) {
         const std::size_t row = bytes.size();
         for (int x = 0; x < picture.width; ++x) {
