@@ -378,6 +378,12 @@ TEST_F(RenderTool, AWatchedSceneIsDrawnAgainWhenAFileChanges) {
     write_file(scene, wider);
     write_file(folder / "data.json", "{}");
     EXPECT_TRUE(becomes(17));
+    write_file(folder / "bar.json", R"({"orvel": 1, "root": {"rect": "#000000", "width": 21}})");
+    write_file(scene, R"({"orvel": 1, "size": [40, 20], "root": {"row": [{"include": "bar.json"}],
+                         "ground": "#ffffff"}})");
+    EXPECT_TRUE(becomes(21));
+    write_file(folder / "bar.json", R"({"orvel": 1, "root": {"rect": "#000000", "width": 24}})");
+    EXPECT_TRUE(becomes(24));
     kill(child, SIGTERM);
     int status = 0;
     waitpid(child, &status, 0);
