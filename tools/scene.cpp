@@ -93,6 +93,10 @@ Scene::Scene(const SceneWishes& wishes, std::string& error) : folder_(wishes.sce
                                   data ? data->c_str() : nullptr, &host, why.data(), why.size()));
     if (!screen_) {
         error = about_data(wishes, folder_.explained(why.data()));
+        const bool none = !wishes.sample && wishes.data.empty() && wishes.values.empty();
+        if (none && error.find(" in the data") != std::string::npos) {
+            error += " (--sample shows the scene's own)";
+        }
     } else if (!dress(wishes, error)) {
         screen_.reset();
     }

@@ -101,7 +101,9 @@ TEST_F(RenderTool, DataComeFromFilesAndFromTheCommandLine) {
 }
 
 TEST_F(RenderTool, WithoutSampleItIsNotShown) {
-    expect_refused({"-o", png}, scene + ":3:34: root.column[0].width: there is no bar in the data");
+    const std::string why = scene + ":3:34: root.column[0].width: there is no bar in the data";
+    expect_refused({"-o", png}, why + " (--sample shows the scene's own)");
+    expect_refused({"-o", png, "--set", "word=x"}, why);
 }
 
 TEST_F(RenderTool, TheStandardStreamsAreDashes) {
