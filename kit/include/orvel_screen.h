@@ -12,7 +12,8 @@
  *  - Borrowed. A text that a call returns is the screen's, until the next call with that screen.
  *  - Only integers are computed with, so the bytes are the same everywhere.
  *  - No state: no window, no clock, no thread. One thread at a time for each screen.
- *  - Nothing is trusted: 10,000 nodes, 16 MiB, includes 8 deep are the most, sides of 32767 pixels.
+ *  - Nothing is trusted: 10,000 nodes, 16 MiB, includes 8 deep are the most, sides of 32767 pixels,
+ *    nodes that cover 1024 million pixels together.
  */
 #ifndef ORVEL_SCREEN_H
 #define ORVEL_SCREEN_H

@@ -1,4 +1,5 @@
 // The interface: nothing that is raised below it gets out.
+#include <cstdint>
 #include <new>
 #include <string>
 #include <utility>
@@ -34,10 +35,24 @@ Result guarded(Result failure, char* why, size_t size, const Call& call) {
 
 kit_box whole_of(const kit_screen& screen) { return screen.nodes.front().box; }
 
+/// Refuses what would be painted for minutes: many nodes as large as a large screen.
+void limit_painting(const kit_screen& screen, const Nodes& nodes) {
+    constexpr std::int64_t kMostPixels = std::int64_t{1} << 30;
+    std::int64_t pixels = 0;
+    for (const Node& node : nodes) {
+        if (paints(node)) pixels += std::int64_t{node.visible.w} * node.visible.h;
+    }
+    if (pixels <= kMostPixels) return;
+    const std::string millions = std::to_string(pixels >> 20);
+    throw Refused{screen.sources.first().file + ": found nodes that cover " + millions +
+                  " million pixels together, 1024 are the most"};
+}
+
 Nodes laid_out(const kit_screen& screen, const Value& data, Pair size) {
     Nodes nodes = build(screen.sources, data);
     if (size[0] == 0) size = wanted(nodes);
     lay_out(nodes, size[0], size[1]);
+    limit_painting(screen, nodes);
     return nodes;
 }
 

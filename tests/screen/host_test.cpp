@@ -169,6 +169,16 @@ TEST(BoundsTest, TenThousandNodesAreTheMost) {
               "scene:1:52: root.column[0]: found more than 10000 nodes");
 }
 
+TEST(BoundsTest, WhatWouldBePaintedForMinutesIsRefused) {
+    const std::string text =
+        scene(R"({"stack": [{"each": "list", "rect": "accent"}]})", "\"size\": [4096, 4096], ");
+    std::string list = "{\"list\": [0";
+    for (int i = 1; i < 64; ++i) list += ",0";
+    EXPECT_EQ(refusal(text, (list + "]}").c_str()), "");
+    EXPECT_EQ(refusal(text, (list + ",0]}").c_str()),
+              "scene: found nodes that cover 1040 million pixels together, 1024 are the most");
+}
+
 TEST(BoundsTest, DataThatIncludesMultiplyAreRefused) {
     std::string with = R"("with": {"x": [)";
     for (int i = 0; i < 100; ++i) with += i == 0 ? "\"${x}\"" : ", \"${x}\"";

@@ -415,6 +415,9 @@ TEST_F(RenderTool, HostileScenesEndSoonWithAReason) {
     write_file(folder / "a.json", R"({"orvel": 1, "root": {"include": "scene.json"}})");
     scenes.push_back(R"({"orvel": 1, "root": {"include": "a.json"}})");
     scenes.push_back(R"({"orvel": 1, "size": [32767, 32767], "root": {"space": 1}})");
+    std::string layers = R"({"rect": "text"})";
+    for (int i = 0; i < 9000; ++i) layers += R"(,{"rect": "text"})";
+    scenes.push_back(R"({"orvel": 1, "size": [4000, 4000], "root": {"stack": [)" + layers + "]}}");
     for (const std::string& text : scenes) {
         write_file(scene, text);
         const Finished done = run({"--sample", "-o", png});
