@@ -35,7 +35,7 @@ run_consumer() {  # PROGRAM
         "$source_folder/include/orvel.h")" ] || fail "$1 uses version $version"
 }
 
-flags=()  # what pkg-config says; it quotes for the shell
+flags=(none)  # what pkg-config says; it quotes for the shell
 flags_of() {  # PKG_CONFIG_NAME
     eval "flags=($(pkg-config --cflags --libs "$1"))"
 }
@@ -219,7 +219,8 @@ install_name_on_macos)
         mkdir bin
         printf '#!/bin/sh\necho 11.0\n' >bin/sw_vers
         chmod +x bin/sw_vers
-        (cd "$source_folder" && PATH=$work/bin:$PATH cmake --preset tarball -B "$work/build" -DORVEL_BUILD_TOOLS=OFF \
+        (cd "$source_folder" && PATH=$work/bin:$PATH cmake --preset tarball -B "$work/build" \
+            -DORVEL_BUILD_TOOLS=OFF \
             -DCMAKE_SYSTEM_NAME=Darwin -DCMAKE_TRY_COMPILE_TARGET_TYPE=STATIC_LIBRARY \
             -DCMAKE_CXX_OSX_DEPLOYMENT_TARGET_FLAG=-mmacosx-version-min= \
             -DCMAKE_INSTALL_NAME_TOOL=/usr/bin/install_name_tool) >cmake.log 2>&1 ||
