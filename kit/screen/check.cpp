@@ -184,10 +184,6 @@ const Value* kind_among(const std::vector<const Value*>& kinds) {
 
 void check(Sources& sources, Source& source) { Checker(sources).scene(source); }
 
-void check_node(Sources& sources, const Trail& trail, const Value& node) {
-    Checker(sources).node(trail, node);
-}
-
 const Value& kind_of(const Trail& trail, const Value& node, const KindSpec*& kind) {
     if (node.kind != Kind::Object) refuse(trail, node.place, found(node) + ", expected a node");
     std::vector<const Value*> kinds;

@@ -38,15 +38,10 @@ bool read_literal(std::string_view text, Value& literal, std::string& why) {
 
 bool is_something(const Value* value) {
     if (!value) return false;
-    switch (value->kind) {
-    case Kind::Null: return false;
-    case Kind::Boolean: return value->truth;
-    case Kind::Number: return compare_numbers(value->text, "0") != 0;
-    case Kind::String: return !value->text.empty();
-    case Kind::List: return !value->items.empty();
-    case Kind::Object: return true;
-    }
-    return false;
+    if (value->kind == Kind::Boolean) return value->truth;
+    if (value->kind == Kind::Number) return compare_numbers(value->text, "0") != 0;
+    if (value->kind == Kind::String) return !value->text.empty();
+    return value->kind == Kind::Object || !value->items.empty();
 }
 
 bool equal(const Value& a, const Value& b) {
@@ -89,7 +84,7 @@ bool read_condition(std::string_view text, Condition& result, std::string& why) 
 }
 
 bool holds(const Condition& condition, const Scope& scope) {
-    static const Value nothing;
+    const Value nothing;
     const Value* value = look_up(condition.path, scope);
     if (condition.sign == Condition::Holds) return is_something(value) != condition.negated;
     const Value& left = value ? *value : nothing;

@@ -34,7 +34,7 @@ std::string name_of_node(const Node& node) {
 /// The chosen one of the items in "a|b|c".
 std::string item_of(const std::string& items, int number) {
     std::size_t start = 0;
-    for (; number > 0 && start <= items.size(); --number) {
+    for (; number > 0; --number) {
         start = items.find('|', start);
         if (start == std::string::npos) return "";
         ++start;

@@ -5,7 +5,8 @@
 namespace kit {
 
 std::string path_of(const Trail& trail) {
-    std::string path = trail.up ? path_of(*trail.up) : "";
+    std::string path;
+    if (trail.up) path = path_of(*trail.up);
     if (trail.item >= 0) return path + '[' + std::to_string(trail.item) + ']';
     if (!path.empty()) path += '.';
     path += trail.key;
@@ -17,7 +18,8 @@ std::string line_of(const Source& source, Place place, std::string_view path,
     std::string words(path);
     if (!words.empty()) words += ": ";
     words += what;
-    return place.line > 0 ? reason(source.file, place, words) : source.file + ": " + words;
+    if (place.line > 0) return reason(source.file, place, words);
+    return source.file + ": " + words;
 }
 
 void refuse(const Trail& trail, Place place, std::string_view what) {

@@ -122,14 +122,9 @@ private:
     }
 
     void words(int i, const Node& node) {
-        std::string shown = node.kind->value == Type::Words && !node.is(Sort::Picture) &&
-                                    !node.is_widget(ORVEL_WIDGET_IMAGE)
-                                ? node.text
-                                : "";
-        if (node.kind->value == Type::Items || node.is_widget(ORVEL_WIDGET_WINDOW)) {
-            shown = node.text;
-        }
-        if (shown.empty()) return;
+        const bool names_a_file = node.is(Sort::Picture) || node.is_widget(ORVEL_WIDGET_IMAGE);
+        const std::string& shown = node.text;
+        if (shown.empty() || names_a_file || node.is(Sort::Icon)) return;
         const int missing = kit_text_missing(node.look.face, shown.c_str());
         if (missing > 0) {
             tell(i, "missing: " + std::to_string(missing) + " characters of " + in_quotes(shown) +

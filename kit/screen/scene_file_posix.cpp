@@ -24,7 +24,7 @@ public:
         ssize_t count = 0;
         do {
             count = read(number_, to, size);
-        } while (count < 0 && errno == EINTR);
+        } while (count < 0 && errno == EINTR);  // GCOVR_EXCL_BR_LINE: only on a network
         return count;
     }
 

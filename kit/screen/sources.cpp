@@ -7,7 +7,7 @@ namespace {
 
 std::string folder_of(const std::string& name) {
     const std::size_t slash = name.rfind('/');
-    return slash == std::string::npos ? "" : name.substr(0, slash + 1);
+    return name.substr(0, slash + 1);  // npos + 1 is 0
 }
 
 }  // namespace

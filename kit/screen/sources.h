@@ -46,8 +46,6 @@ bool read_scene_file(const std::string& path, std::size_t most, std::string& byt
 
 /// Looks at every key of a scene and of those that it includes, and refuses what is wrong.
 void check(Sources& sources, Source& source);
-/// The same for one node, as it is to come into @p source.
-void check_node(Sources& sources, const Trail& trail, const Value& node);
 
 /// The key of a node that says its kind; refuses a node without one, or with two.
 const Value& kind_of(const Trail& trail, const Value& node, const KindSpec*& kind);

@@ -105,6 +105,23 @@ TEST(EditingTest, NodesDoNotLieDeeperThanInAFile) {
     EXPECT_EQ(last, "scene: nodes lie too deep");
 }
 
+TEST(EditingTest, FramesWithoutANodeAreLookedThrough) {
+    Edited tree;
+    EXPECT_EQ(tree.add("root", -1, R"({"panel": null})"), "");
+    EXPECT_EQ(tree.add("root", -1, R"({"rect": "accent", "height": 6, "id": "x"})"), "");
+    EXPECT_EQ(tree.change("x", "height", "7"), "");
+    EXPECT_EQ(tree.told(), "column #root 0,0 80x60\n  panel 0,0 80x2\n  rect #x 0,2 80x7\n");
+}
+
+TEST(EditingTest, WithoutAnIdTheSceneItselfIsMeant) {
+    Edited tree;
+    EXPECT_EQ(tree.change(nullptr, "theme", "\"light\""), "");
+    EXPECT_EQ(tree.change(nullptr, "face", "\"sans 14\""), "");
+    EXPECT_EQ(tree.change(nullptr, "face", nullptr), "");
+    EXPECT_EQ(tree.change(nullptr, "size", "[1, 1]"),
+              "scene: of the scene itself, only theme and face can be changed");
+}
+
 TEST(EditingTest, IdsStandForTheFirstNodeThatHasThem) {
     Edited tree;
     tree.add("root", -1, R"({"row": [{"rect": "accent", "width": 3, "id": "x"}], "height": 4})");

@@ -143,6 +143,21 @@ TEST(HostTest, ScenesAreOpenedFromFilesWithWhatTheyInclude) {
     EXPECT_NE(described(screen.get()).find("text \"B\""), std::string::npos);
 }
 
+TEST(HostTest, FilesThatAreMissingOrTooLargeAreTold) {
+    const TempFolder folder;
+    char why[400] = "";
+    const kit_screen_host host = {};
+    write_file(folder / "main.json", scene(R"({"include": "none.json"})"));
+    EXPECT_EQ(kit_screen_open((folder / "main.json").c_str(), nullptr, &host, why, sizeof why),
+              nullptr);
+    EXPECT_EQ(why, folder / "main.json" + ":1:34: root.include: there is no scene \"" +
+                       (folder / "none.json") + "\"");
+    write_file(folder / "large.json", std::string((std::size_t{16} << 20) + 9, ' '));
+    EXPECT_EQ(kit_screen_open((folder / "large.json").c_str(), nullptr, &host, why, sizeof why),
+              nullptr);
+    EXPECT_EQ(std::string(why).find(folder / "large.json" + ":"), 0u) << why;
+}
+
 TEST(HostTest, WhatIsNoFileIsToldAndNotWaitedFor) {
     const TempFolder folder;
     char why[400] = "";

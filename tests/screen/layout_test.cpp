@@ -175,6 +175,18 @@ TEST(LayoutTest, WhatScrollsIsMovedAndCutToItsPlace) {
               "  rect 0,50 50x10\n");
 }
 
+TEST(LayoutTest, PaddingThatLeavesNoRoomLeavesTheGround) {
+    const ScreenPtr screen =
+        opened(scene(R"({"text": "A", "pad": 5, "ground": "#ffffff"})", "\"size\": [3, 2], "));
+    EXPECT_EQ(picture(drawn(screen.get()).get()), "###\n###\n");
+}
+
+TEST(LayoutTest, WhatDoesNotScrollStands) {
+    const std::string root =
+        R"({"column": [{"rect": "accent", "height": 30}], "scroll": "${by|false}"})";
+    EXPECT_EQ(laid_out(root, "[9, 20]"), "column 0,0 9x20\n  rect 0,0 9x30 shows 0,0 9x20\n");
+}
+
 TEST(LayoutTest, WithoutASizeTheScreenIsWhatItsRootWants) {
     const std::string root =
         R"({"row": [{"rect": "accent", "width": 33, "height": 4}, {"space": 7}], "pad": 3})";

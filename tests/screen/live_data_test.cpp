@@ -71,6 +71,20 @@ TEST(LiveDataTest, IconsAreDrawnWholeSinceTheirCutOutsTakeTheGround) {
     EXPECT_EQ(redrawn(screen.get(), canvas.get()), (kit_box{0, 0, 50, 50}));
 }
 
+TEST(LiveDataTest, ALongChainOfNodesThatAreDrawnWholeIsDrawnWithAllElse) {
+    std::string nodes;
+    for (int i = 20; i > 0; --i) {  // each draws the next one in, which was looked at before
+        nodes += R"({"row": [{"space": )" + std::to_string(5 * i) +
+                 R"(}, {"icon": "home", "size": 10}], "align": "start"}, )";
+    }
+    const ScreenPtr screen = opened(
+        scene(R"({"stack": [)" + nodes + R"({"rect": "${x}", "width": 6, "height": 2}]})", kHead),
+        R"({"x": "error"})");
+    const CanvasPtr canvas = drawn(screen.get());
+    EXPECT_EQ(set(screen.get(), "x", "\"text\""), "");
+    EXPECT_EQ(redrawn(screen.get(), canvas.get()), (kit_box{0, 0, 120, 80}));
+}
+
 TEST(LiveDataTest, AThemeReachesAllBelow) {
     const ScreenPtr screen =
         opened(scene(R"({"row": [{"column": [{"text": "Words", "width": 40, "height": 10}],
@@ -112,6 +126,8 @@ TEST(LiveDataTest, EveryKeyThatIsDrawnIsDrawnAnew) {
              {R"("window": null, "title": "${x}")", "\"A\"", "\"B\""},
              {R"("chart": "${x}", "values": [1, 2, 3])", "\"line\"", "\"bars\""},
              {R"("chart": "line", "values": "${x}")", "[1, null, 3]", "[1, 2, 3]"},
+             {R"("chart": "line", "values": "${x}")", "[1, 2, 3]", "[1, null, 3]"},
+             {R"("chart": "line", "values": "${x}")", "[1, null, 3, 3]", "[1, null, 3, 4]"},
              {R"("chart": "line", "values": [1, 2], "range": "${x}")", "[0, 9]", "[0, 8]"},
              {R"("chart": "line", "values": [1, 2], "axes": "${x}")", "false", "true"},
              {R"("chart": "line", "values": [1, 2], "color": "${x}")", "\"text\"", "\"error\""},
@@ -248,6 +264,8 @@ TEST(LiveDataTest, AConditionComparesOneNameWithOneLiteral) {
                                                      {"text < 20", false},
                                                      {"text != 20", true},
                                                      {"yes == true", true},
+                                                     {"no == false", true},
+                                                     {"text == 3", false},
                                                      {"no == true", false},
                                                      {"list < 3", false},
                                                      {"missing < 3", false},

@@ -151,6 +151,71 @@ const Row kRows[] = {
      R"(scene:1:30: root.include: there is no scene "x.json")"},
     {R"({"orvel":1,"root":{"image":"../x"}})",
      R"(scene:1:28: root.image: found "../x", expected the name of a file in this folder or below)"},
+    {R"({"orvel":1,"size":[3],"root":{"row":[]}})",
+     "scene:1:19: size: found [3], expected [width, height], 1 to 32767 each"},
+    {R"({"orvel":1,"size":[3,0],"root":{"row":[]}})",
+     "scene:1:19: size: found [3,0], expected [width, height], 1 to 32767 each"},
+    {R"({"orvel":1,"root":{"gap":3,"one":1,"two":2}})",
+     R"(scene:1:28: root.one: unknown kind; did you mean "line"?)"},
+    {R"({"orvel":1,"root":{"space":true}})",
+     "scene:1:28: root.space: found true, expected 0 to 32767 pixels or null"},
+    {R"({"orvel":1,"root":{"separator":3}})",
+     "scene:1:32: root.separator: found 3, expected null or true"},
+    {R"({"orvel":1,"root":{"row":[],"pad":[1,"x"]}})",
+     "scene:1:35: root.pad: found [1,\"x\"], expected pixels: n, [vertical, horizontal] or [top, "
+     "right, bottom, left]"},
+    {R"({"orvel":1,"root":{"row":[],"pad":"x"}})",
+     "scene:1:35: root.pad: found \"x\", expected pixels: n, [vertical, horizontal] or [top, "
+     "right, "
+     "bottom, left]"},
+    {R"({"orvel":1,"root":{"row":[],"gap":["x",1]}})",
+     R"(scene:1:35: root.gap: found ["x",1], expected pixels: n or [along, across])"},
+    {R"({"orvel":1,"root":{"row":[],"min":["x",1]}})",
+     R"(scene:1:35: root.min: found ["x",1], expected pixels: n or [width, height])"},
+    {R"({"orvel":1,"root":{"row":[],"max":"x"}})",
+     R"(scene:1:35: root.max: found "x", expected pixels: n or [width, height])"},
+    {R"({"orvel":1,"root":{"slider":1,"range":3}})",
+     "scene:1:39: root.range: found 3, expected [low, high] or [low, high, step], low below high"},
+    {R"({"orvel":1,"root":{"slider":1,"range":[3]}})",
+     "scene:1:39: root.range: found [3], expected [low, high] or [low, high, step], low below "
+     "high"},
+    {R"({"orvel":1,"root":{"slider":1,"range":[1,2,3,4]}})",
+     "scene:1:39: root.range: found [1,2,3,4], expected [low, high] or [low, high, step], low "
+     "below "
+     "high"},
+    {R"({"orvel":1,"root":{"slider":1,"range":["a",1]}})",
+     R"(scene:1:39: root.range: found ["a",1], expected [low, high] or [low, high, step], low below high)"},
+    {R"({"orvel":1,"root":{"slider":1,"range":[-1.7e308,1.7e308]}})",
+     "scene:1:39: root.range: found [-1.7e308,1.7e308], expected [low, high] or [low, high, step], "
+     "low below high"},
+    {R"({"orvel":1,"root":{"row":[],"ground":3}})",
+     R"(scene:1:38: root.ground: found 3, expected a colour, "#rrggbb" or a role of the theme)"},
+    {R"({"orvel":1,"root":{"row":[],"theme":{"accent":3}}})",
+     R"(scene:1:47: root.theme.accent: found 3, expected a colour, "#rrggbb")"},
+    {R"({"orvel":1,"root":{"menu":[[]]}})",
+     R"(scene:1:28: root.menu[0]: found [], expected a text without "|")"},
+    {R"({"orvel":1,"root":{"icon":3}})",
+     "scene:1:27: root.icon: found 3, expected the name of an icon"},
+    {R"({"orvel":1,"root":{"row":[],"id":3}})",
+     R"(scene:1:34: root.id: found 3, expected a name of letters, digits, "_" and "-")"},
+    {R"({"orvel":1,"root":{"include":3}})",
+     "scene:1:30: root.include: found 3, expected the name of a file in this folder or below"},
+    {R"({"orvel":1,"root":{"row":[],"align":3}})",
+     "scene:1:37: root.align: found 3, expected start, center, end or stretch"},
+    {R"({"orvel":1,"root":{"row":[{"if":"","text":""}]}})",
+     R"(scene:1:33: root.row[0].if: "" is no path like now.temp or days[2].name)"},
+    {R"({"orvel":1,"root":{"row":[{"if":"a == '","text":""}]}})",
+     R"(scene:1:33: root.row[0].if: found "'", expected a number, 'a text', true, false or null)"},
+    {R"({"orvel":1,"root":{"row":[{"if":"a == 'b","text":""}]}})",
+     R"(scene:1:33: root.row[0].if: found "'b", expected a number, 'a text', true, false or null)"},
+    {R"({"orvel":1,"root":{"row":[{"if":"a == 1e999","text":""}]}})",
+     R"(scene:1:33: root.row[0].if: found "1e999", expected a number, 'a text', true, false or null)"},
+    {R"({"orvel":1,"root":{"with":3,"include":"x"}})",
+     "scene:1:27: root.with: found 3, expected an object of values"},
+    {R"({"orvel":1,"root":{"row":"a text that is far longer than what a reason shows"}})",
+     R"(scene:1:26: root.row: found "a text that is far longer than what a re...", expected a list of nodes)"},
+    {R"({"orvel":1,"root":{"row":[],"gap":[1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18]}})",
+     "scene:1:35: root.gap: found a list, expected pixels: n or [along, across]"},
 };
 
 class RefusalsTest : public testing::TestWithParam<Row> {};
@@ -159,6 +224,34 @@ INSTANTIATE_TEST_SUITE_P(, RefusalsTest, testing::ValuesIn(kRows),
                          [](const auto& row) { return "Row" + std::to_string(row.index); });
 
 TEST_P(RefusalsTest, ToldExactly) { EXPECT_EQ(refusal(GetParam().scene), GetParam().why); }
+
+TEST(RefusalsOfSeriesTest, NameWhatEachMayHave) {
+    std::string many = "[";
+    for (int i = 0; i < 33; ++i) many += i > 0 ? R"(, {"values": []})" : R"({"values": []})";
+    for (const std::string& series :
+         {std::string("3"), std::string("[3]"), std::string(R"([{"values": 3}])"),
+          std::string(R"([{"values": [], "name": []}])"),
+          std::string(R"([{"values": [], "colour": "text"}])"),
+          std::string(R"([{"values": [], "color": 3}])"), many + "]"}) {
+        const std::string why = refusal(scene(R"({"chart": "line", "series": )" + series + "}"));
+        EXPECT_NE(why.find("expected a list of objects with values, name and color"),
+                  std::string::npos)
+            << series << ": " << why;
+    }
+}
+
+TEST(RefusalsOfNamesTest, NameTheLettersOfNamesAndColours) {
+    for (const char* id : {"", "a!", "a:", "a@", "a[", "a`", "a{"}) {
+        EXPECT_NE(refusal(scene(std::string(R"({"row": [], "id": ")") + id + "\"}")), "") << id;
+    }
+    EXPECT_EQ(refusal(scene(R"({"row": [], "id": "aZ09_-é"})")), "");
+    for (const char* color :
+         {"#/00000", "#0:0000", "#00@000", "#000G00", "#0000`0", "#00000g", "#1"}) {
+        const std::string node = std::string(R"({"rect": ")") + color + "\"}";
+        EXPECT_NE(refusal(scene(node)), "") << color;
+    }
+    EXPECT_EQ(refusal(scene(R"({"rect": "#09afAF"})")), "");
+}
 
 TEST(RefusalsOfDataTest, TellWhereTheDataAreWrong) {
     const std::string text = scene(R"({"text": "${a}"})");
@@ -182,6 +275,8 @@ TEST(RefusalsCutTest, AreCutToTheBufferBetweenCharacters) {
               nullptr);
     EXPECT_EQ(kit_screen_read(nullptr, 9, "a\nb", nullptr, nullptr, why, 9), nullptr);
     EXPECT_EQ(std::strncmp(why, "a?b:1:1:", 8), 0) << why;
+    EXPECT_EQ(kit_screen_read(nullptr, 9, "a\x7f", nullptr, nullptr, why, 3), nullptr);
+    EXPECT_STREQ(why, "a?");
 }
 
 }  // namespace

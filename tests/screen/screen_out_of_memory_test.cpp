@@ -19,7 +19,7 @@ const std::string kScene = scene(
         {"window": {"each": "days", "as": "day", "text": "${day.name}", "wrap": true, "id": "day"},
          "title": "Window"},
         {"chart": "line", "series": [{"values": "${values}", "name": "A"}], "axes": true},
-        {"picture": "any"}, {"include": "other", "with": {"x": "${title}"}},
+        {"picture": "any"}, {"image": "none"}, {"include": "other", "with": {"x": "${title}"}},
         {"tabs": ["One", "${title}"], "selected": 1, "theme": {"accent": "#123456"}}],
         "id": "root", "scroll": true})",
     R"("size": [90, 200], "face": "sans 11",

@@ -44,6 +44,12 @@ TEST(TellingTest, BoxesAreFoundByTheirIds) {
     EXPECT_EQ(box, (kit_box{0, 65, 30, 35}));
     EXPECT_EQ(kit_screen_box(screen.get(), "b[2]", &box), -1);
     for (const char* id : {"b", "c", ""}) EXPECT_EQ(kit_screen_box(screen.get(), id, &box), -1);
+    const ScreenPtr hidden =
+        opened(scene(R"({"stack": [{"rect": "accent", "id": "a"}, {"rect": "accent", "id": "b"}],
+                  "show": 1})",
+                     "\"size\": [9, 9], "));
+    EXPECT_EQ(kit_screen_box(hidden.get(), "a", &box), -1);
+    EXPECT_EQ(kit_screen_box(hidden.get(), "b", &box), 0);
     EXPECT_EQ(kit_screen_box(screen.get(), nullptr, &box), -1);
     EXPECT_EQ(kit_screen_box(screen.get(), "a", nullptr), -1);
     EXPECT_EQ(kit_screen_box(nullptr, "a", &box), -1);
@@ -62,6 +68,9 @@ TEST(ReportTest, WhatOverflowsIsTold) {
               "scene:2:9: root.column[0].row[1]: overflow: 18 pixels beyond the right of its "
               "parent\n"
               "scene:2:68: root.column[1]: overflow: 10 pixels beyond the bottom of its parent\n");
+    // What is empty shows nothing, and is not cut.
+    EXPECT_EQ(reported(R"({"row": [{"rect": "accent", "width": 300, "height": 0}]})"), "");
+    EXPECT_EQ(reported(R"({"column": [{"rect": "accent", "width": 0, "height": 300}]})"), "");
     // What scrolls may reach further along, not across.
     EXPECT_EQ(reported(R"({"row": [{"rect": "accent", "width": 300, "height": 101}],
         "scroll": true})"),
@@ -77,13 +86,17 @@ TEST(ReportTest, WordsThatAreCutAreTold) {
 {"text": "These are too many words for it", "wrap": true, "width": 60, "height": 20},
 {"text": "These are too many words for it", "wrap": true, "width": 60},
 {"button": "Too much", "width": 40}, {"textbox": "Scrolls, however long it is", "width": 40},
-{"menu": ["One", "Another"], "width": 60, "height": 24}]})",
+{"menu": ["One", "Another"], "width": 60, "height": 24},
+{"search": "Scrolls, however long it is", "width": 40}, {"space": 9},
+{"text": "These are too many words for it", "wrap": true, "width": 60, "height": 80, "lines": 1}
+]})",
                        "\"size\": [200, 400], "),
               "scene:1:54: root.column[0]: cut: \"These are too many words for it\" does not fit\n"
               "scene:2:1: root.column[1]: cut: \"These are too many words for it\" does not fit\n"
               "scene:3:1: root.column[2]: cut: \"These are too many words for it\" does not fit\n"
               "scene:5:1: root.column[4]: cut: \"Too much\" does not fit\n"
-              "scene:6:1: root.column[6]: cut: \"One|Another\" does not fit\n");
+              "scene:6:1: root.column[6]: cut: \"One|Another\" does not fit\n"
+              "scene:8:1: root.column[9]: cut: \"These are too many words for it\" does not fit\n");
 }
 
 TEST(ReportTest, LettersThatAreMissingAreTold) {
@@ -118,6 +131,19 @@ TEST(ReportTest, WordsThatDoNotStandOutAreTold) {
     EXPECT_EQ(contrast(R"({"stack": [{"space": null}, {"row": [{"text": "A", "color": "#ffffff"}]}],
                            "height": 20})"),
               "contrast: 1.0 to 1, 4.5 is the least\n");
+    // What is not of one colour is not judged, nor what does not show.
+    EXPECT_EQ(contrast(R"({"stack": [{"circle": "#000000"}, {"text": "A", "color": "#ffffff"}],
+                           "height": 20})"),
+              "");
+    EXPECT_EQ(contrast(R"({"stack": [{"rect": "#000000", "width": 3, "height": 3},
+        {"text": "A", "color": "#ffffff", "width": 20, "height": 9}],
+        "align": "end", "justify": "end", "height": 20})"),
+              "");
+    EXPECT_EQ(contrast(R"({"stack": [{"rect": "#000000", "width": 3, "height": 3},
+        {"row": [{"space": 5}, {"text": "A", "color": "#ffffff"}]}], "height": 20})"),
+              "contrast: 1.0 to 1, 4.5 is the least\n");
+    EXPECT_EQ(
+        contrast(R"({"stack": [{"space": 3}, {"text": "A", "color": "#ffffff"}], "show": 0})"), "");
     EXPECT_EQ(reported(R"({"text": "A", "color": "background"})"),
               "scene:1:42: root: contrast: 1.0 to 1, 4.5 is the least\n");
 }
