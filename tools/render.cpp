@@ -185,26 +185,28 @@ std::string traces(const std::vector<std::string>& files) {
     return traces;
 }
 
-int render_once(const CommandLine& program, const Wishes& wishes, std::vector<std::string>& files) {
-    std::string error;
-    const Scene scene(wishes.scene, error);
-    files = scene.files();
-    files.push_back(wishes.scene.scene);
-    files.push_back(wishes.scene.data);
-    files.push_back(wishes.scene.theme);
-    return scene.open() ? render(program, wishes, scene) : program.fail(error);
+/// Everything that a scene is made of.
+std::vector<std::string> files_of(const Wishes& wishes, const Scene& scene) {
+    std::vector<std::string> files = scene.files();
+    files.insert(files.end(), {wishes.scene.scene, wishes.scene.data, wishes.scene.theme});
+    return files;
 }
 
-/// Ends with the process.
+/// Draws again whenever one of the files changes. Ends with the process.
 [[noreturn]] void watch(const CommandLine& program, const Wishes& wishes) {
-    std::vector<std::string> files;
     for (;;) {
-        // Traces from before the drawing: what is written meanwhile is drawn next.
-        std::string before = traces(files);
-        render_once(program, wishes, files);
+        std::string error;
+        // Looked at before it is drawn: what is written meanwhile is drawn next.
+        const auto files = files_of(wishes, Scene(wishes.scene, error));
+        const std::string before = traces(files);
+        const Scene scene(wishes.scene, error);
+        if (scene.open()) {
+            render(program, wishes, scene);
+        } else {
+            program.fail(error);
+        }
         std::fflush(stdout);
-        if (const std::string known = traces(files); before.size() != known.size()) before = known;
-        while (traces(files) == before) {
+        while (files_of(wishes, scene) == files && traces(files) == before) {
             std::this_thread::sleep_for(std::chrono::milliseconds(100));
         }
     }
@@ -216,8 +218,9 @@ int run(const CommandLine& program, Wishes& wishes) {
     if (wishes.check) return check(program, wishes);
     if (!wishes.data.empty()) wishes.scene.data = wishes.data.front();
     if (wishes.watch) watch(program, wishes);
-    std::vector<std::string> files;
-    return render_once(program, wishes, files);
+    std::string error;
+    const Scene scene(wishes.scene, error);
+    return scene.open() ? render(program, wishes, scene) : program.fail(error);
 }
 
 }  // namespace
