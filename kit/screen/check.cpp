@@ -155,16 +155,27 @@ void Checker::scene_key(const Trail& trail, const Value& value) {
     member(trail, known->type, value);
 }
 
+/// While what a scene includes is looked at, also where that ends by a refusal.
+class Opened {
+public:
+    explicit Opened(Source& source) : source_(source) { source_.open = true; }
+    ~Opened() { source_.open = false; }
+    Opened(const Opened&) = delete;
+    Opened& operator=(const Opened&) = delete;
+
+private:
+    Source& source_;
+};
+
 void Checker::scene(Source& source) {
     check_head(source);
     const int outer = std::exchange(below_, 0);
-    source.open = true;
+    const Opened opened(source);
     ++open_;
     for (const Value& value : source.document.items) {
         scene_key({&source, nullptr, value.key}, value);
     }
     --open_;
-    source.open = false;
     source.height = std::exchange(below_, outer) + 1;
 }
 

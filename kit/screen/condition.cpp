@@ -31,7 +31,7 @@ bool read_literal(std::string_view text, Value& literal, std::string& why) {
     }
     std::string ignored;
     const bool word = text == "true" || text == "false" || text == "null";
-    if ((word || is_number(text)) && read_document(text, "", literal, ignored)) return true;
+    if (word || is_number(text)) return read_document(text, "", literal, ignored);
     why = "found " + in_quotes(text) + ", expected a number, 'a text', true, false or null";
     return false;
 }

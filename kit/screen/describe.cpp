@@ -28,7 +28,8 @@ std::string name_of_node(const Node& node) {
     // What a picture is called in its folder says nothing of what it shows.
     if (node.is(Sort::Picture) || node.is_widget(ORVEL_WIDGET_IMAGE)) return "";
     if (node.kind->value == Type::Words || node.kind->value == Type::Icon) return node.text;
-    return node.is_widget(ORVEL_WIDGET_WINDOW) ? node.text : "";
+    if (node.is_widget(ORVEL_WIDGET_WINDOW)) return node.text;
+    return "";
 }
 
 /// The chosen one of the items in "a|b|c".
@@ -39,7 +40,8 @@ std::string item_of(const std::string& items, int number) {
         if (start == std::string::npos) return "";
         ++start;
     }
-    return number < 0 ? "" : items.substr(start, items.find('|', start) - start);
+    if (number < 0) return "";
+    return items.substr(start, items.find('|', start) - start);
 }
 
 std::string value_of(const Node& node) {

@@ -25,9 +25,9 @@ template <typename Result, typename Call>
 Result guarded(Result failure, char* why, size_t size, const Call& call) {
     try {
         return call();
-    } catch (const Refused& refused) {  // GCOVR_EXCL_BR_LINE: not every call refuses
-        give_reason(refused.why, why, size);
-    } catch (...) {  // bad_alloc, or length_error
+    } catch (const Refused& refused) {        // GCOVR_EXCL_BR_LINE: not every call refuses
+        give_reason(refused.why, why, size);  // GCOVR_EXCL_BR_LINE: the same
+    } catch (...) {                           // bad_alloc, or length_error
         give_reason("out of memory", why, size);
     }
     return failure;
@@ -99,6 +99,10 @@ int depth_of(const Value& value) {
     return deepest + 1;
 }
 
+void check_depth(const Value& document, const Source& source) {
+    if (depth_of(document) > kMostDepth) throw Refused{source.file + ": nodes lie too deep"};
+}
+
 /// Changes the first scene by @p change; it stays as it was where the new one is refused.
 template <typename Change>
 int edited(kit_screen* screen, char* why, size_t size, const Change& change) {
@@ -107,14 +111,15 @@ int edited(kit_screen* screen, char* why, size_t size, const Change& change) {
         Source& source = screen->sources.first();
         Value document = source.document;
         change(document, source);
-        if (depth_of(document) > kMostDepth) throw Refused{source.file + ": nodes lie too deep"};
+        check_depth(document, source);
+        const std::size_t known = screen->sources.count();
         std::swap(source.document, document);
         try {
             check(screen->sources, source);
             show(*screen, laid_out(*screen, screen->data, screen->size));
         } catch (...) {
-            source.open = false;
             std::swap(source.document, document);
+            screen->sources.forget_after(known);
             throw;
         }
         return 0;

@@ -30,6 +30,10 @@ public:
     /// The same, where it has been read.
     const Source& known(const Source& from, const std::string& name) const;
 
+    std::size_t count() const { return sources_.size(); }
+    /// Forgets all but the first so many, which were read for what was then refused.
+    void forget_after(std::size_t count) { sources_.resize(count); }
+
 private:
     Source* find(const std::string& name) const;
     std::string text_of(const std::string& name, const Trail& trail, Place place) const;

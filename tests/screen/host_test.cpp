@@ -98,6 +98,8 @@ TEST(HostTest, IncludesAreCheckedAndNeitherRoundNorDeep) {
     EXPECT_EQ(
         refused_with({{"a.json", scene(R"({"row": [{"tixt": ""}]})")}}, R"({"include": "a.json"})"),
         R"(a.json:1:32: root.row[0].tixt: unknown kind; did you mean "text"?)");
+    EXPECT_EQ(refused_with({}, R"({"include": "a.json"})"),
+              R"(scene:1:34: root.include: there is no scene "a.json")");
     EXPECT_EQ(refused_with({{"a.json", "{"}}, R"({"include": "a.json"})").substr(0, 11),
               "a.json:1:2:");
     EXPECT_EQ(refused_with({{"a.json", scene(R"({"include": "b.json"})")},

@@ -181,6 +181,12 @@ TEST(LayoutTest, PaddingThatLeavesNoRoomLeavesTheGround) {
     EXPECT_EQ(picture(drawn(screen.get()).get()), "###\n###\n");
 }
 
+TEST(LayoutTest, WhatIsUnknownLeavesItsGround) {
+    const ScreenPtr screen =
+        opened(scene(R"({"picture": "none", "ground": "#ffffff"})", "\"size\": [3, 2], "));
+    EXPECT_EQ(picture(drawn(screen.get()).get()), "###\n###\n");
+}
+
 TEST(LayoutTest, WhatDoesNotScrollStands) {
     const std::string root =
         R"({"column": [{"rect": "accent", "height": 30}], "scroll": "${by|false}"})";

@@ -95,6 +95,8 @@ const Row kRows[] = {
      R"(scene:1:38: root.theme.accnt: unknown role of a theme; did you mean "accent"?)"},
     {R"({"orvel":1,"root":{"row":[],"theme":{"accent":"red"}}})",
      R"(scene:1:47: root.theme.accent: found "red", expected a colour, "#rrggbb")"},
+    {R"({"orvel":1,"root":{"row":[],"theme":{"text":"#000000","border":"#12"}}})",
+     R"(scene:1:64: root.theme.border: found "#12", expected a colour, "#rrggbb")"},
     {R"({"orvel":1,"root":{"row":[],"theme":3}})",
      "scene:1:37: root.theme: found 3, expected the name of a theme, or an object of roles and "
      "colours"},

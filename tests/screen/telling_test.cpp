@@ -156,6 +156,18 @@ TEST(ReportTest, SmallTargetsAreTold) {
               "scene:1:85: root.column[1]: target: 23 x 24 pixels, 24 x 24 are the least\n");
 }
 
+TEST(ReportTest, WhatPicturesAndIconsAreCalledIsNotShown) {
+    kit_screen_host host = {};
+    static const CanvasPtr canvas = make_canvas(8, 8);
+    host.picture = [](void*, const char*) -> const orvel_canvas* { return canvas.get(); };
+    const ScreenPtr screen = opened(
+        scene(
+            R"({"row": [{"picture": "日"}, {"icon": "home", "size": 9}, {"separator": null, "width": 5}]})",
+            "\"size\": [30, 30], "),
+        nullptr, &host);
+    EXPECT_STREQ(kit_screen_report(screen.get()), "");
+}
+
 TEST(ReportTest, PicturesThatAreNotThereAreTold) {
     EXPECT_EQ(reported(R"({"column": [{"picture": "board", "width": 5, "height": 5},
         {"image": "none", "width": 5, "height": 5}, {"picture": "unseen"}]})"),
