@@ -13,6 +13,7 @@ namespace {
 
 bool read_all(std::FILE* file, bool (*wanted)(const Bytes&), Bytes& bytes) {
     std::array<unsigned char, 65536> block;
+    bytes.clear();
     while (const std::size_t got = std::fread(block.data(), 1, block.size(), file)) {
         bytes.insert(bytes.end(), block.begin(), block.begin() + std::ptrdiff_t(got));
         if (bytes.size() > kMostBytes) break;
@@ -22,29 +23,36 @@ bool read_all(std::FILE* file, bool (*wanted)(const Bytes&), Bytes& bytes) {
 }
 
 /// The standard input, which can be read but once.
-std::optional<Bytes> standard_input(std::string& error) {
-    static Bytes bytes;
-    static const bool complete = read_all(stdin, nullptr, bytes);
-    if (complete) return bytes;
-    error = "standard input: it cannot be read";
-    return std::nullopt;
+bool read_standard_input(Bytes& bytes, std::string& error) {
+    static Bytes kept;
+    static const bool complete = read_all(stdin, nullptr, kept);
+    bytes = kept;
+    if (!complete) error = "standard input: it cannot be read";
+    return complete;
 }
 
 }  // namespace
 
-std::optional<Bytes> read_bytes(const std::string& path, std::string& error,
-                                bool (*wanted)(const Bytes&)) {
-    if (path == "-") return standard_input(error);
+bool read_bytes(const std::string& path, Bytes& bytes, std::string& error,
+                bool (*wanted)(const Bytes&)) {
+    if (path == "-") return read_standard_input(bytes, error);
     if (std::FILE* file = std::fopen(path.c_str(), "rb")) {
-        Bytes bytes;
+        std::setvbuf(file, nullptr, _IONBF, 0);  // the blocks are large enough
         const bool complete = read_all(file, wanted, bytes);
         const int reason = errno;
         std::fclose(file);
-        if (complete) return bytes;
+        if (complete) return true;
         errno = reason;
     }
     error = shown_name(path) + ": " + std::strerror(errno);
-    return std::nullopt;
+    return false;
+}
+
+std::optional<Bytes> read_bytes(const std::string& path, std::string& error,
+                                bool (*wanted)(const Bytes&)) {
+    Bytes bytes;
+    if (!read_bytes(path, bytes, error, wanted)) return std::nullopt;
+    return bytes;
 }
 
 bool write_bytes(const std::string& path, std::string_view bytes, std::string& error) {

@@ -20,6 +20,10 @@ constexpr std::size_t kMostBytes = std::size_t(1) << 29;
 std::optional<Bytes> read_bytes(const std::string& path, std::string& error,
                                 bool (*wanted)(const Bytes& start) = nullptr);
 
+/// The same in place of what @p bytes held.
+bool read_bytes(const std::string& path, Bytes& bytes, std::string& error,
+                bool (*wanted)(const Bytes& start) = nullptr);
+
 /// Writes a file over whatever is there. On failure, returns false and says why in @p error.
 bool write_bytes(const std::string& path, std::string_view bytes, std::string& error);
 bool write_bytes(const std::string& path, const Bytes& bytes, std::string& error);
