@@ -141,8 +141,8 @@ std::string for_zsh(const CLI::App& app) {
         choices = "'1:command:(" + choices.substr(0, choices.size() - 1) + ")'";
     }
     text += "    " + zsh_arguments(app, choices.empty() ? files : choices) + "}\n";
-    // Installed, the file is the function; read by `source`, it makes it known.
-    return text + "if [ \"$funcstack[1]\" = " + function + " ]; then " + function +
+    // Installed, the file is a function by its own name; read by `source`, it makes ours known.
+    return text + "if [ \"$funcstack[1]\" = _" + app.get_name() + " ]; then " + function +
            " \"$@\"; else compdef " + function + " " + app.get_name() + "; fi\n";
 }
 

@@ -16,8 +16,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool read_all(std::FILE* file, std::size_t most, bool (*wanted)(const Bytes&), Bytes& bytes) {
+using Wanted = bool (*)(const Bytes& start);
+
+bool read_all(std::FILE* file, std::size_t most, Wanted wanted, Bytes& bytes) {
     std::array<unsigned char, 65536> block;
+    bytes.clear();
     while (const std::size_t got = std::fread(block.data(), 1, block.size(), file)) {
         bytes.insert(bytes.end(), block.begin(), block.begin() + std::ptrdiff_t(got));
         if (bytes.size() > most) break;
@@ -27,27 +30,27 @@ bool read_all(std::FILE* file, std::size_t most, bool (*wanted)(const Bytes&), B
 }
 
 /// The standard input, which can be read but once.
-std::optional<Bytes> standard_input(std::string& error) {
-    static Bytes bytes;
-    static const bool complete = read_all(stdin, kMostBytes, nullptr, bytes);
-    if (complete) return bytes;
-    error = "standard input: it cannot be read";
-    return std::nullopt;
+bool read_standard_input(Bytes& bytes, std::string& error) {
+    static Bytes kept;
+    static const bool complete = read_all(stdin, kMostBytes, nullptr, kept);
+    bytes = kept;
+    if (!complete) error = "standard input: it cannot be read";
+    return complete;
 }
 
-std::optional<Bytes> read_up_to(std::size_t most, const std::string& path, std::string& error,
-                                bool (*wanted)(const Bytes&)) {
-    if (path == "-") return standard_input(error);
+bool read_up_to(std::size_t most, const std::string& path, Bytes& bytes, std::string& error,
+                Wanted wanted) {
+    if (path == "-") return read_standard_input(bytes, error);
     if (std::FILE* file = std::fopen(path.c_str(), "rb")) {
-        Bytes bytes;
+        std::setvbuf(file, nullptr, _IONBF, 0);  // the blocks are large enough
         const bool complete = read_all(file, most, wanted, bytes);
         const int reason = errno;
         std::fclose(file);
-        if (complete) return bytes;
+        if (complete) return true;
         errno = reason;
     }
     error = shown_name(path) + ": " + std::strerror(errno);
-    return std::nullopt;
+    return false;
 }
 
 bool put(std::FILE* file, std::string_view bytes) {
@@ -81,16 +84,21 @@ bool replace(const std::string& path, std::string_view bytes) {
 
 }  // namespace
 
-std::optional<Bytes> read_bytes(const std::string& path, std::string& error,
-                                bool (*wanted)(const Bytes&)) {
-    return read_up_to(kMostBytes, path, error, wanted);
+bool read_bytes(const std::string& path, Bytes& bytes, std::string& error, Wanted wanted) {
+    return read_up_to(kMostBytes, path, bytes, error, wanted);
+}
+
+std::optional<Bytes> read_bytes(const std::string& path, std::string& error, Wanted wanted) {
+    Bytes bytes;
+    if (!read_bytes(path, bytes, error, wanted)) return std::nullopt;
+    return bytes;
 }
 
 bool read_text(const std::string& path, std::string& text, std::string& error) {
-    const auto bytes = read_up_to(kMostText, path, error, nullptr);
-    if (!bytes) return false;
-    text.assign(bytes->begin(), bytes->end());
-    if (bytes->size() <= kMostText) return true;
+    Bytes bytes;
+    if (!read_up_to(kMostText, path, bytes, error, nullptr)) return false;
+    text.assign(bytes.begin(), bytes.end());
+    if (bytes.size() <= kMostText) return true;
     error = shown_path(path, "standard input") + ": larger than " +
             std::to_string(kMostText >> 20) + " MiB";
     return false;

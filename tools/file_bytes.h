@@ -20,6 +20,10 @@ constexpr std::size_t kMostBytes = std::size_t(1) << 29;
 std::optional<Bytes> read_bytes(const std::string& path, std::string& error,
                                 bool (*wanted)(const Bytes& start) = nullptr);
 
+/// The same in place of what @p bytes held.
+bool read_bytes(const std::string& path, Bytes& bytes, std::string& error,
+                bool (*wanted)(const Bytes& start) = nullptr);
+
 /// The most that is read of a scene, of its values and of a theme.
 constexpr std::size_t kMostText = std::size_t(16) << 20;
 

@@ -8,14 +8,14 @@
 namespace orvel_tools {
 namespace {
 
-std::optional<Picture> decoded(const Bytes& bytes, const std::string& name, std::string& error,
-                               std::string (*decode)(const Bytes&, Picture&)) {
-    Picture picture;
+using Decoder = std::string(const Bytes&, Picture&);
+
+bool decode(const Bytes& bytes, const std::string& name, Picture& picture, std::string& error,
+            Decoder* decoder) {
     const std::string reason =
-        bytes.size() > kMostBytes ? "the file is too large" : decode(bytes, picture);
-    if (reason.empty()) return picture;
-    error = name + ": " + reason;
-    return std::nullopt;
+        bytes.size() > kMostBytes ? "the file is too large" : decoder(bytes, picture);
+    if (!reason.empty()) error = name + ": " + reason;
+    return reason.empty();
 }
 
 std::string decode_any(const Bytes& bytes, Picture& picture) {
@@ -26,44 +26,49 @@ std::string decode_any(const Bytes& bytes, Picture& picture) {
 
 bool is_picture(const Bytes& start) { return is_png(start) || is_bmp(start); }
 
-}  // namespace
-
-std::optional<Picture> decode_picture(const Bytes& bytes, const std::string& name,
-                                      std::string& error) {
-    return decoded(bytes, name, error, decode_any);
+std::optional<Picture> read(const std::string& path, std::string& error, Decoder* decoder) {
+    Bytes bytes;
+    Picture picture;
+    if (!read_picture_bytes(path, bytes, error)) return std::nullopt;
+    if (!decode(bytes, shown_path(path, "standard input"), picture, error, decoder)) {
+        return std::nullopt;
+    }
+    return picture;
 }
 
-std::optional<Bytes> read_picture_bytes(const std::string& path, std::string& error) {
+}  // namespace
+
+bool decode_picture(const Bytes& bytes, const std::string& name, Picture& picture,
+                    std::string& error) {
+    return decode(bytes, name, picture, error, decode_any);
+}
+
+bool read_picture_bytes(const std::string& path, Bytes& bytes, std::string& error) {
     // What else a name may lead to, be it without an end, is not read on.
-    return read_bytes(path, error, is_picture);
+    return read_bytes(path, bytes, error, is_picture);
 }
 
 std::optional<Picture> read_picture(const std::string& path, std::string& error) {
-    const auto bytes = read_picture_bytes(path, error);
-    if (!bytes) return std::nullopt;
-    return decode_picture(*bytes, shown_path(path, "standard input"), error);
-}
-
-std::int64_t claimed_pixels(const std::string& path) {
-    constexpr std::size_t kEnough = 26;
-    std::string error;
-    const auto bytes =
-        path == "-" ? std::nullopt : read_bytes(path, error, [](const Bytes&) { return false; });
-    if (!bytes || bytes->size() < kEnough) return 0;
-    const auto number = [&](std::size_t at, bool high_first) {
-        std::int64_t value = 0;
-        for (std::size_t i = 0; i < 4; ++i)
-            value = value << 8 | (*bytes)[at + (high_first ? i : 3 - i)];
-        return high_first ? value : std::llabs(static_cast<std::int32_t>(value));
-    };
-    return is_png(*bytes) ? number(16, true) * number(20, true)
-                          : number(18, false) * number(22, false);
+    return read(path, error, decode_any);
 }
 
 std::optional<Picture> read_bmp(const std::string& path, std::string& error) {
-    const auto bytes = read_picture_bytes(path, error);
-    if (!bytes) return std::nullopt;
-    return decoded(*bytes, shown_path(path, "standard input"), error, decode_bmp);
+    return read(path, error, decode_bmp);
+}
+
+std::int64_t claimed_pixels(const Bytes& bytes) {
+    constexpr std::size_t kEnough = 26;
+    if (bytes.size() < kEnough) return 0;
+    const auto number = [&bytes](std::size_t at, bool high_first) {
+        std::uint32_t value = 0;
+        for (std::size_t i = 0; i < 4; ++i) {
+            value = value << 8 | bytes[at + (high_first ? i : 3 - i)];
+        }
+        return value;
+    };
+    if (is_png(bytes)) return std::int64_t(number(16, true)) * number(20, true);
+    const std::int64_t height = static_cast<std::int32_t>(number(22, false));
+    return number(18, false) * std::llabs(height);
 }
 
 Picture picture_of(const orvel_canvas* canvas) {

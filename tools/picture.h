@@ -35,14 +35,16 @@ constexpr int kLongestSide = 1000000;
 std::optional<Picture> read_picture(const std::string& path, std::string& error);
 /// The same for a BMP file alone.
 std::optional<Picture> read_bmp(const std::string& path, std::string& error);
-/// The bytes of such a file, up to where it is seen to be none.
-std::optional<Bytes> read_picture_bytes(const std::string& path, std::string& error);
-/// What read_picture() makes of these bytes of a file, which @p name stands for in @p error.
-std::optional<Picture> decode_picture(const Bytes& bytes, const std::string& name,
-                                      std::string& error);
+/// Reads the bytes of such a file, up to where it is seen to be none, in place of what @p bytes
+/// held: memory that is used again is ready at once.
+bool read_picture_bytes(const std::string& path, Bytes& bytes, std::string& error);
+/// What read_picture() makes of these bytes of a file, which @p name stands for in @p error, in
+/// place of what @p picture held.
+bool decode_picture(const Bytes& bytes, const std::string& name, Picture& picture,
+                    std::string& error);
 
-/// How many pixels the file says that it holds, whatever it is: to be asked before it is read.
-std::int64_t claimed_pixels(const std::string& path);
+/// How many pixels the bytes of a file say that they hold, whatever it is.
+std::int64_t claimed_pixels(const Bytes& bytes);
 
 /// Copies what has been drawn on @p canvas.
 Picture picture_of(const orvel_canvas* canvas);

@@ -76,6 +76,18 @@ class Completions(unittest.TestCase):
             for command in commands:
                 self.assertEqual(self.in_zsh(tool, command, "")[0], options_of(tool, command))
 
+    def test_zsh_finds_the_installed_file(self):
+        self.needs("zsh")
+        installed = self.folder / "functions"
+        installed.mkdir()
+        for tool in TOOLS:
+            shutil.copy(self.files[tool, "zsh"], installed / f"_{tool}")
+            script = ('_arguments() { print -rl -- "$@" }; compdef() { print never }; fpath=("$1"); shift; '
+                      f'autoload -Uz _{tool}; words=("$@"); CURRENT=$#; _{tool}')
+            text = run("zsh", "-f", "-c", script, "", installed, tool, "")
+            self.assertEqual(set(re.findall(r"^(--[\w-]+)\[", text, re.MULTILINE)), options_of(tool))
+            self.assertNotIn("never", text)
+
     def test_fish_knows_every_option_and_command(self):
         self.needs("fish")
         for tool, commands in TOOLS.items():

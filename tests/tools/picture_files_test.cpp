@@ -12,7 +12,6 @@ namespace {
 
 using namespace orvel_test;
 using orvel_tools::Bytes;
-using orvel_tools::decode_picture;
 using orvel_tools::Picture;
 
 class PictureFiles : public testing::Test {
@@ -38,9 +37,15 @@ protected:
         EXPECT_TRUE(theirs.pixels == picture.pixels);
     }
 
+    static std::optional<Picture> decoded(const Bytes& bytes, std::string& error) {
+        Picture picture;
+        if (!orvel_tools::decode_picture(bytes, "it", picture, error)) return std::nullopt;
+        return picture;
+    }
+
     void expect_refused(const std::string& bytes, const std::string& reason) {
         std::string error;
-        EXPECT_FALSE(decode_picture(Bytes(bytes.begin(), bytes.end()), "it", error));
+        EXPECT_FALSE(decoded(Bytes(bytes.begin(), bytes.end()), error));
         EXPECT_EQ(error, "it: " + reason);
     }
 };
@@ -108,7 +113,7 @@ TEST_F(PictureFiles, EveryTruncationIsRefused) {
         for (std::size_t length = 0; length < bytes.size(); ++length) {
             std::string error;
             const Bytes cut(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(length));
-            ASSERT_FALSE(decode_picture(cut, "it", error)) << length;
+            ASSERT_FALSE(decoded(cut, error)) << length;
             ASSERT_EQ(error.rfind("it: ", 0), 0u);
         }
     }
@@ -120,7 +125,7 @@ TEST_F(PictureFiles, EveryFlippedBitIsRefused) {
         Bytes flipped(bytes.begin(), bytes.end());
         flipped[bit / 8] ^= static_cast<unsigned char>(1u << bit % 8);
         std::string error;
-        ASSERT_FALSE(decode_picture(flipped, "it", error)) << "bit " << bit;
+        ASSERT_FALSE(decoded(flipped, error)) << "bit " << bit;
     }
 }
 
@@ -139,7 +144,7 @@ TEST_F(PictureFiles, BytesOfAnyKindAreReadOrRefusedInOneLine) {
                 static_cast<unsigned char>(random.between(0, 255));
         }
         std::string error;
-        const auto picture = decode_picture(bytes, "it", error);
+        const auto picture = decoded(bytes, error);
         if (picture) {
             ASSERT_EQ(picture->pixels.size(), static_cast<std::size_t>(picture->width) *
                                                   static_cast<std::size_t>(picture->height));
@@ -186,7 +191,7 @@ TEST_F(PictureFiles, AFewBytesCannotClaimMorePixelsThanAreRead) {
     expect_refused(png_of(900000, 900000, 8, 2, chunk("IDAT", "")), "too many pixels");
     std::string error;
     const std::string larger = png_of(1000001, 1, 8, 2, chunk("IDAT", ""));
-    EXPECT_FALSE(decode_picture(Bytes(larger.begin(), larger.end()), "it", error));
+    EXPECT_FALSE(decoded(Bytes(larger.begin(), larger.end()), error));
 }
 
 }  // namespace

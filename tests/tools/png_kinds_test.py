@@ -147,6 +147,17 @@ class PngKinds(unittest.TestCase):
             (self.expected / f"{depth}.bmp").write_bytes(bmp(pixels, (kind.width, kind.height)))
         self.assertEqual(self.compare(), (0, "4 pictures: 4 equal\n"))
 
+    def test_a_number_without_a_colour_is_refused(self):
+        for interlaced in (False, True):
+            kind = Kind(PALETTE, 2, interlaced, False, "short")
+            kind.palette = kind.palette[:3]
+            kind.pixels[-1][-1] = [3]
+            (self.actual / "short.png").write_bytes(kind.png())
+            Image.new("L", (3, 3)).save(self.expected / "short.png")
+            status, said = self.compare()
+            self.assertEqual(status, 2)
+            self.assertIn(f"{self.actual}/short.png: a colour that is not in the palette", said)
+
     def test_pillow_reads_what_is_approved(self):
         chance = random.Random(5)
         for number in range(60):

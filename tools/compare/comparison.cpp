@@ -14,33 +14,58 @@ namespace {
 constexpr std::uintmax_t kLargeFile = 1 << 22;
 constexpr std::int64_t kLargePicture = 1 << 23;
 
-/// Two pictures, of which the second is not there when its file has the bytes of the first.
-bool read_both(const Pair& pair, Picture& expected, std::optional<Picture>& actual,
-               std::string& error) {
-    const auto before = read_picture_bytes(pair.expected, error);
-    if (!before) return false;
-    const auto now = read_picture_bytes(pair.actual, error);
-    if (!now) return false;
-    auto decoded = decode_picture(*before, shown_path(pair.expected, "standard input"), error);
-    if (!decoded) return false;
-    expected = std::move(*decoded);
-    if (*before == *now) return true;
-    actual = decode_picture(*now, shown_path(pair.actual, "standard input"), error);
-    return actual.has_value();
+bool is_large_file(const std::string& path) {
+    std::error_code failed;
+    const std::uintmax_t size = path == "-" ? 0 : std::filesystem::file_size(path, failed);
+    return !failed && size > kLargeFile;
 }
 
-Result compare_files(const Pair& pair, std::vector<Mask> masks) {
+/// What one thread works with, pair after pair. Large pictures are compared one pair at a time in
+/// all threads: memory is bounded by the largest pair, not by the number of processors.
+struct Desk {
+    explicit Desk(std::mutex& of_large) : large(of_large, std::defer_lock) {}
+
+    Bytes before, now;
+    Picture expected, actual;
+    std::unique_lock<std::mutex> large;
+
+    void lock_when(bool is_large) {
+        if (is_large && !large.owns_lock()) large.lock();
+    }
+    void clear() {
+        if (!large.owns_lock()) return;
+        before = now = Bytes();
+        expected = actual = Picture();
+        large.unlock();
+    }
+};
+
+/// Reads both pictures, or the first one alone when the files are the same; null when they cannot
+/// be read, else the second one.
+const Picture* read_both(const Pair& pair, Desk& desk, std::string& error) {
+    desk.lock_when(is_large_file(pair.expected) || is_large_file(pair.actual));
+    if (!read_picture_bytes(pair.expected, desk.before, error)) return nullptr;
+    if (!read_picture_bytes(pair.actual, desk.now, error)) return nullptr;
+    desk.lock_when(std::max(claimed_pixels(desk.before), claimed_pixels(desk.now)) > kLargePicture);
+    const auto decode = [&error](const Bytes& bytes, const std::string& path, Picture& picture) {
+        return decode_picture(bytes, shown_path(path, "standard input"), picture, error);
+    };
+    if (!decode(desk.before, pair.expected, desk.expected)) return nullptr;
+    if (desk.before == desk.now) return &desk.expected;
+    return decode(desk.now, pair.actual, desk.actual) ? &desk.actual : nullptr;
+}
+
+Result compare_files(const Pair& pair, std::vector<Mask> masks, Desk& desk) {
     Result result;
     result.pair = pair;
     result.masks = std::move(masks);
-    Picture expected;
-    std::optional<Picture> actual;
     try {
-        if (!read_both(pair, expected, actual, result.reason)) {
+        const Picture* const actual = read_both(pair, desk, result.reason);
+        if (!actual) {
             result.outcome = Outcome::unreadable;
             return result;
         }
-        result.difference = difference(expected, actual ? *actual : expected, result.masks);
+        result.difference = difference(desk.expected, *actual, result.masks);
         result.outcome = result.difference.found() ? Outcome::different : Outcome::equal;
     } catch (const std::bad_alloc&) {
         result.outcome = Outcome::unreadable;
@@ -49,15 +74,7 @@ Result compare_files(const Pair& pair, std::vector<Mask> masks) {
     return result;
 }
 
-/// Whether reading @p path may take so much memory that no other file should be read meanwhile.
-bool is_large(const std::string& path) {
-    std::error_code failed;
-    const std::uintmax_t size = path == "-" ? 0 : std::filesystem::file_size(path, failed);
-    return failed || size > kLargeFile || claimed_pixels(path) > kLargePicture;
-}
-
-/// Hands out the pairs to as many threads as there are processors. Large pictures are compared one
-/// pair at a time: memory is bounded by the largest pair, not by the number of processors.
+/// Hands out the pairs to as many threads as there are processors.
 class Work {
 public:
     Work(const Pairs& pairs, const std::vector<Mask>& masks)
@@ -80,10 +97,13 @@ public:
 
 private:
     void take_all() {
-        for (std::size_t i = next_++; i < pairs_.size(); i = next_++) results_[i] = one(pairs_[i]);
+        Desk desk(large_);
+        for (std::size_t i = next_++; i < pairs_.size(); i = next_++) {
+            results_[i] = one(pairs_[i], desk);
+        }
     }
 
-    Result one(const Pair& pair) {
+    Result one(const Pair& pair, Desk& desk) {
         std::vector<Mask> masks = masks_for(pair.name, masks_);
         if (pair.expected.empty() || pair.actual.empty()) {
             Result result;
@@ -91,9 +111,9 @@ private:
             result.outcome = pair.expected.empty() ? Outcome::unexpected : Outcome::missing;
             return result;
         }
-        std::unique_lock<std::mutex> alone(large_, std::defer_lock);
-        if (pairs_.size() > 1 && (is_large(pair.expected) || is_large(pair.actual))) alone.lock();
-        return compare_files(pair, std::move(masks));
+        Result result = compare_files(pair, std::move(masks), desk);
+        desk.clear();
+        return result;
     }
 
     const std::vector<Pair>& pairs_;
