@@ -29,20 +29,22 @@ SceneFolder& self_of(void* self) { return *static_cast<SceneFolder*>(self); }
 }  // namespace
 
 CanvasPtr canvas_from(const std::string& path, std::string& error) {
-    if (claimed_pixels(path) > kMostScenePixels) {
+    Bytes bytes;
+    Picture picture;
+    if (!read_picture_bytes(path, bytes, error)) return nullptr;
+    if (claimed_pixels(bytes) > kMostScenePixels) {
         error = path + ": more than 16 million pixels";
         return nullptr;
     }
-    const auto picture = read_picture(path, error);
-    if (!picture) return nullptr;
-    CanvasPtr canvas(kit_canvas(picture->width, picture->height));
+    if (!decode_picture(bytes, path, picture, error)) return nullptr;
+    CanvasPtr canvas(kit_canvas(picture.width, picture.height));
     if (!canvas) {
         error = path + ": too large for the memory";
         return nullptr;
     }
-    for (int y = 0; y < picture->height; ++y) {
-        for (int x = 0; x < picture->width; ++x) {
-            orvel_canvas_pixel(canvas.get(), x, y, picture->at(x, y));
+    for (int y = 0; y < picture.height; ++y) {
+        for (int x = 0; x < picture.width; ++x) {
+            orvel_canvas_pixel(canvas.get(), x, y, picture.at(x, y));
         }
     }
     return canvas;
