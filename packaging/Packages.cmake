@@ -113,6 +113,9 @@ orvel_package(liborvelkit-dev SECTION libdevel
 
 if(TARGET OrvelScreen)
     find_package(nlohmann_json QUIET)
+    if(NOT nlohmann_json_FOUND)  # built for another processor, with headers found elsewhere
+        set(nlohmann_json_VERSION NOASSERTION)
+    endif()
     set(reader nlohmann-json "${nlohmann_json_VERSION}" MIT
         ${CMAKE_CURRENT_LIST_DIR}/licences/nlohmann-json)
     orvel_package(liborvelscreen0 SECTION libs
