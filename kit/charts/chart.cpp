@@ -140,7 +140,7 @@ kit_box room_of(const kit_chart& chart, const Range& range) {
         take_top(cap / 2 + 1);
         if (!(chart.parts & KIT_CHART_LABELS)) room.h -= cap / 2 + 1;
     }
-    if (chart.parts & KIT_CHART_LABELS) room.h -= cap + 8;
+    if (chart.parts & KIT_CHART_LABELS) room.h -= cap + 7 + kit_face_descent(chart.face);
     return room;
 }
 

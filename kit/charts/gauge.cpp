@@ -133,9 +133,11 @@ void draw_gauge(orvel_canvas* canvas, const orvel_theme& theme, const kit_chart&
     kit_text_box(canvas, chart.face, number.c_str(), middle, KIT_CENTRE, theme.text);
     if (!(chart.parts & KIT_CHART_LABELS)) return;
     const int opening = inner * 7 / 10;
-    const int row = std::min(cy + outer * 7 / 10, box.y + box.h - cap - 2);
+    const int descent = kit_face_descent(chart.face);
+    const int row = std::min(cy + outer * 7 / 10, box.y + box.h - cap - 1 - descent);
     kit_text_box(canvas, chart.face, item(chart.labels, 0).c_str(),
-                 {cx - opening, row, 2 * opening, cap + 2}, KIT_CENTRE, quiet(theme));
+                 {cx - opening, row - descent, 2 * opening, cap + 2 + 2 * descent}, KIT_CENTRE,
+                 quiet(theme));
 }
 
 }  // namespace kit

@@ -136,9 +136,9 @@ void Words::put(Canvas& canvas, const Codes& codes, kit_box box, int align, long
 /// As many characters as go before an ellipsis, and that.
 Codes Words::shortened(Codes codes, long long room) const {
     codes = shown(codes);
-    while (!codes.empty() && width_of(codes) + letters_(0x2026).advance > room) codes.pop_back();
+    while (!codes.empty() && width_of(codes) + letters_(kCut).advance > room) codes.pop_back();
     codes = without_spaces_at_the_end(codes);
-    codes.push_back(0x2026);
+    codes.push_back(kCut);
     return codes;
 }
 

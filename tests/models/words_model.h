@@ -26,7 +26,11 @@ struct Letter {
     std::vector<Dot> dots;
 };
 
-/// The letters of a face: what it lacks is decided here, too.
+/// Stands for the ellipsis of what was cut: a face that lacks U+2026 shows three points there, but
+/// where the text has that character itself, what it shows for all that is missing.
+constexpr char32_t kCut = 0x110000;
+
+/// The letters of a face, kCut among them: what it lacks is decided here, too.
 using Letters = std::function<Letter(char32_t)>;
 
 /// The measures of a face.

@@ -163,6 +163,45 @@ TEST(ChartTest, WhatIsTooWideForRoundNumbersOrHasNoNamesIsDrawnWithoutThem) {
     EXPECT_EQ(nameless("", ""), chart);
 }
 
+/// How many rows of the chart, counted from the bottom, have no ink of words.
+int empty_rows_below(kit_chart chart, int w, int h) {
+    const auto canvas = make_canvas(w, h);
+    const std::vector<double> values = {1.0};
+    const kit_series row = series(values);
+    chart.box = {0, 0, w, h};
+    chart.series = &row;
+    chart.count = 1;
+    EXPECT_EQ(kit_chart_draw(canvas.get(), dark(), chart), 0);
+    for (int y = h - 1; y >= 0; --y) {
+        for (int x = 0; x < w; ++x) {
+            if (orvel_canvas_pixel_get(canvas.get(), x, y) != orvel_color{0, 0, 0, 255})
+                return h - 1 - y;
+        }
+    }
+    return h;
+}
+
+TEST(ChartTest, LabelsAreWholeBelowTheBaselineToo) {
+    for (const kit_face* face : {kit_sans_11(), kit_sans_12(), kit_sans_18(), kit_sans_24(),
+                                 kit_bold_12(), kit_mono_12()}) {
+        int letter_rows = 0;  // those of a "g" below the baseline, that of the baseline included
+        const auto alone = make_canvas(60, 100);
+        kit_text_draw(alone.get(), face, "g", 10, 50, {255, 255, 255, 255});
+        for (int y = 50; y < 100; ++y) {
+            for (int x = 0; x < 60; ++x)
+                if (orvel_canvas_pixel_get(alone.get(), x, y).r != 0) letter_rows = y - 49;
+        }
+        EXPECT_GT(letter_rows, 1);
+        for (const int kind : {KIT_CHART_BARS, KIT_CHART_LINE, KIT_CHART_GAUGE}) {
+            kit_chart chart = {.kind = kind, .high = 2, .parts = KIT_CHART_LABELS, .face = face};
+            chart.labels = "H";
+            const int without = empty_rows_below(chart, 120, 140);
+            chart.labels = "g";
+            EXPECT_EQ(without - empty_rows_below(chart, 120, 140), letter_rows) << kind;
+        }
+    }
+}
+
 TEST(ChartTest, WithoutValuesNothingIsDrawnAndThatIsNoFailure) {
     const std::vector<double> none = {kMissing, kMissing};
     for (int kind = KIT_CHART_LINE; kind < KIT_CHART_GAUGE; ++kind) {

@@ -55,14 +55,15 @@ inline model::Letter tiny_letter(char32_t code) {
     if (code == 0xA0 || code == 0x1680 || (code >= 0x2000 && code <= 0x200A)) code = ' ';
     if (code == 0x202F || code == 0x205F || code == 0x3000) code = ' ';
     if (code == 0x2010 || code == 0x2011) code = '-';
+    if (code == model::kCut) code = 0x2026;
     const auto found = letters.find(code);
     return found == letters.end() ? letters.at(0xFFFD) : found->second;
 }
 
-/// What the bare face shows: a hollow box for all that is not there, three points as an ellipsis.
+/// What the bare face shows: a hollow box for all that is not there, three points for what was cut.
 inline model::Letter bare_letter(char32_t code) {
     static const std::map<char32_t, model::Letter> letters = letters_of(kBareFile);
-    if (code == 0x2026) return {6, {{0, 0}, {2, 0}, {4, 0}}};
+    if (code == model::kCut) return {6, {{0, 0}, {2, 0}, {4, 0}}};
     if (letters.count(code) != 0) return letters.at(code);
     model::Letter box = {6, {}};
     for (int i = 0; i < 5; ++i) {
