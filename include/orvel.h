@@ -19,7 +19,8 @@
  *  - Arithmetic is 32-bit and wraps as two's complement where a sum or product leaves the range.
  *    The pixels of lines and circles, and the rows and columns of discs, do not wrap: they are the
  *    true ones wherever they lie.
- *  - Threads. No locks: one thread at a time, or one canvas, theme and set of widgets per thread.
+ *  - Threads. Nothing is locked for you: one thread at a time, or one canvas, theme and set of
+ *    widgets per thread. After fork() in a host of several threads, the child calls nothing here.
  *    The lifecycle, resource and sound functions share library-wide state: one thread for them all.
  *    Threads may share what none of them changes: a theme, a canvas they read, the resource root.
  *    Do not cancel a thread (pthread_cancel) while it is in a call.
@@ -443,7 +444,7 @@ ORVEL_API void orvel_widget_draw(orvel_widget* widget);
 /* ---- Sound ---- */
 /*
  * Effects play in the system's sound service, music and tones in processes of the system's player;
- * no call waits for their end.
+ * no call waits for the end of what it plays.
  *
  *  - macOS: effects are what the system-sound service takes (WAV, AIFF or CAF of at most 30
  *    seconds); music is what /usr/bin/afplay takes (WAV, AIFF, MP3, M4A).
@@ -456,7 +457,7 @@ ORVEL_API void orvel_widget_draw(orvel_widget* widget);
  *  - Without a sound server or these programs: effects are -1; music and tones are silent, and
  *    their calls still return 0, since a player fails in its own process.
  *
- * A 16-bit WAV file plays everywhere, as effect and as music.
+ * A 16-bit WAV file plays everywhere, as music and, within these bounds, as effect.
  *
  * Players inherit the host's signal mask, and are children of the host: one that waits for any
  * child can meet them.

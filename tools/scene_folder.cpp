@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 
+#include "bmp_file.h"
 #include "file_bytes.h"
 #include "picture.h"
+#include "png_file.h"
 #include "theme_check.h"
 #include "theme_file.h"
 
@@ -32,7 +34,7 @@ CanvasPtr canvas_from(const std::string& path, std::string& error) {
     Bytes bytes;
     Picture picture;
     if (!read_picture_bytes(path, bytes, error)) return nullptr;
-    if (claimed_pixels(bytes) > kMostScenePixels) {
+    if ((is_png(bytes) || is_bmp(bytes)) && claimed_pixels(bytes) > kMostScenePixels) {
         error = path + ": more than 16 million pixels";
         return nullptr;
     }

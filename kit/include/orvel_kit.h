@@ -47,10 +47,10 @@ ORVEL_API const char* kit_version(void);
 
 /** A rectangle: [x, x + w) x [y, y + h), in pixels. Empty when a side is below 1. */
 typedef struct kit_box {
-    int x; /**< left */
-    int y; /**< top */
-    int w; /**< width */
-    int h; /**< height */
+    int x KIT_ZERO; /**< left */
+    int y KIT_ZERO; /**< top */
+    int w KIT_ZERO; /**< width */
+    int h KIT_ZERO; /**< height */
 } kit_box;
 
 /* ---- Guarded forms ---- */
@@ -408,8 +408,9 @@ typedef struct kit_chart {
 /**
  * Draws a chart in the theme's colours.
  *
- * @return 0, also where there are no values to show; -1 for null, an unknown kind, a range that is
- *         not finite or upside down, too many series, and where memory runs out.
+ * @return 0, also where there are no values to show; -1 for null, an unknown kind, a count below 0,
+ *         more than 32 series, a box with a side below 0 or above 32767, a range that is upside
+ *         down or whose ends or width are not finite, and where memory runs out.
  */
 ORVEL_API int kit_chart_draw(orvel_canvas* canvas, const orvel_theme* theme,
                              const kit_chart* chart);

@@ -93,6 +93,34 @@ TEST_F(KitRecordsTest, BoxesAtTheLimitsOfIntAreDrawn) {
     }
 }
 
+TEST_F(KitRecordsTest, FarToTheRightAndFarBelowAWidgetLooksAsItDoesNear) {
+    constexpr int kFar = 8500, kSide = 30;
+    const CanvasPtr near = make_canvas(kSide, kSide);
+    const CanvasPtr right = make_canvas(kFar + kSide, kSide),
+                    below = make_canvas(kSide, kFar + kSide);
+    for (kit_widget widget : usual_widgets()) {
+        if (widget.kind == ORVEL_WIDGET_IMAGE) continue;
+        for (orvel_canvas* canvas : {near.get(), right.get(), below.get()}) {
+            orvel_canvas_clear(canvas, theme_.background);
+        }
+        widget.box = {0, 0, kSide, kSide};
+        EXPECT_EQ(kit_draw(near.get(), theme_, widget), 0);
+        widget.box.x = kFar;
+        EXPECT_EQ(kit_draw(right.get(), theme_, widget), 0);
+        widget.box = {0, kFar, kSide, kSide};
+        EXPECT_EQ(kit_draw(below.get(), theme_, widget), 0);
+        for (int y = 0; y < kSide; ++y) {
+            for (int x = 0; x < kSide; ++x) {
+                const orvel_color seen = orvel_canvas_pixel_get(near.get(), x, y);
+                ASSERT_EQ(seen, orvel_canvas_pixel_get(right.get(), kFar + x, y))
+                    << name_of_kind(widget.kind);
+                ASSERT_EQ(seen, orvel_canvas_pixel_get(below.get(), x, kFar + y))
+                    << name_of_kind(widget.kind);
+            }
+        }
+    }
+}
+
 TEST_F(KitRecordsTest, StatesOfEveryBitAreDrawn) {
     for (kit_widget widget : usual_widgets()) {
         if (widget.kind == ORVEL_WIDGET_IMAGE) continue;
