@@ -30,7 +30,8 @@
 /** The version of this header; kit_version() tells that of the library in use. */
 #define KIT_VERSION "0.1.0"
 
-/* Behind each field of a record: with it, no C++ compiler asks for what is left out. */
+/* Behind each field of a record: with it, no C++ compiler asks for what is left out. A kit_box, which
+   functions return, has none, or it would be no type of C to clang++: give all four numbers. */
 #ifdef __cplusplus
 #define KIT_ZERO \
     {}
@@ -47,10 +48,10 @@ ORVEL_API const char* kit_version(void);
 
 /** A rectangle: [x, x + w) x [y, y + h), in pixels. Empty when a side is below 1. */
 typedef struct kit_box {
-    int x KIT_ZERO; /**< left */
-    int y KIT_ZERO; /**< top */
-    int w KIT_ZERO; /**< width */
-    int h KIT_ZERO; /**< height */
+    int x; /**< left */
+    int y; /**< top */
+    int w; /**< width */
+    int h; /**< height */
 } kit_box;
 
 /* ---- Guarded forms ---- */
