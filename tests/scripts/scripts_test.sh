@@ -164,7 +164,8 @@ bootstrap_without_a_package_manager_names_what_is_missing)
         fail "$error"
     ;;
 commands_explain_themselves)
-    for command in demo check scripts/bake scripts/bootstrap scripts/build scripts/draw; do
+    for command in demo check scripts/bake scripts/bootstrap scripts/build scripts/describe \
+        scripts/draw; do
         [[ $("$source_folder/$command" --help) == "usage: "*"$command"* ]] || fail "$command --help"
     done
     ;;

@@ -1,0 +1,971 @@
+"""The interfaces of OrvelSDK in C, for ctypes.
+
+Made by scripts/describe from bindings/orvel_api.json: edit the headers and run it. Texts are bytes.
+Every record is a Structure with the names of C; what only the library sees into, an object, is a
+Structure without fields, handled by its POINTER alone. None is null.
+"""
+from ctypes import (CFUNCTYPE, POINTER, Structure, c_char, c_char_p, c_double, c_int, c_size_t,
+                    c_ubyte, c_uint, c_void_p)
+
+from ._load import load
+
+
+def _function(library, name, result, arguments, text):
+    found = getattr(library, name)
+    found.restype, found.argtypes, found.__doc__ = result, arguments, text
+    return found
+
+
+class orvel_canvas(Structure):
+    """A picture in memory; made by orvel_canvas_create()."""
+
+
+class orvel_widget(Structure):
+    """One piece of user interface; made by the orvel_widget_ constructors."""
+
+
+class orvel_color(Structure):
+    """A colour: red, green, blue and alpha (255 is opaque), four bytes in this order in memory.
+
+    r: red
+    g: green
+    b: blue
+    a: alpha"""
+    _fields_ = [("r", c_ubyte),
+                ("g", c_ubyte),
+                ("b", c_ubyte),
+                ("a", c_ubyte)]
+
+
+class orvel_theme(Structure):
+    """The nine colours that widgets are drawn in. Plain memory of the host's: the library never
+    allocates one. The field names are also the keys of theme files.
+
+    background: list items; words and knobs on the accent
+    surface: the ground of windows, fields and the open tab; a radio's dot
+    text: words, the signs of fields and steppers
+    accent: what is selected, filled, switched on or open
+    border: frames, rules, tracks, what is off; a list item's arrow
+    button: a button's face
+    button_hover: it or a knob under the pointer; what lists and menus select
+    button_text: a button's caption
+    error: no widget uses it; for the host's own drawing"""
+    _fields_ = [("background", orvel_color),
+                ("surface", orvel_color),
+                ("text", orvel_color),
+                ("accent", orvel_color),
+                ("border", orvel_color),
+                ("button", orvel_color),
+                ("button_hover", orvel_color),
+                ("button_text", orvel_color),
+                ("error", orvel_color)]
+
+
+ORVEL_VERSION = b"0.1.0"
+ORVEL_WIDGET_WINDOW = 0
+ORVEL_WIDGET_PANEL = 1
+ORVEL_WIDGET_LABEL = 2
+ORVEL_WIDGET_BUTTON = 3
+ORVEL_WIDGET_TOGGLE = 4
+ORVEL_WIDGET_CHECKBOX = 5
+ORVEL_WIDGET_SLIDER = 6
+ORVEL_WIDGET_PROGRESS = 7
+ORVEL_WIDGET_TEXTBOX = 8
+ORVEL_WIDGET_ICON = 9
+ORVEL_WIDGET_IMAGE = 10
+ORVEL_WIDGET_SEPARATOR = 11
+ORVEL_WIDGET_CARD = 12
+ORVEL_WIDGET_RADIO = 13
+ORVEL_WIDGET_DROPDOWN = 14
+ORVEL_WIDGET_SPINNER = 15
+ORVEL_WIDGET_RATING = 16
+ORVEL_WIDGET_STEPPER = 17
+ORVEL_WIDGET_TABS = 18
+ORVEL_WIDGET_AVATAR = 19
+ORVEL_WIDGET_BADGE = 20
+ORVEL_WIDGET_TITLEBAR = 21
+ORVEL_WIDGET_LIST_ITEM = 22
+ORVEL_WIDGET_MENU = 23
+ORVEL_WIDGET_BARS = 24
+ORVEL_WIDGET_SEARCH = 25
+ORVEL_WIDGET_TOOLTIP = 26
+ORVEL_WIDGET_STATUSBAR = 27
+
+_OrvelSDK = load("OrvelSDK")
+orvel_init = _function(
+    _OrvelSDK, "orvel_init", c_int, [],
+    """Marks the library as initialised and, unless it already was, writes
+"[OrvelSDK] inizializzato (v0.1.0)" to the standard error stream. Always returns 0.""")
+orvel_version = _function(
+    _OrvelSDK, "orvel_version", c_char_p, [],
+    """The version of the library, "0.1.0". A static string: never null, never freed.""")
+orvel_shutdown = _function(
+    _OrvelSDK, "orvel_shutdown", None, [],
+    """Clears the initialised mark and, if it was set, writes "[OrvelSDK] chiuso" to the standard error
+stream. Nothing is released: the resource root stays in force and music goes on.""")
+orvel_set_resource_path = _function(
+    _OrvelSDK, "orvel_set_resource_path", c_int, [c_char_p],
+    """Sets the resource root: the folder that holds "Sounds", "Music", "Icons" and "UI". The path is
+copied and used exactly as given; it need not exist. An empty path unsets the root, which then is
+the folder Resources under the directory named by the environment variable ORVELSDK_PATH or,
+where that is unset or empty, under the current working directory.
+
+A resource name without a dot stands for the first file that opens among name.wav, .mp3, .bmp,
+.json, .m4a, .aiff and .png; a name with a dot is used as it is.
+
+@return 0, or -1 when path is null, which leaves the old root in force.""")
+orvel_canvas_create = _function(
+    _OrvelSDK, "orvel_canvas_create", POINTER(orvel_canvas), [c_int, c_int],
+    """Makes a canvas of width x height pixels, all opaque black. Null when a side is below 1 or
+the record cannot be allocated; raises std::bad_alloc when the pixels cannot.""")
+orvel_canvas_destroy = _function(
+    _OrvelSDK, "orvel_canvas_destroy", None, [POINTER(orvel_canvas)],
+    """Releases a canvas. No widget made for it may be drawn afterwards.""")
+orvel_canvas_width = _function(
+    _OrvelSDK, "orvel_canvas_width", c_int, [POINTER(orvel_canvas)],
+    """""")
+orvel_canvas_height = _function(
+    _OrvelSDK, "orvel_canvas_height", c_int, [POINTER(orvel_canvas)],
+    """""")
+orvel_canvas_clear = _function(
+    _OrvelSDK, "orvel_canvas_clear", None, [POINTER(orvel_canvas), orvel_color],
+    """Sets every pixel to color.""")
+orvel_canvas_pixel = _function(
+    _OrvelSDK, "orvel_canvas_pixel", None, [POINTER(orvel_canvas), c_int, c_int, orvel_color],
+    """Sets the pixel (x, y); ignored outside the canvas.""")
+orvel_canvas_pixel_get = _function(
+    _OrvelSDK, "orvel_canvas_pixel_get", orvel_color, [POINTER(orvel_canvas), c_int, c_int],
+    """The pixel (x, y); all zero outside the canvas, which equals a stored transparent black.""")
+orvel_canvas_line = _function(
+    _OrvelSDK, "orvel_canvas_line", None, [POINTER(orvel_canvas), c_int, c_int, c_int, c_int,
+                                           orvel_color],
+    """A line of single pixels, both ends included, by Bresenham's integer algorithm
+(IBM Systems Journal 4(1), 1965) for all octants. Exact between any two points.""")
+orvel_canvas_rect = _function(
+    _OrvelSDK, "orvel_canvas_rect", None, [POINTER(orvel_canvas), c_int, c_int, c_int, c_int,
+                                           orvel_color],
+    """The one-pixel outline of the w x h box at (x, y), inside the box: four lines. Nothing when
+w or h is below 1.""")
+orvel_canvas_fill_rect = _function(
+    _OrvelSDK, "orvel_canvas_fill_rect", None, [POINTER(orvel_canvas), c_int, c_int, c_int, c_int,
+                                                orvel_color],
+    """Fills the box [x, x + w) x [y, y + h). Nothing when w or h is below 1.""")
+orvel_canvas_circle = _function(
+    _OrvelSDK, "orvel_canvas_circle", None, [POINTER(orvel_canvas), c_int, c_int, c_int,
+                                             orvel_color],
+    """The outline of a circle around (cx, cy): a midpoint rule that starts from d = 3 - 2r and tests d
+before it is stepped. A radius of 0 is one pixel, a negative one nothing.""")
+orvel_canvas_fill_circle = _function(
+    _OrvelSDK, "orvel_canvas_fill_circle", None, [POINTER(orvel_canvas), c_int, c_int, c_int,
+                                                  orvel_color],
+    """A filled disc: on each row dy the span of the truncated square root of r^2 - dy^2 to both sides,
+so its edge differs a little from that of orvel_canvas_circle(). The difference is formed in 32
+bits: with a radius above 46340 it wraps, and a row on which it is negative is left out. A radius
+of 0 is one pixel, a negative one nothing.""")
+orvel_canvas_fill_triangle = _function(
+    _OrvelSDK, "orvel_canvas_fill_triangle", None, [POINTER(orvel_canvas), c_int, c_int, c_int,
+                                                    c_int, c_int, c_int, orvel_color],
+    """A filled triangle, its edges included, by edge functions (Pineda, SIGGRAPH 1988); both windings
+fill. Three points on one line fill that whole line within their rows: three points on one row
+fill the row from edge to edge of the canvas. The edge functions are formed in 32 bits; they are
+exact while no coordinate lies further than 16384 from zero and no side of the canvas is longer.
+Beyond, every pixel of the visible rows is looked at.""")
+orvel_canvas_save_bmp = _function(
+    _OrvelSDK, "orvel_canvas_save_bmp", c_int, [POINTER(orvel_canvas), c_char_p],
+    """Writes the canvas to the file path as a 24-bit BMP, bottom row first, without alpha.
+
+@return 0 once the file was opened: what happens to the writes after that is not looked at. -1
+        for null arguments and when the file cannot be opened for writing.""")
+orvel_canvas_save_bmp_rgba = _function(
+    _OrvelSDK, "orvel_canvas_save_bmp_rgba", c_int, [POINTER(orvel_canvas), c_char_p],
+    """Writes the canvas as a 32-bit BMP with alpha. Its compression field holds 255, which many readers
+refuse; orvel_icon_draw_bitmap() reads it. Results as for orvel_canvas_save_bmp().""")
+orvel_text_width = _function(
+    _OrvelSDK, "orvel_text_width", c_int, [c_char_p],
+    """The width of text in pixels: 6 a byte, less the last gap; 0 for null or empty. Every byte
+counts, newlines too. The height of a text is always 7.""")
+orvel_text_draw = _function(
+    _OrvelSDK, "orvel_text_draw", None, [POINTER(orvel_canvas), c_char_p, c_int, c_int,
+                                         orvel_color],
+    """Draws text with the top left corner of its first cell at (x, y). A cell is 5 x 7 pixels, the
+next one starts 6 further right. Clear bits leave the canvas as it is. A newline (10) is skipped:
+it moves nothing and starts no new line. Every other byte outside 32 ... 126 is a blank cell.
+
+The shapes are the library's own and are not the letters: each cell shows seven consecutive bytes
+of a font stored by columns, read as rows.""")
+orvel_icon_list = _function(
+    _OrvelSDK, "orvel_icon_list", POINTER(c_char_p), [POINTER(c_int)],
+    """The names of the 68 built-in icons, in their fixed order.
+
+@param count  receives 68; may be null.
+@return the library's own table, which lives as long as the library; do not write to it.""")
+orvel_icon_exists = _function(
+    _OrvelSDK, "orvel_icon_exists", c_int, [c_char_p],
+    """1 when name is exactly one of the 68 names, else 0.""")
+orvel_draw_icon = _function(
+    _OrvelSDK, "orvel_draw_icon", c_int, [POINTER(orvel_canvas), c_char_p, c_int, c_int, c_int,
+                                          orvel_color],
+    """Draws the built-in icon name in the square of side size at (x, y), in one colour. Its
+cut-outs take the colour of the canvas at (x, y), or opaque black where that is transparent or
+outside.
+
+@return 0; -1 for null arguments or a size below 1, which draw nothing, and for an unknown name,
+        which draws a one-pixel frame of the square.""")
+orvel_draw_icon_ex = _function(
+    _OrvelSDK, "orvel_draw_icon_ex", c_int, [POINTER(orvel_canvas), c_char_p, c_int, c_int, c_int,
+                                             orvel_color, orvel_color, orvel_color],
+    """As orvel_draw_icon(), with the colours of the design's details (accent) and of its cut-outs
+(background) given.""")
+orvel_icon_draw_bitmap = _function(
+    _OrvelSDK, "orvel_icon_draw_bitmap", c_int, [POINTER(orvel_canvas), c_char_p, c_int, c_int],
+    """Draws the BMP file name of the resource folder "Icons" at its own size, its top left corner at
+(x, y). Of the header, the offset of the pixels, the width, the height and the depth are read and
+the rest is ignored: 24 and 32 bits a pixel, rows in either order. A pixel of a 32-bit file with
+alpha 0 is skipped, any other replaces the canvas pixel. The file is not trusted: no bytes read
+or write outside memory, block the call or cost more than what is visible of them, and a file
+that ends early, or of which a read fails, shows the rows before that.
+
+A width whose row, rounded up to 4 bytes, is negative as a 32-bit number raises
+std::length_error: -2, for example, or 0x20000000 at 32 bits. A C host that draws files of
+strangers looks at the four bytes at offset 18 first.
+
+@return 0 when the file was accepted; -1 for null arguments, a file that cannot be opened, a
+header shorter than 54 bytes or without "BM", and any other depth.""")
+orvel_theme_default = _function(
+    _OrvelSDK, "orvel_theme_default", None, [POINTER(orvel_theme)],
+    """""")
+orvel_theme_light = _function(
+    _OrvelSDK, "orvel_theme_light", None, [POINTER(orvel_theme)],
+    """""")
+orvel_theme_load = _function(
+    _OrvelSDK, "orvel_theme_load", c_int, [POINTER(orvel_theme), c_char_p],
+    """Reads the theme file name of the resource folder "UI" over theme. For each of the nine keys
+in double quotes, the next quoted text after the next colon is its colour, "#rrggbb". A key that
+is missing or whose value is empty keeps its field, so fill the record first. A value of fewer
+than six characters after the '#' is white; a bad digit counts as 0; alpha becomes 255. The whole
+file is read into memory, whatever its size; when memory runs out, the record stays as it was. A
+read that fails counts as the end of the file.
+
+@return 0 when the file was opened, whatever it held; -1 for null arguments or when it cannot be.""")
+orvel_theme_save = _function(
+    _OrvelSDK, "orvel_theme_save", c_int, [POINTER(orvel_theme), c_char_p],
+    """Writes theme to the file name of the resource folder "UI", 264 bytes, without alpha. A name
+without a dot overwrites the file that loading it would find; if there is none, the file gets
+exactly that name. No folder is made.
+
+@return 0 once the file was opened; -1 for null arguments or when it cannot be.""")
+orvel_widget_window = _function(
+    _OrvelSDK, "orvel_widget_window", POINTER(orvel_widget), [POINTER(orvel_canvas),
+                                                              POINTER(orvel_theme), c_char_p,
+                                                              c_int, c_int, c_int, c_int],
+    """A framed surface with a band for its title along the top, 12 pixels high.""")
+orvel_widget_panel = _function(
+    _OrvelSDK, "orvel_widget_panel", POINTER(orvel_widget), [POINTER(orvel_canvas),
+                                                             POINTER(orvel_theme), c_int, c_int,
+                                                             c_int, c_int],
+    """A framed surface.""")
+orvel_widget_label = _function(
+    _OrvelSDK, "orvel_widget_label", POINTER(orvel_widget), [POINTER(orvel_canvas),
+                                                             POINTER(orvel_theme), c_char_p, c_int,
+                                                             c_int],
+    """tw x 7: text in the text colour, without a ground.""")
+orvel_widget_button = _function(
+    _OrvelSDK, "orvel_widget_button", POINTER(orvel_widget), [POINTER(orvel_canvas),
+                                                              POINTER(orvel_theme), c_char_p,
+                                                              c_int, c_int, c_int, c_int],
+    """Reacts to hover.""")
+orvel_widget_toggle = _function(
+    _OrvelSDK, "orvel_widget_toggle", POINTER(orvel_widget), [POINTER(orvel_canvas),
+                                                              POINTER(orvel_theme), c_int, c_int,
+                                                              c_int, c_int, c_int],
+    """A switch. Shows whether it is active.""")
+orvel_widget_checkbox = _function(
+    _OrvelSDK, "orvel_widget_checkbox", POINTER(orvel_widget), [POINTER(orvel_canvas),
+                                                                POINTER(orvel_theme), c_char_p,
+                                                                c_int, c_int, c_int],
+    """tw + 13 x 9: a box and a caption beside it. Shows whether it is active.""")
+orvel_widget_slider = _function(
+    _OrvelSDK, "orvel_widget_slider", POINTER(orvel_widget), [POINTER(orvel_canvas),
+                                                              POINTER(orvel_theme), c_int, c_int,
+                                                              c_int, c_double],
+    """w x 9. Reacts to hover.""")
+orvel_widget_progress = _function(
+    _OrvelSDK, "orvel_widget_progress", POINTER(orvel_widget), [POINTER(orvel_canvas),
+                                                                POINTER(orvel_theme), c_int, c_int,
+                                                                c_int, c_int, c_double],
+    """A frame that fills from the left; at 1 the filling covers the right side of the frame.""")
+orvel_widget_textbox = _function(
+    _OrvelSDK, "orvel_widget_textbox", POINTER(orvel_widget), [POINTER(orvel_canvas),
+                                                               POINTER(orvel_theme), c_char_p,
+                                                               c_int, c_int, c_int, c_int],
+    """Reacts to hover.""")
+orvel_widget_icon = _function(
+    _OrvelSDK, "orvel_widget_icon", POINTER(orvel_widget), [POINTER(orvel_canvas),
+                                                            POINTER(orvel_theme), c_char_p, c_int,
+                                                            c_int, c_int],
+    """name is one of the built-in icons.""")
+orvel_widget_image = _function(
+    _OrvelSDK, "orvel_widget_image", POINTER(orvel_widget), [POINTER(orvel_canvas),
+                                                             POINTER(orvel_theme), c_char_p, c_int,
+                                                             c_int],
+    """name is a bitmap of the resource folder "Icons", drawn at its own size.""")
+orvel_widget_separator = _function(
+    _OrvelSDK, "orvel_widget_separator", POINTER(orvel_widget), [POINTER(orvel_canvas),
+                                                                 POINTER(orvel_theme), c_int,
+                                                                 c_int, c_int],
+    """A line from x to x + w, both ends included.""")
+orvel_widget_card = _function(
+    _OrvelSDK, "orvel_widget_card", POINTER(orvel_widget), [POINTER(orvel_canvas),
+                                                            POINTER(orvel_theme), c_int, c_int,
+                                                            c_int, c_int],
+    """A framed surface with a stripe of the accent down its left side.""")
+orvel_widget_radio = _function(
+    _OrvelSDK, "orvel_widget_radio", POINTER(orvel_widget), [POINTER(orvel_canvas),
+                                                             POINTER(orvel_theme), c_char_p, c_int,
+                                                             c_int, c_int],
+    """tw + 13 x 9: a circle and a caption beside it. Shows whether it is active.""")
+orvel_widget_dropdown = _function(
+    _OrvelSDK, "orvel_widget_dropdown", POINTER(orvel_widget), [POINTER(orvel_canvas),
+                                                                POINTER(orvel_theme), c_char_p,
+                                                                c_int, c_int, c_int, c_int, c_int],
+    """An open dropdown differs by its frame; its list is the host's to draw.""")
+orvel_widget_spinner = _function(
+    _OrvelSDK, "orvel_widget_spinner", POINTER(orvel_widget), [POINTER(orvel_canvas),
+                                                               POINTER(orvel_theme), c_int, c_int,
+                                                               c_int, c_double],
+    """value is the fraction of a clockwise turn from 3 o'clock.""")
+orvel_widget_rating = _function(
+    _OrvelSDK, "orvel_widget_rating", POINTER(orvel_widget), [POINTER(orvel_canvas),
+                                                              POINTER(orvel_theme), c_int, c_int,
+                                                              c_double],
+    """50 x 10. value is the fraction of five stars.""")
+orvel_widget_stepper = _function(
+    _OrvelSDK, "orvel_widget_stepper", POINTER(orvel_widget), [POINTER(orvel_canvas),
+                                                               POINTER(orvel_theme), c_int, c_int,
+                                                               c_int, c_int, c_int],
+    """A number between a minus and a plus, each in a square of the height.""")
+orvel_widget_tabs = _function(
+    _OrvelSDK, "orvel_widget_tabs", POINTER(orvel_widget), [POINTER(orvel_canvas),
+                                                            POINTER(orvel_theme), c_char_p, c_int,
+                                                            c_int, c_int, c_int, c_int],
+    """items are the captions, joined with "|"; selected counts from 0.""")
+orvel_widget_avatar = _function(
+    _OrvelSDK, "orvel_widget_avatar", POINTER(orvel_widget), [POINTER(orvel_canvas),
+                                                              POINTER(orvel_theme), c_char_p,
+                                                              c_int, c_int, c_int],
+    """A disc and its outline, size + 1 pixels across for an even size. Null initials are "?".""")
+orvel_widget_badge = _function(
+    _OrvelSDK, "orvel_widget_badge", POINTER(orvel_widget), [POINTER(orvel_canvas),
+                                                             POINTER(orvel_theme), c_int, c_int,
+                                                             c_int],
+    """A number on a rounded ground: 14 x 11 for one digit and 6 more for each further character.""")
+orvel_widget_titlebar = _function(
+    _OrvelSDK, "orvel_widget_titlebar", POINTER(orvel_widget), [POINTER(orvel_canvas),
+                                                                POINTER(orvel_theme), c_char_p,
+                                                                c_int, c_int, c_int, c_int],
+    """A title and three dots at the right end, whose colours no theme changes.""")
+orvel_widget_list_item = _function(
+    _OrvelSDK, "orvel_widget_list_item", POINTER(orvel_widget), [POINTER(orvel_canvas),
+                                                                 POINTER(orvel_theme), c_char_p,
+                                                                 c_char_p, c_int, c_int, c_int,
+                                                                 c_int, c_int],
+    """icon is one of the built-in icons; null or empty for none.""")
+orvel_widget_menu = _function(
+    _OrvelSDK, "orvel_widget_menu", POINTER(orvel_widget), [POINTER(orvel_canvas),
+                                                            POINTER(orvel_theme), c_char_p, c_int,
+                                                            c_int, c_int, c_int, c_int],
+    """Items side by side, joined with "|"; selected counts from 0.""")
+orvel_widget_bars = _function(
+    _OrvelSDK, "orvel_widget_bars", POINTER(orvel_widget), [POINTER(orvel_canvas),
+                                                            POINTER(orvel_theme), c_int, c_int,
+                                                            c_int, c_int],
+    """Draws nothing until orvel_widget_set_data() has given it values.""")
+orvel_widget_search = _function(
+    _OrvelSDK, "orvel_widget_search", POINTER(orvel_widget), [POINTER(orvel_canvas),
+                                                              POINTER(orvel_theme), c_char_p,
+                                                              c_int, c_int, c_int, c_int],
+    """A text field with a magnifier. Shows whether it is active.""")
+orvel_widget_tooltip = _function(
+    _OrvelSDK, "orvel_widget_tooltip", POINTER(orvel_widget), [POINTER(orvel_canvas),
+                                                               POINTER(orvel_theme), c_char_p,
+                                                               c_int, c_int],
+    """tw + 8 x 12: a bubble, with a pointer below it that has a row more.""")
+orvel_widget_statusbar = _function(
+    _OrvelSDK, "orvel_widget_statusbar", POINTER(orvel_widget), [POINTER(orvel_canvas),
+                                                                 POINTER(orvel_theme), c_char_p,
+                                                                 c_int, c_int, c_int, c_int],
+    """A line of text under a rule from x to x + w, both ends included.""")
+orvel_widget_destroy = _function(
+    _OrvelSDK, "orvel_widget_destroy", None, [POINTER(orvel_widget)],
+    """Releases a widget and its copies; not its canvas or theme.""")
+orvel_widget_set_hover = _function(
+    _OrvelSDK, "orvel_widget_set_hover", None, [POINTER(orvel_widget), c_int],
+    """The pointer is over the widget: button, slider, textbox.""")
+orvel_widget_set_active = _function(
+    _OrvelSDK, "orvel_widget_set_active", None, [POINTER(orvel_widget), c_int],
+    """On, checked, selected, open or focused: toggle, checkbox, radio, dropdown, search, list item.""")
+orvel_widget_set_value = _function(
+    _OrvelSDK, "orvel_widget_set_value", None, [POINTER(orvel_widget), c_double],
+    """A fraction, clamped to [0, 1], NaN kept: slider, progress, spinner, rating.""")
+orvel_widget_set_amount = _function(
+    _OrvelSDK, "orvel_widget_set_amount", None, [POINTER(orvel_widget), c_int],
+    """A number, not clamped: stepper, badge; the selected index of tabs and menu, none if out of
+range.""")
+orvel_widget_set_data = _function(
+    _OrvelSDK, "orvel_widget_set_data", None, [POINTER(orvel_widget), POINTER(c_double), c_int],
+    """Replaces the values of a bar chart by a copy of count values, drawn clamped to [0, 1]. A count
+of 0 empties the list. Null values or a negative count do nothing. All or nothing: when memory
+runs out, the old values stay.""")
+orvel_widget_draw = _function(
+    _OrvelSDK, "orvel_widget_draw", None, [POINTER(orvel_widget)],
+    """Draws the widget on its canvas in the colours of its theme. Never changes the widget.""")
+orvel_play_sound = _function(
+    _OrvelSDK, "orvel_play_sound", c_int, [c_char_p],
+    """Plays the file name of the resource folder "Sounds" once, without waiting. Writes
+"[OrvelSDK] suono: PATH" or "[OrvelSDK] suono non trovato: PATH" to the standard error stream.
+It cannot be stopped; on Linux it is heard to its end even when the host has exited.
+
+@return 0 when the system took the sound; -1 for null, a file that does not open, or a file that
+        the system refuses. On Linux also for what is no regular file, when a library is not
+        installed, when the server refuses or does not answer, and always in a child process
+        forked after a first sound.""")
+orvel_play_music = _function(
+    _OrvelSDK, "orvel_play_music", c_int, [c_char_p],
+    """Stops the music, then plays the file name of the resource folder "Music" once in a player
+process. Writes "[OrvelSDK] musica: PATH" or "[OrvelSDK] musica non trovata: PATH" to the
+standard error stream. The old music stops even when the new file is missing.
+
+@return 0 when the player process was started, whether or not it can play the file; -1 for null
+        (the music goes on), a file that does not open, or when no process can be started.""")
+orvel_stop_music = _function(
+    _OrvelSDK, "orvel_stop_music", None, [],
+    """Ends the music: a player that still runs gets SIGTERM and is waited for, to the end of the track
+if it inherited from the host that SIGTERM is blocked or ignored; one that ended by itself, and
+was an unreaped child since, is reaped. Does nothing otherwise.""")
+orvel_play_tone = _function(
+    _OrvelSDK, "orvel_play_tone", c_int, [c_double, c_int],
+    """Plays a sine tone beside whatever else is playing. It is written as a 16-bit mono WAV file of
+44100 samples a second to /tmp/orvelsdk_tone.wav and played in a player process of its own, which
+the library neither stops nor waits for. Writes "[OrvelSDK] tone: HZ Hz x MS ms" to the standard
+error stream. Keep durations below 97392 ms: from there the 32-bit sample count wraps.
+
+A file that cannot be written is not reported; the player then plays whatever lies at that path.
+A library that was built without a platform, which has no player, writes none.
+Nothing is written to a link, a FIFO, a file with a second name or a file of another user. NaN
+and infinite frequencies are silence.
+
+@param frequency_hz  above 0.
+@param duration_ms   at least 1.
+@return 0 when the player process was started; -1 for arguments out of range or when no process
+        can be started.""")
+
+
+class kit_face(Structure):
+    """Letters of one design in one size."""
+
+
+class kit_box(Structure):
+    """A rectangle: [x, x + w) x [y, y + h), in pixels. Empty when a side is below 1.
+
+    x: left
+    y: top
+    w: width
+    h: height"""
+    _fields_ = [("x", c_int),
+                ("y", c_int),
+                ("w", c_int),
+                ("h", c_int)]
+
+
+class kit_format(Structure):
+    """How pixels come out.
+
+    layout: a kit_layout
+    dither: a kit_dither; the layouts of four bytes need none
+    turns: quarter turns clockwise, or back when negative
+    colors: of the palette, 1 to 16
+    palette: the panel's colours as they look, without alpha
+    plane: the colour that KIT_PLANE marks, counted from 0
+    keep_alpha: 0: the four-byte layouts get alpha 255; 1: what is stored"""
+    _fields_ = [("layout", c_int),
+                ("dither", c_int),
+                ("turns", c_int),
+                ("colors", c_int),
+                ("palette", POINTER(orvel_color)),
+                ("plane", c_int),
+                ("keep_alpha", c_int),
+                ("reserved", c_void_p * 4)]
+
+
+class kit_widget(Structure):
+    """One widget, as a plain record; what a kind has no use for is ignored. The order of the fields is
+    part of the interface.
+
+    kind: an orvel_widget_kind
+    box: a width or height of 0 is what kit_size() says
+    text: the caption; items of tabs and menus joined with "|"; the name of an icon or image;
+        what a stepper or badge shows in place of its number, unless it is empty
+    hint: what an empty text field shows, in the quiet colour
+    icon: a built-in icon before the caption: list items, buttons
+    face: of all its words
+    state: of kit_state
+    amount: of steppers and badges; the selected item of tabs and menus
+    value: the fraction of sliders, progress bars, spinners and ratings
+    data: the values of bars, 0 to 1
+    count: how many values
+    caret: of a text field with focus: the offset of the caret, in bytes
+    anchor: the other end of its selection"""
+    _fields_ = [("kind", c_int),
+                ("box", kit_box),
+                ("text", c_char_p),
+                ("hint", c_char_p),
+                ("icon", c_char_p),
+                ("face", POINTER(kit_face)),
+                ("state", c_uint),
+                ("amount", c_int),
+                ("value", c_double),
+                ("data", POINTER(c_double)),
+                ("count", c_int),
+                ("caret", c_int),
+                ("anchor", c_int),
+                ("reserved", c_void_p * 4)]
+
+
+class kit_series(Structure):
+    """One row of values.
+
+    values: NaN is a missing one; infinities count as missing
+    count: how many values
+    color: alpha 0: the theme's accent, then others by number
+    name: for the legend"""
+    _fields_ = [("values", POINTER(c_double)),
+                ("count", c_int),
+                ("color", orvel_color),
+                ("name", c_char_p),
+                ("reserved", c_void_p * 2)]
+
+
+class kit_chart(Structure):
+    """A chart, as a plain record. The order of the fields is part of the interface.
+
+    kind: a kit_chart_kind
+    box: nothing is painted outside; the ground is left as it is
+    series: borrowed for the call
+    count: how many series, 32 at most
+    low: the range; found from the values, with zero for areas, bars
+    high: and gauges, when the two are equal
+    parts: of kit_chart_parts
+    decimals: of the labels and the gauge's number; the ticks may need more
+    unit: written behind those numbers, " kW" for instance
+    labels: of the places from left to right, joined with "|"
+    face: of all its words"""
+    _fields_ = [("kind", c_int),
+                ("box", kit_box),
+                ("series", POINTER(kit_series)),
+                ("count", c_int),
+                ("low", c_double),
+                ("high", c_double),
+                ("parts", c_uint),
+                ("decimals", c_int),
+                ("unit", c_char_p),
+                ("labels", c_char_p),
+                ("face", POINTER(kit_face)),
+                ("reserved", c_void_p * 4)]
+
+
+KIT_VERSION = b"0.1.0"
+KIT_RGBA = 0
+KIT_BGRA = 1
+KIT_RGB565_LE = 2
+KIT_RGB565_BE = 3
+KIT_GREY8 = 4
+KIT_GREY4 = 5
+KIT_GREY2 = 6
+KIT_GREY1 = 7
+KIT_INDEX8 = 8
+KIT_INDEX4 = 9
+KIT_PLANE = 10
+KIT_DITHER_NONE = 0
+KIT_DITHER_ORDERED = 1
+KIT_DITHER_DIFFUSED = 2
+KIT_LEFT = 0
+KIT_CENTRE = 1
+KIT_RIGHT = 2
+KIT_HOVER = 1
+KIT_ACTIVE = 2
+KIT_FOCUS = 4
+KIT_DISABLED = 8
+KIT_CHART_LINE = 0
+KIT_CHART_AREA = 1
+KIT_CHART_SPARK = 2
+KIT_CHART_BARS = 3
+KIT_CHART_STACKED = 4
+KIT_CHART_GAUGE = 5
+KIT_CHART_AXES = 1
+KIT_CHART_LABELS = 2
+KIT_CHART_LEGEND = 4
+
+_OrvelKit = load("OrvelKit")
+kit_version = _function(
+    _OrvelKit, "kit_version", c_char_p, [],
+    """The version of the kit. A static string: never null, never freed.""")
+kit_canvas = _function(
+    _OrvelKit, "kit_canvas", POINTER(orvel_canvas), [c_int, c_int],
+    """orvel_canvas_create(), null when the pixels do not fit into memory, too.""")
+kit_bitmap = _function(
+    _OrvelKit, "kit_bitmap", c_int, [POINTER(orvel_canvas), c_char_p, c_int, c_int],
+    """orvel_icon_draw_bitmap(), -1 for every file that it cannot draw.""")
+kit_theme_load = _function(
+    _OrvelKit, "kit_theme_load", c_int, [POINTER(orvel_theme), c_char_p],
+    """""")
+kit_theme_save = _function(
+    _OrvelKit, "kit_theme_save", c_int, [POINTER(orvel_theme), c_char_p],
+    """""")
+kit_save_bmp = _function(
+    _OrvelKit, "kit_save_bmp", c_int, [POINTER(orvel_canvas), c_char_p],
+    """""")
+kit_save_bmp_rgba = _function(
+    _OrvelKit, "kit_save_bmp_rgba", c_int, [POINTER(orvel_canvas), c_char_p],
+    """""")
+kit_resource_path = _function(
+    _OrvelKit, "kit_resource_path", c_int, [c_char_p],
+    """""")
+kit_play_sound = _function(
+    _OrvelKit, "kit_play_sound", c_int, [c_char_p],
+    """""")
+kit_play_music = _function(
+    _OrvelKit, "kit_play_music", c_int, [c_char_p],
+    """""")
+kit_play_tone = _function(
+    _OrvelKit, "kit_play_tone", c_int, [c_double, c_int],
+    """""")
+kit_mix = _function(
+    _OrvelKit, "kit_mix", orvel_color, [orvel_color, orvel_color, c_int],
+    """The colour percent of the way from one to another, each of the four channels cut toward
+ from. A percent is clamped to [0, 100].""")
+kit_grey = _function(
+    _OrvelKit, "kit_grey", c_int, [orvel_color],
+    """The lightness of a colour, 0 to 255: (2126 r + 7152 g + 722 b + 5000) / 10000.""")
+kit_copy = _function(
+    _OrvelKit, "kit_copy", c_int, [POINTER(orvel_canvas), c_int, c_int, POINTER(orvel_canvas),
+                                   POINTER(kit_box)],
+    """Copies the box part of from (all of it, when null) to the place (x, y) of to, pixel by
+pixel, alpha included; what lies outside either canvas is left out. The two may be one canvas,
+and the boxes may overlap.""")
+kit_stamp = _function(
+    _OrvelKit, "kit_stamp", c_int, [POINTER(orvel_canvas), c_int, c_int, POINTER(orvel_canvas),
+                                    POINTER(kit_box)],
+    """As kit_copy(), but a pixel with alpha 0 leaves what is there.""")
+kit_icon = _function(
+    _OrvelKit, "kit_icon", c_int, [POINTER(orvel_canvas), c_char_p, c_int, c_int, c_int,
+                                   orvel_color],
+    """Draws a built-in icon as orvel_draw_icon() draws it at the top left of a canvas of its own, cut
+to its square. Two icons, "home" and "power", look different further down a canvas; this way they
+look the same everywhere. Cut-outs take the colour of the pixel of the square nearest to its top
+left corner that the canvas has.
+
+@return 0; -1 for null, an unknown name, a size below 1 or above 16384, and where memory runs
+out, which all draw nothing.""")
+kit_clip_begin = _function(
+    _OrvelKit, "kit_clip_begin", POINTER(orvel_canvas), [POINTER(orvel_canvas), POINTER(kit_box)],
+    """Begins drawing that is to stay inside box: cuts the box to the canvas and returns a canvas of
+just that size that shows what is there. Draw on it with the box's new x and y subtracted, then
+hand both to kit_clip_end(). No pixel outside the box changes.
+
+@return the caller's, for kit_clip_end() or orvel_canvas_destroy(); null when nothing of the box
+        is on the canvas or memory runs out, which leave the box as it was.""")
+kit_clip_end = _function(
+    _OrvelKit, "kit_clip_end", c_int, [POINTER(orvel_canvas), POINTER(kit_box),
+                                       POINTER(orvel_canvas)],
+    """Copies inside back to the place of box, and destroys it, also where the others are null.
+ -1 for null, and for the canvas itself in place of inside, which is kept.""")
+kit_pixels_stride = _function(
+    _OrvelKit, "kit_pixels_stride", c_size_t, [POINTER(kit_format), c_int],
+    """The bytes that a row of width pixels takes, after any turn; 0 for what is no format, a width
+ below 1 and where size_t cannot tell.""")
+kit_pixels = _function(
+    _OrvelKit, "kit_pixels", c_int, [POINTER(orvel_canvas), POINTER(kit_box), POINTER(kit_format),
+                                     c_void_p, c_size_t, c_size_t],
+    """Writes the pixels of box (all of the canvas, when null) to to, turned, rows top first, each
+stride bytes after the one before (0: kit_pixels_stride()). The bits that fill up a row's last
+byte are 0; bytes between the rows are left alone. Nothing is written unless all of it fits.
+
+What is no format: a number that no kit_layout or kit_dither has; for the layouts that need them,
+no palette, a number of colours or a plane outside it. Other fields may hold anything.
+
+@return 0; -1 for null, a box that is empty or not wholly on the canvas, what is no format, a
+stride shorter than a row, a memory of size bytes too small for the rows (the last one ends
+where its pixels do), and where memory runs out.""")
+kit_sans_11 = _function(
+    _OrvelKit, "kit_sans_11", POINTER(kit_face), [],
+    """""")
+kit_sans_12 = _function(
+    _OrvelKit, "kit_sans_12", POINTER(kit_face), [],
+    """""")
+kit_sans_14 = _function(
+    _OrvelKit, "kit_sans_14", POINTER(kit_face), [],
+    """""")
+kit_sans_18 = _function(
+    _OrvelKit, "kit_sans_18", POINTER(kit_face), [],
+    """""")
+kit_sans_24 = _function(
+    _OrvelKit, "kit_sans_24", POINTER(kit_face), [],
+    """""")
+kit_sans_40 = _function(
+    _OrvelKit, "kit_sans_40", POINTER(kit_face), [],
+    """""")
+kit_bold_11 = _function(
+    _OrvelKit, "kit_bold_11", POINTER(kit_face), [],
+    """""")
+kit_bold_12 = _function(
+    _OrvelKit, "kit_bold_12", POINTER(kit_face), [],
+    """""")
+kit_bold_14 = _function(
+    _OrvelKit, "kit_bold_14", POINTER(kit_face), [],
+    """""")
+kit_bold_18 = _function(
+    _OrvelKit, "kit_bold_18", POINTER(kit_face), [],
+    """""")
+kit_bold_24 = _function(
+    _OrvelKit, "kit_bold_24", POINTER(kit_face), [],
+    """""")
+kit_mono_12 = _function(
+    _OrvelKit, "kit_mono_12", POINTER(kit_face), [],
+    """""")
+kit_digits_64 = _function(
+    _OrvelKit, "kit_digits_64", POINTER(kit_face), [],
+    """""")
+kit_digits_96 = _function(
+    _OrvelKit, "kit_digits_96", POINTER(kit_face), [],
+    """""")
+kit_face_named = _function(
+    _OrvelKit, "kit_face_named", POINTER(kit_face), [c_char_p],
+    """The face of that name, "sans 12" or "digits 96"; null when there is none. A program that is
+ linked to the static kit and calls this carries all faces.""")
+kit_face_open = _function(
+    _OrvelKit, "kit_face_open", POINTER(kit_face), [c_char_p, POINTER(c_char), c_size_t],
+    """Reads a bitmap font in the Glyph Bitmap Distribution Format (BDF 2.1, Adobe 1993; of 2.2, widths
+for the whole font). The file is not trusted: time and memory stay in proportion to its size, of
+which 16 MiB are the most, and a FIFO is not waited for.
+ - The codes are Unicode's, or those of a set that shares them (ISO8859-1, ASCII), or of symbols
+   that belong to no set (FontSpecific). Fonts in another set are refused.
+ - Of several letters with one code the first counts; one without a code is left out. Where there
+   is no U+FFFD, the letter of the property DEFAULT_CHAR stands for it.
+ - Sides, offsets and advances have at most 4096 pixels; no letter goes back to the left.
+
+@return the caller's, for kit_face_close(); null, and the reason as "PATH:LINE: what is wrong",
+        when it is refused.""")
+kit_face_read = _function(
+    _OrvelKit, "kit_face_read", POINTER(kit_face), [c_void_p, c_size_t, POINTER(c_char), c_size_t],
+    """As kit_face_open(), from length bytes of memory, which are not needed afterwards; reasons
+begin with "font" in place of a path.""")
+kit_face_fallback = _function(
+    _OrvelKit, "kit_face_fallback", POINTER(kit_face), [POINTER(kit_face), POINTER(kit_face)],
+    """A face that takes from second what first lacks; lines are as high as the higher one, and
+capitals count as high as those of first. Both are borrowed and must outlive it. At most 8
+faces come together so. Letters of two faces are not kerned with each other.
+
+@return the caller's, for kit_face_close(); null for null, too many, or when memory runs out.""")
+kit_face_close = _function(
+    _OrvelKit, "kit_face_close", None, [POINTER(kit_face)],
+    """Releases what kit_face_open(), _read() or _fallback() returned.""")
+kit_face_ascent = _function(
+    _OrvelKit, "kit_face_ascent", c_int, [POINTER(kit_face)],
+    """""")
+kit_face_descent = _function(
+    _OrvelKit, "kit_face_descent", c_int, [POINTER(kit_face)],
+    """""")
+kit_face_line = _function(
+    _OrvelKit, "kit_face_line", c_int, [POINTER(kit_face)],
+    """""")
+kit_face_cap = _function(
+    _OrvelKit, "kit_face_cap", c_int, [POINTER(kit_face)],
+    """""")
+kit_face_has = _function(
+    _OrvelKit, "kit_face_has", c_int, [POINTER(kit_face), c_uint],
+    """1 when the face, or one behind it, has the character code, else 0.""")
+kit_text_width = _function(
+    _OrvelKit, "kit_text_width", c_int, [POINTER(kit_face), c_char_p],
+    """The width of a line in pixels: all its advances and kernings.""")
+kit_text_draw = _function(
+    _OrvelKit, "kit_text_draw", c_int, [POINTER(orvel_canvas), POINTER(kit_face), c_char_p, c_int,
+                                        c_int, orvel_color],
+    """Draws one line that starts at x and whose letters stand on the row baseline: the lowest row of
+a letter without a descender is the one above it.
+
+@return the x at which the line ends, or would end on a null canvas.""")
+kit_text_box = _function(
+    _OrvelKit, "kit_text_box", c_int, [POINTER(orvel_canvas), POINTER(kit_face), c_char_p, kit_box,
+                                       c_int, orvel_color],
+    """Draws one line in a box, its capitals centred from top to bottom. A line wider than the box ends
+in an ellipsis; no pixel outside the box changes, so a letter may lose what hangs over its sides.
+
+@return 0 when the line is no wider than the box, 1 when it was cut, -1 for a null canvas.""")
+kit_text_wrap = _function(
+    _OrvelKit, "kit_text_wrap", c_int, [POINTER(orvel_canvas), POINTER(kit_face), c_char_p,
+                                        kit_box, c_int, orvel_color],
+    """Draws a paragraph in a box from its top: broken at spaces, which then take no room, at soft
+hyphens, which then show, at zero width spaces, behind hyphens and dashes between letters (not
+before a digit), at every newline, and inside a word only where the word alone is wider than the
+box. Lines that do not fit whole are left out, and the last one shown then ends in an ellipsis.
+
+@return the lines that the whole paragraph takes, 0 for an empty text; also for a null canvas,
+        where nothing is drawn.""")
+kit_text_x = _function(
+    _OrvelKit, "kit_text_x", c_int, [POINTER(kit_face), c_char_p, c_int],
+    """The width in pixels of the first offset bytes of a line, the place of a caret there. An
+offset inside a character counts as the one before it; one past the end as the end.""")
+kit_text_at = _function(
+    _OrvelKit, "kit_text_at", c_int, [POINTER(kit_face), c_char_p, c_int],
+    """The offset in bytes of the place between two characters of a line that is nearest to x: of two
+ as near the left one, of several at one x the last.""")
+kit_text_missing = _function(
+    _OrvelKit, "kit_text_missing", c_int, [POINTER(kit_face), c_char_p],
+    """How many characters of the text show as U+FFFD for want of a letter; ill-formed parts do not
+ count where a face has U+FFFD.""")
+kit_draw = _function(
+    _OrvelKit, "kit_draw", c_int, [POINTER(orvel_canvas), POINTER(orvel_theme),
+                                   POINTER(kit_widget)],
+    """Draws a widget: the library's design with readable words, each in the room, the place and the
+colour that the kind has for its caption; an ellipsis ends what is longer. A text field with
+focus shows the part of a longer text that its caret is in. Where the design has no room for the
+face (bands, bubbles, boxes beside words) or more room than it uses (sliders, stars), it is drawn
+as large as the face or the box. Nothing is painted outside the box.
+
+@return 0, also where nothing of the box is on the canvas; -1 for null, an unknown kind, a
+        negative size, an icon or image that cannot be drawn, and where memory runs out: what was
+        drawn by then stays.""")
+kit_size = _function(
+    _OrvelKit, "kit_size", c_int, [POINTER(kit_widget), POINTER(c_int), POINTER(c_int)],
+    """The size that a widget wants with its words, face and value: sides that its box gives stay. The
+size of an image is that of what shows of it, up to 4096 pixels to a side; finding it reads and
+draws the file. w and h may be null.
+
+@return 0; -1 for null, an unknown kind and where memory runs out, which want 0 x 0.""")
+kit_chart_draw = _function(
+    _OrvelKit, "kit_chart_draw", c_int, [POINTER(orvel_canvas), POINTER(orvel_theme),
+                                         POINTER(kit_chart)],
+    """Draws a chart in the theme's colours.
+
+@return 0, also where there are no values to show; -1 for null, an unknown kind, a count below 0,
+        more than 32 series, a box with a side below 0 or above 32767, a range that is upside
+        down or whose ends or width are not finite, and where memory runs out.""")
+
+
+class kit_screen(Structure):
+    """A screen; made by kit_screen_open() or kit_screen_read()."""
+
+
+class kit_screen_host(Structure):
+    """What a screen asks its host for by name, each by a function that gets self and returns null
+    for a name that it does not know; a null function knows none. What they return is borrowed until
+    the screen is closed. They must not call the screen.
+
+    picture: A picture, for nodes of the kind "picture"; pixels with alpha 0 do not show.
+    theme: A theme, beside "dark" and "light".
+    face: A face, beside those of kit_face_named().
+    include: The text of a scene file for "include", its bytes to length; it is not kept. Null:
+        files beside the scene's own, and for kit_screen_read() none."""
+    _fields_ = [("self", c_void_p),
+                ("picture", CFUNCTYPE(c_void_p, c_void_p, c_char_p)),
+                ("theme", CFUNCTYPE(c_void_p, c_void_p, c_char_p)),
+                ("face", CFUNCTYPE(c_void_p, c_void_p, c_char_p)),
+                ("include", CFUNCTYPE(c_void_p, c_void_p, c_char_p, POINTER(c_size_t))),
+                ("reserved", c_void_p * 4)]
+
+
+KIT_SCREEN_VERSION = b"0.1.0"
+
+_OrvelScreen = load("OrvelScreen")
+kit_screen_version = _function(
+    _OrvelScreen, "kit_screen_version", c_char_p, [],
+    """The version of the library. A static string: never null, never freed.""")
+kit_screen_open = _function(
+    _OrvelScreen, "kit_screen_open", POINTER(kit_screen), [c_char_p, c_char_p,
+                                                           POINTER(kit_screen_host),
+                                                           POINTER(c_char), c_size_t],
+    """Opens a scene file. Includes are files in its folder or below; links and FIFOs are followed and
+not waited for.
+
+@param data  the data that the screen shows, a JSON object; null for the file's "sample".
+@param host  is copied; may be null.
+@return the caller's, for kit_screen_close(); null, and the reason, when it is refused.""")
+kit_screen_read = _function(
+    _OrvelScreen, "kit_screen_read", POINTER(kit_screen), [c_void_p, c_size_t, c_char_p, c_char_p,
+                                                           POINTER(kit_screen_host),
+                                                           POINTER(c_char), c_size_t],
+    """As kit_screen_open(), from length bytes of memory, which are not needed afterwards; reasons
+ begin with name, "scene" when that is null. Includes come from the host.""")
+kit_screen_close = _function(
+    _OrvelScreen, "kit_screen_close", None, [POINTER(kit_screen)],
+    """Releases a screen.""")
+kit_screen_size = _function(
+    _OrvelScreen, "kit_screen_size", None, [POINTER(kit_screen), POINTER(c_int), POINTER(c_int)],
+    """The size that the screen has: its file's "size", what kit_screen_resize() said, or what its root
+ wants. 0 for null. w and h may be null.""")
+kit_screen_resize = _function(
+    _OrvelScreen, "kit_screen_resize", c_int, [POINTER(kit_screen), c_int, c_int, POINTER(c_char),
+                                               c_size_t],
+    """Lays the screen out anew for this size: 1 to 32767 pixels each.""")
+kit_screen_set = _function(
+    _OrvelScreen, "kit_screen_set", c_int, [POINTER(kit_screen), c_char_p, c_char_p,
+                                            POINTER(c_char), c_size_t],
+    """Sets the value name ("battery", "now.temp", "days[2].name"; empty: all of the data) to the
+JSON text json. Objects on its way are made where they are missing, an index one past the end
+of a list adds to it.""")
+kit_screen_get = _function(
+    _OrvelScreen, "kit_screen_get", c_char_p, [POINTER(kit_screen), c_char_p],
+    """The value name as JSON, borrowed; null where there is none.""")
+kit_screen_add = _function(
+    _OrvelScreen, "kit_screen_add", c_int, [POINTER(kit_screen), c_char_p, c_int, c_char_p,
+                                            POINTER(c_char), c_size_t],
+    """Adds the node json to the row, column or stack parent, before its child number at,
+ counted from 0; a negative or larger number adds it at the end.""")
+kit_screen_remove = _function(
+    _OrvelScreen, "kit_screen_remove", c_int, [POINTER(kit_screen), c_char_p, POINTER(c_char),
+                                               c_size_t],
+    """Removes the node id, with all below it, from the row, column or stack that it is in.""")
+kit_screen_change = _function(
+    _OrvelScreen, "kit_screen_change", c_int, [POINTER(kit_screen), c_char_p, c_char_p, c_char_p,
+                                               POINTER(c_char), c_size_t],
+    """Sets the key key ("text", "width", ...) of the node id; with null as json removes it. A
+ null id stands for the scene itself, whose "theme" and "face" can be set.""")
+kit_screen_draw = _function(
+    _OrvelScreen, "kit_screen_draw", c_int, [POINTER(kit_screen), POINTER(orvel_canvas),
+                                             POINTER(kit_box)],
+    """Draws what changed since the last time: on the first call everything. The canvas must show what
+was last drawn; kit_screen_expose() says where it does not.
+
+@param dirty  gets the smallest rectangle that holds all that was drawn, empty when nothing had
+              to be; may be null. Outside it no pixel changes.
+@return 0; -1 for null, and where memory runs out, where the next call draws it again.""")
+kit_screen_expose = _function(
+    _OrvelScreen, "kit_screen_expose", None, [POINTER(kit_screen), POINTER(kit_box)],
+    """Has the next kit_screen_draw() draw this box, too; everything when box is null.""")
+kit_screen_describe = _function(
+    _OrvelScreen, "kit_screen_describe", c_char_p, [POINTER(kit_screen)],
+    """One line for each node that shows, in the order in which they are drawn, each below its parent
+and two spaces further right: ROLE, then what the node has of "NAME", =VALUE, its states, #ID,
+and last its box, X,Y WxH. The same lines for the same screen, everywhere and in every version of
+one number.
+
+    row 0,0 800x44
+      icon "home" 20,8 28x28
+      slider =21 focus #target 20,60 228x14
+
+@return borrowed; null for null and where memory runs out.""")
+kit_screen_report = _function(
+    _OrvelScreen, "kit_screen_report", c_char_p, [POINTER(kit_screen)],
+    """What a careful look would find wrong, one line for each, "FILE:LINE:COLUMN: PATH: KIND: ...":
+ - overflow: a node lies partly or wholly outside its parent, and is cut;
+ - cut: words do not fit, and end in an ellipsis or lose lines;
+ - missing: characters that the face lacks;
+ - contrast: words that stand out too little from their ground (WCAG 2.2, 1.4.3);
+ - target: a control with a side below 24 pixels (WCAG 2.2, 2.5.8);
+ - unknown: a picture or an icon that there is not.
+
+@return borrowed, empty when there is nothing; null for null and where memory runs out.""")
+kit_screen_box = _function(
+    _OrvelScreen, "kit_screen_box", c_int, [POINTER(kit_screen), c_char_p, POINTER(kit_box)],
+    """The box of the first node with this id ("target", in a repetition "day[2]"), as it lies on the
+ screen, cut to what shows of it. -1 where there is none, or nothing of it shows.""")
