@@ -77,3 +77,5 @@ install(FILES ${PROJECT_SOURCE_DIR}/cmake/OrvelSDKConfig.cmake
         DESTINATION ${orvel_package_dir} COMPONENT liborvelsdk-dev)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/share/themes ${PROJECT_SOURCE_DIR}/share/schemas
         DESTINATION ${CMAKE_INSTALL_DATADIR}/orvelsdk COMPONENT liborvelsdk-dev)
+install(FILES ${PROJECT_SOURCE_DIR}/bindings/orvel_api.json
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/orvelsdk COMPONENT liborvelsdk-dev)

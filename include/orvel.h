@@ -12,6 +12,15 @@
  *  - Ownership. The host owns every canvas, theme and widget and destroys each canvas and widget
  *    once. A widget borrows its canvas and its theme; both must outlive its last draw.
  *  - Strings are zero-terminated bytes. The library copies those it keeps.
+ *  - Pointers. What is borrowed is not used after the call; what is kept, not after the time told;
+ *    what is taken is no longer the host's. Memory of the host's is written, or changed from what
+ *    it held. What is static lives as long as the library. Where null is refused, the rule above
+ *    holds; where it may be null, that means something.
+ *  - Arguments of one name mean one thing everywhere, unless their section or function says more:
+ *     - canvas, theme, widget: borrowed; null is refused.
+ *     - path, name: borrowed; null is refused.
+ *     - text: borrowed; may be null, which counts as empty.
+ *     - x, y, w, h, x0, y0, x1, y1, x2, y2, cx, cy, r, width, height, size: in pixels.
  *  - Coordinates are pixels, the origin is the top left corner, y grows downward.
  *  - Clipping. What lies outside the canvas is silently dropped, pixel by pixel. A shape with any
  *    int arguments costs no more than the visible rows that it crosses, however far it reaches.
@@ -113,6 +122,8 @@ typedef enum orvel_widget_kind {
 /**
  * Marks the library as initialised and, unless it already was, writes
  * "[OrvelSDK] inizializzato (v0.1.0)" to the standard error stream. Always returns 0.
+ *
+ * @return 0; never -1.
  */
 ORVEL_API int orvel_init(void);
 
@@ -134,6 +145,8 @@ ORVEL_API void orvel_shutdown(void);
  * A resource name without a dot stands for the first file that opens among name.wav, .mp3, .bmp,
  * .json, .m4a, .aiff and .png; a name with a dot is used as it is.
  *
+ * Raises std::bad_alloc.
+ *
  * @return 0, or -1 when @p path is null, which leaves the old root in force.
  */
 ORVEL_API int orvel_set_resource_path(const char* path);
@@ -143,10 +156,12 @@ ORVEL_API int orvel_set_resource_path(const char* path);
 /**
  * Makes a canvas of @p width x @p height pixels, all opaque black. Null when a side is below 1 or
  * the record cannot be allocated; raises std::bad_alloc when the pixels cannot.
+ *
+ * @return the caller's, for orvel_canvas_destroy(), or null.
  */
 ORVEL_API orvel_canvas* orvel_canvas_create(int width, int height);
 
-/** Releases a canvas. No widget made for it may be drawn afterwards. */
+/** Releases a canvas, @p canvas is taken. No widget made for it may be drawn afterwards. */
 ORVEL_API void orvel_canvas_destroy(orvel_canvas* canvas);
 
 ORVEL_API int orvel_canvas_width(const orvel_canvas* canvas);  /**< in pixels; 0 for null */
@@ -209,7 +224,8 @@ ORVEL_API void orvel_canvas_fill_triangle(orvel_canvas* canvas, int x0, int y0, 
 /* ---- Pictures ---- */
 
 /**
- * Writes the canvas to the file @p path as a 24-bit BMP, bottom row first, without alpha.
+ * Writes the canvas to the file @p path as a 24-bit BMP, bottom row first, without alpha. Raises
+ * std::bad_alloc.
  *
  * @return 0 once the file was opened: what happens to the writes after that is not looked at. -1
  *         for null arguments and when the file cannot be opened for writing.
@@ -218,7 +234,9 @@ ORVEL_API int orvel_canvas_save_bmp(const orvel_canvas* canvas, const char* path
 
 /**
  * Writes the canvas as a 32-bit BMP with alpha. Its compression field holds 255, which many readers
- * refuse; orvel_icon_draw_bitmap() reads it. Results as for orvel_canvas_save_bmp().
+ * refuse; orvel_icon_draw_bitmap() reads it. Raises std::bad_alloc.
+ *
+ * @return 0 or -1, as for orvel_canvas_save_bmp().
  */
 ORVEL_API int orvel_canvas_save_bmp_rgba(const orvel_canvas* canvas, const char* path);
 
@@ -246,12 +264,12 @@ ORVEL_API void orvel_text_draw(orvel_canvas* canvas, const char* text, int x, in
 /**
  * The names of the 68 built-in icons, in their fixed order.
  *
- * @param count  receives 68; may be null.
- * @return the library's own table, which lives as long as the library; do not write to it.
+ * @param count  written: a number, 68; may be null.
+ * @return the library's own table, @p count of them; static, never null; do not write to it.
  */
 ORVEL_API const char** orvel_icon_list(int* count);
 
-/** 1 when @p name is exactly one of the 68 names, else 0. */
+/** @return 1 when @p name is exactly one of the 68 names, else 0. */
 ORVEL_API int orvel_icon_exists(const char* name);
 
 /**
@@ -268,6 +286,8 @@ ORVEL_API int orvel_draw_icon(orvel_canvas* canvas, const char* name, int x, int
 /**
  * As orvel_draw_icon(), with the colours of the design's details (@p accent) and of its cut-outs
  * (@p background) given.
+ *
+ * @return 0 or -1, as for orvel_draw_icon().
  */
 ORVEL_API int orvel_draw_icon_ex(orvel_canvas* canvas, const char* name, int x, int y, int size,
                                  orvel_color color, orvel_color accent, orvel_color background);
@@ -282,7 +302,7 @@ ORVEL_API int orvel_draw_icon_ex(orvel_canvas* canvas, const char* name, int x, 
  *
  * A width whose row, rounded up to 4 bytes, is negative as a 32-bit number raises
  * std::length_error: -2, for example, or 0x20000000 at 32 bits. A C host that draws files of
- * strangers looks at the four bytes at offset 18 first.
+ * strangers looks at the four bytes at offset 18 first. Raises std::bad_alloc, too.
  *
  * @return 0 when the file was accepted; -1 for null arguments, a file that cannot be opened, a
  * header shorter than 54 bytes or without "BM", and any other depth.
@@ -291,16 +311,18 @@ ORVEL_API int orvel_icon_draw_bitmap(orvel_canvas* canvas, const char* name, int
 
 /* ---- Themes ---- */
 
-ORVEL_API void orvel_theme_default(orvel_theme* theme); /**< the dark theme, all nine fields */
-ORVEL_API void orvel_theme_light(orvel_theme* theme);   /**< the light theme, all nine fields */
+/** The dark theme, all nine fields; @p theme is written. */
+ORVEL_API void orvel_theme_default(orvel_theme* theme);
+/** The light theme, all nine fields; @p theme is written. */
+ORVEL_API void orvel_theme_light(orvel_theme* theme);
 
 /**
- * Reads the theme file @p name of the resource folder "UI" over @p theme. For each of the nine keys
- * in double quotes, the next quoted text after the next colon is its colour, "#rrggbb". A key that
- * is missing or whose value is empty keeps its field, so fill the record first. A value of fewer
- * than six characters after the '#' is white; a bad digit counts as 0; alpha becomes 255. The whole
- * file is read into memory, whatever its size; when memory runs out, the record stays as it was. A
- * read that fails counts as the end of the file.
+ * Reads the theme file @p name of the resource folder "UI"; @p theme is changed. For each of the
+ * nine keys in double quotes, the next quoted text after the next colon is its colour, "#rrggbb". A
+ * key that is missing or whose value is empty keeps its field, so fill the record first. A value of
+ * fewer than six characters after the '#' is white; a bad digit counts as 0; alpha becomes 255. The
+ * whole file is read into memory, whatever its size; when memory runs out, the record stays as it
+ * was. A read that fails counts as the end of the file. Raises std::bad_alloc.
  *
  * @return 0 when the file was opened, whatever it held; -1 for null arguments or when it cannot be.
  */
@@ -309,7 +331,7 @@ ORVEL_API int orvel_theme_load(orvel_theme* theme, const char* name);
 /**
  * Writes @p theme to the file @p name of the resource folder "UI", 264 bytes, without alpha. A name
  * without a dot overwrites the file that loading it would find; if there is none, the file gets
- * exactly that name. No folder is made.
+ * exactly that name. No folder is made. Raises std::bad_alloc.
  *
  * @return 0 once the file was opened; -1 for null arguments or when it cannot be.
  */
@@ -322,6 +344,13 @@ ORVEL_API int orvel_theme_save(const orvel_theme* theme, const char* name);
  * sign. Flags are on for any value but 0. Fractions are clamped to [0, 1]; NaN is kept and draws as
  * 0, a spinner's dot in the middle. The theme is read at every draw: changing the record re-colours
  * its widgets.
+ *  - canvas, theme: kept until the widget is drawn for the last time; null is refused.
+ *  - title, name, items, initials, icon: borrowed; may be null, which counts as empty.
+ *  - on, checked, selected, open: 0 or 1.
+ *  - value: a fraction.
+ *  - count: a number.
+ *  - result: the caller's, for orvel_widget_destroy(), or null.
+ *  - text, title, name, items, initials, icon: raises std::bad_alloc when it cannot be copied.
  *
  * A host tests hits itself, so it needs to know what a widget covers: the rectangle given, or the
  * size told beside the constructor, where tw is orvel_text_width() of the text. Texts are not cut
@@ -380,10 +409,10 @@ ORVEL_API orvel_widget* orvel_widget_spinner(orvel_canvas* canvas, const orvel_t
 /** 50 x 10. @p value is the fraction of five stars. */
 ORVEL_API orvel_widget* orvel_widget_rating(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                             int y, double value);
-/** A number between a minus and a plus, each in a square of the height. */
+/** @p value is a number, between a minus and a plus, each in a square of the height. */
 ORVEL_API orvel_widget* orvel_widget_stepper(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                              int y, int w, int h, int value);
-/** @p items are the captions, joined with "|"; @p selected counts from 0. */
+/** @p items are the captions, joined with "|"; @p selected is the number of one, from 0. */
 ORVEL_API orvel_widget* orvel_widget_tabs(orvel_canvas* canvas, const orvel_theme* theme,
                                           const char* items, int x, int y, int w, int h,
                                           int selected);
@@ -400,7 +429,7 @@ ORVEL_API orvel_widget* orvel_widget_titlebar(orvel_canvas* canvas, const orvel_
 ORVEL_API orvel_widget* orvel_widget_list_item(orvel_canvas* canvas, const orvel_theme* theme,
                                                const char* text, const char* icon, int x, int y,
                                                int w, int h, int selected);
-/** Items side by side, joined with "|"; @p selected counts from 0. */
+/** Items side by side, joined with "|"; @p selected is the number of one, from 0. */
 ORVEL_API orvel_widget* orvel_widget_menu(orvel_canvas* canvas, const orvel_theme* theme,
                                           const char* items, int x, int y, int w, int h,
                                           int selected);
@@ -417,28 +446,36 @@ ORVEL_API orvel_widget* orvel_widget_tooltip(orvel_canvas* canvas, const orvel_t
 ORVEL_API orvel_widget* orvel_widget_statusbar(orvel_canvas* canvas, const orvel_theme* theme,
                                                const char* text, int x, int y, int w, int h);
 
-/** Releases a widget and its copies; not its canvas or theme. */
+/** Releases a widget and its copies, @p widget is taken; not its canvas or theme. */
 ORVEL_API void orvel_widget_destroy(orvel_widget* widget);
 
-/* Every setter works on every kind; state that a kind does not show is kept and not drawn. */
+/*
+ * Every setter works on every kind; state that a kind does not show is kept and not drawn.
+ *  - on: 0 or 1.
+ *  - value: a fraction.
+ *  - amount, count: a number.
+ *  - values: borrowed, @p count of them; null is refused.
+ */
 
-/** The pointer is over the widget: button, slider, textbox. */
+/** The pointer is over the widget. Shown by button, slider, textbox. */
 ORVEL_API void orvel_widget_set_hover(orvel_widget* widget, int on);
-/** On, checked, selected, open or focused: toggle, checkbox, radio, dropdown, search, list item. */
+/** On, checked, selected, open or focused. Shown by toggle, checkbox, radio, dropdown, search, list
+ * item. */
 ORVEL_API void orvel_widget_set_active(orvel_widget* widget, int on);
-/** A fraction, clamped to [0, 1], NaN kept: slider, progress, spinner, rating. */
+/** Clamped to [0, 1], NaN kept. Shown by slider, progress, spinner, rating. */
 ORVEL_API void orvel_widget_set_value(orvel_widget* widget, double value);
-/** A number, not clamped: stepper, badge; the selected index of tabs and menu, none if out of
- * range. */
+/** Not clamped; of tabs and menu the selected index, none if out of range. Shown by stepper, badge,
+ * tabs, menu. */
 ORVEL_API void orvel_widget_set_amount(orvel_widget* widget, int amount);
 /**
  * Replaces the values of a bar chart by a copy of @p count values, drawn clamped to [0, 1]. A count
  * of 0 empties the list. Null @p values or a negative count do nothing. All or nothing: when memory
- * runs out, the old values stay.
+ * runs out, it raises std::bad_alloc, and the old values stay. Shown by bars.
  */
 ORVEL_API void orvel_widget_set_data(orvel_widget* widget, const double* values, int count);
 
-/** Draws the widget on its canvas in the colours of its theme. Never changes the widget. */
+/** Draws the widget on its canvas in the colours of its theme. Never changes the widget. Raises
+ * std::bad_alloc; an image raises std::length_error as orvel_icon_draw_bitmap() does. */
 ORVEL_API void orvel_widget_draw(orvel_widget* widget);
 
 /* ---- Sound ---- */
@@ -466,7 +503,8 @@ ORVEL_API void orvel_widget_draw(orvel_widget* widget);
 /**
  * Plays the file @p name of the resource folder "Sounds" once, without waiting. Writes
  * "[OrvelSDK] suono: PATH" or "[OrvelSDK] suono non trovato: PATH" to the standard error stream.
- * It cannot be stopped; on Linux it is heard to its end even when the host has exited.
+ * It cannot be stopped; on Linux it is heard to its end even when the host has exited. Raises
+ * std::bad_alloc.
  *
  * @return 0 when the system took the sound; -1 for null, a file that does not open, or a file that
  *         the system refuses. On Linux also for what is no regular file, when a library is not
@@ -478,7 +516,8 @@ ORVEL_API int orvel_play_sound(const char* name);
 /**
  * Stops the music, then plays the file @p name of the resource folder "Music" once in a player
  * process. Writes "[OrvelSDK] musica: PATH" or "[OrvelSDK] musica non trovata: PATH" to the
- * standard error stream. The old music stops even when the new file is missing.
+ * standard error stream. The old music stops even when the new file is missing. Raises
+ * std::bad_alloc.
  *
  * @return 0 when the player process was started, whether or not it can play the file; -1 for null
  *         (the music goes on), a file that does not open, or when no process can be started.
@@ -501,10 +540,10 @@ ORVEL_API void orvel_stop_music(void);
  * A file that cannot be written is not reported; the player then plays whatever lies at that path.
  * A library that was built without a platform, which has no player, writes none.
  * Nothing is written to a link, a FIFO, a file with a second name or a file of another user. NaN
- * and infinite frequencies are silence.
+ * and infinite frequencies are silence. Raises std::bad_alloc.
  *
- * @param frequency_hz  above 0.
- * @param duration_ms   at least 1.
+ * @param frequency_hz  in hertz, above 0.
+ * @param duration_ms   in milliseconds, at least 1.
  * @return 0 when the player process was started; -1 for arguments out of range or when no process
  *         can be started.
  */

@@ -99,7 +99,7 @@ orvel_package(liborvelsdk0 SECTION libs
     HOLDS "the shared library.")
 orvel_package(liborvelsdk-dev SECTION libdevel
     DEPENDS "liborvelsdk0 (= ${PROJECT_VERSION})"
-    HOLDS "the header, what CMake and pkg-config need to find\nthe library, and six theme files.")
+    HOLDS "the header, what CMake and pkg-config need to find\nthe library, the interfaces as data, and six theme files.")
 
 set(letters DejaVu 2.37 Bitstream-Vera ${PROJECT_SOURCE_DIR}/kit/words/faces/LICENSE-DejaVu)
 orvel_package(liborvelkit0 SECTION libs

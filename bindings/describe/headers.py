@@ -6,21 +6,18 @@ from clang import cindex
 from clang.cindex import CursorKind, TypeKind
 
 import comments
+from facts import Problem
 
 # The interfaces, lowest first: the library, its header, the prefix of its names.
 LIBRARIES = (("OrvelSDK", "include/orvel.h", "orvel_"),
              ("OrvelKit", "kit/include/orvel_kit.h", "kit_"),
              ("OrvelScreen", "kit/include/orvel_screen.h", "kit_screen_"))
-# Whose sizes and offsets are told. Every 64-bit target that the libraries are built for has those of the first.
+# Whose sizes and offsets are told. All 64-bit targets of the libraries have those of the first.
 TARGETS = {"64": "x86_64-unknown-linux-gnu", "wasm32": "wasm32-unknown-unknown"}
 # All that the headers take from elsewhere, so that no target needs headers of its own.
 STDDEF = "typedef __SIZE_TYPE__ size_t;\n"
 NUMBERS = {TypeKind.INT: "int", TypeKind.UINT: "unsigned", TypeKind.DOUBLE: "double",
            TypeKind.UCHAR: "byte", TypeKind.VOID: "void"}
-
-
-class Problem(Exception):
-    """Something in a header that is to be repaired, in one line."""
 
 
 def parsed(root, header, target):
@@ -76,7 +73,7 @@ def type_of(kind):
     """A type as the description has it."""
     plain = kind.get_canonical()
     if plain.kind == TypeKind.CONSTANTARRAY:
-        return {"c": spelled(kind), **without_c(type_of(plain.element_type)), "array": plain.element_count}
+        return {**type_of(plain.element_type), "c": spelled(kind), "array": plain.element_count}
     if plain.kind == TypeKind.POINTER:
         to = kind.get_pointee() if kind.kind == TypeKind.POINTER else plain.get_pointee()
         name, of = pointed(to)
@@ -87,24 +84,30 @@ def type_of(kind):
     return {"c": spelled(kind), "type": name, **({"of": of} if of else {})}
 
 
-def without_c(found):
-    return {key: value for key, value in found.items() if key != "c"}
-
-
 def arguments_of(cursor):
     return [{"name": each.spelling, **type_of(each.type)}
             for each in cursor.get_children() if each.kind == CursorKind.PARM_DECL]
 
 
+def comment_of(function):
+    """A function's comment, which may also stand behind it."""
+    if function.raw_comment:
+        return comments.body(function.raw_comment)
+    text = pathlib.Path(function.location.file.name).read_text(encoding="utf-8")
+    behind = re.match(r"; */\*\*<.*?\*/", text[function.extent.end.offset:], re.DOTALL)
+    return comments.body(behind[0].lstrip("; ")) if behind else ""
+
+
 def function_of(cursor):
-    return {"name": cursor.spelling, "comment": comments.plain(cursor.raw_comment),
-            "line": cursor.location.line, "arguments": arguments_of(cursor),
+    return {"name": cursor.spelling, "comment": comment_of(cursor),
+            "line": cursor.extent.start.line, "arguments": arguments_of(cursor),
             "returns": type_of(cursor.result_type)}
 
 
 def field_of(cursor, record):
-    found = {"name": cursor.spelling, **type_of(cursor.type), "offset": record.get_offset(cursor.spelling) // 8,
-             "comment": comments.plain(cursor.raw_comment), "line": cursor.location.line}
+    found = {"name": cursor.spelling, **type_of(cursor.type),
+             "offset": record.get_offset(cursor.spelling) // 8,
+             "comment": comments.body(cursor.raw_comment)}
     if found["type"] == "function":
         called = cursor.type.get_canonical().get_pointee()
         found["arguments"] = arguments_of(cursor)
@@ -114,23 +117,30 @@ def field_of(cursor, record):
 
 def record_of(cursor):
     kind = cursor.type
-    return {"name": cursor.spelling, "comment": comments.plain(cursor.raw_comment), "line": cursor.location.line,
+    return {"name": cursor.spelling, "comment": comments.body(cursor.raw_comment),
             "size": kind.get_size(), "align": kind.get_align(),
             "fields": [field_of(each, kind) for each in kind.get_fields()]}
 
 
 def enum_of(cursor):
-    return {"name": cursor.spelling, "comment": comments.plain(cursor.raw_comment),
+    return {"name": cursor.spelling, "comment": comments.body(cursor.raw_comment),
             "values": [{"name": each.spelling, "value": each.enum_value,
-                        "comment": comments.plain(each.raw_comment)} for each in cursor.get_children()]}
+                        "comment": comments.body(each.raw_comment)}
+                       for each in cursor.get_children()]}
 
 
 def constants_of(text):
     """The macros that stand for a value, which are no declarations to libclang."""
-    found = re.findall(r'/\*\*((?:(?!\*/).)*)\*/\n#define (\w+) ("[^"]*"|-?\d+)\n', text, re.DOTALL)
+    found = re.findall(r'/\*\*((?:(?!\*/).)*)\*/\n#define (\w+) ("[^"]*"|-?\d+)\n', text,
+                       re.DOTALL)
     return [{"name": name, "type": "text" if value[0] == '"' else "int",
              "value": value.strip('"') if value[0] == '"' else int(value),
-             "comment": comments.plain(f"/**{comment}*/")} for comment, name, value in found]
+             "comment": comments.body(f"/**{comment}*/")} for comment, name, value in found]
+
+
+def is_object(cursor):
+    kind = cursor.underlying_typedef_type
+    return kind.get_canonical().kind == TypeKind.RECORD and number_or_name(kind)[0] == "object"
 
 
 def interface(root, header, target):
@@ -143,8 +153,9 @@ def interface(root, header, target):
             found["functions"].append(function_of(cursor))
         elif cursor.kind == CursorKind.STRUCT_DECL and cursor.is_definition():
             found["records"].append(record_of(cursor))
-        elif cursor.kind == CursorKind.TYPEDEF_DECL and number_or_name(cursor.underlying_typedef_type)[0] == "object":
-            found["objects"].append({"name": cursor.spelling, "comment": comments.plain(cursor.raw_comment)})
+        elif cursor.kind == CursorKind.TYPEDEF_DECL and is_object(cursor):
+            found["objects"].append({"name": cursor.spelling,
+                                     "comment": comments.body(cursor.raw_comment)})
         elif cursor.kind == CursorKind.ENUM_DECL:
             found["enums"].append(enum_of(cursor))
     return found
@@ -165,7 +176,8 @@ def library(root, name, header, prefix):
     found, other = (interface(root, header, target) for target in TARGETS.values())
     found["records"] = with_both_layouts(found["records"], other["records"])
     return {"name": name, "header": pathlib.Path(header).name, "prefix": prefix,
-            "comment": comments.plain(re.search(r"/\*\*.*?\*/", text, re.DOTALL)[0]),
+            "places": comments.places(text),
+            "comment": comments.body(re.search(r"/\*\*.*?\*/", text, re.DOTALL)[0]),
             "constants": constants_of(text), **found}
 
 

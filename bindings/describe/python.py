@@ -2,24 +2,25 @@
 import keyword
 import textwrap
 
-NUMBERS = {"int": "c_int", "unsigned": "c_uint", "size": "c_size_t", "double": "c_double", "byte": "c_ubyte",
-           "enum": "c_int", "text": "c_char_p", "buffer": "POINTER(c_char)", "bytes": "c_void_p",
-           "memory": "c_void_p", "void": "None"}
+TYPES = {"int": "c_int", "unsigned": "c_uint", "size": "c_size_t", "double": "c_double",
+         "byte": "c_ubyte", "enum": "c_int", "text": "c_char_p", "buffer": "POINTER(c_char)",
+         "bytes": "c_void_p", "memory": "c_void_p", "void": "None"}
 # What a caller may pass, and what comes back.
-TAKES = {"int": "int", "unsigned": "int", "size": "int", "double": "float", "byte": "int", "enum": "int",
-         "text": "bytes | None", "buffer": "_Memory | None", "bytes": "_Memory | bytes | None",
-         "memory": "_Memory | None"}
-GIVES = {**TAKES, "bytes": "int | None", "memory": "int | None", "buffer": "_Pointer[c_char]", "void": "None"}
+TAKES = {"int": "int", "unsigned": "int", "size": "int", "double": "float", "byte": "int",
+         "enum": "int", "text": "bytes | None", "buffer": "_Memory | None",
+         "bytes": "_Memory | bytes | None", "memory": "_Memory | None"}
+GIVES = {**TAKES, "bytes": "int | None", "memory": "int | None", "buffer": "_Pointer[c_char]",
+         "void": "None"}
 
 HEAD = '''"""{title}
 
-Made by scripts/describe from bindings/orvel_api.json: edit the headers and run it. Texts are bytes.
-Every record is a Structure with the names of C; what only the library sees into, an object, is a
+Made by scripts/describe from bindings/orvel_api.json: edit the headers, and run it. Texts are
+bytes. Records are Structures with the names of C; what only the library sees into, an object, is a
 Structure without fields, handled by its POINTER alone. None is null.
 """
 '''
-IMPORTS = '''from ctypes import (CFUNCTYPE, POINTER, Structure, c_char, c_char_p, c_double, c_int, c_size_t,
-                    c_ubyte, c_uint, c_void_p)
+IMPORTS = '''from ctypes import (CFUNCTYPE, POINTER, Structure, c_char, c_char_p, c_double, c_int,
+                    c_size_t, c_ubyte, c_uint, c_void_p)
 
 from ._load import load
 
@@ -29,8 +30,8 @@ def _function(library, name, result, arguments, text):
     found.restype, found.argtypes, found.__doc__ = result, arguments, text
     return found
 '''
-STUB_IMPORTS = '''from ctypes import (Array, Structure, _Pointer, c_char, c_char_p, c_double, c_int, c_size_t, c_ubyte,
-                    c_void_p)
+STUB_IMPORTS = '''from ctypes import (Array, Structure, _Pointer, c_char, c_char_p, c_double,
+                    c_int, c_size_t, c_ubyte, c_void_p)
 from typing import Any, TypeVar, Union
 
 _T = TypeVar("_T")
@@ -43,15 +44,15 @@ _To = Union[_Pointer[_T], Array[_T], _T, Any, None]
 def ctype(kind, result_of_callback=False):
     """The type of ctypes. The results of callbacks may not be pointers of a kind."""
     name = kind["type"]
-    if name in ("record",):
+    if name == "record":
         base = kind["of"]
     elif name in ("object", "pointer"):
-        base = f"POINTER({NUMBERS.get(kind['of'], kind['of'])})"
+        base = f"POINTER({TYPES.get(kind['of'], kind['of'])})"
     elif name == "function":
         words = [ctype(kind["returns"], True)] + [ctype(each) for each in kind["arguments"]]
         base = f"CFUNCTYPE({', '.join(words)})"
     else:
-        base = NUMBERS[name]
+        base = TYPES[name]
     if result_of_callback and name in ("object", "pointer", "text"):
         base = "c_void_p"
     return f"{base} * {kind['array']}" if "array" in kind else base
@@ -76,18 +77,32 @@ def wrapped(head, words, tail):
 
 
 def record_text(record):
-    rows = [f"{field['name']}: {' '.join(field['comment'].split())}" for field in record["fields"] if field["comment"]]
+    rows = [f"{field['name']}: {field['comment']}" for field in record["fields"]
+            if field["comment"]]
     rows = [textwrap.fill(row, 92, subsequent_indent="    ") for row in rows]
     return "\n".join([record["comment"], *([""] if rows and record["comment"] else []), *rows])
+
+
+def function_text(function):
+    rows = [*((each["name"], each) for each in function["arguments"]),
+            ("Returns", function["returns"])]
+    rows = [textwrap.fill(f"{name}: {each['comment']}", 95, subsequent_indent="    ")
+            for name, each in rows if "comment" in each]
+    if function["raises"]:
+        instead = f": call {function['guarded']}()" if "guarded" in function else ""
+        rows.append("Where it raises, the process ends" + instead + ".")
+    parts = [function["comment"], "\n".join(rows)]
+    return "\n\n".join(part for part in parts if part)
 
 
 def classes(library):
     for item in library["objects"]:
         yield f"\n\nclass {item['name']}(Structure):\n    {quoted(item['comment'], '    ')}\n"
     for record in library["records"]:
-        fields = ",\n                ".join(f'("{each["name"]}", {ctype(each)})' for each in record["fields"])
-        yield (f"\n\nclass {record['name']}(Structure):\n    {quoted(record_text(record), '    ')}\n"
-               f"    _fields_ = [{fields}]\n")
+        fields = ",\n                ".join(f'("{each["name"]}", {ctype(each)})'
+                                                for each in record["fields"])
+        text = quoted(record_text(record), "    ")
+        yield f"\n\nclass {record['name']}(Structure):\n    {text}\n    _fields_ = [{fields}]\n"
 
 
 def constants(library):
@@ -106,7 +121,7 @@ def functions(library):
         first = f'_{library["name"]}, "{function["name"]}", {ctype(function["returns"])}, ['
         types = [ctype(each) for each in function["arguments"]]
         line = head + "\n" + wrapped("    " + first, types, "],")
-        yield f'{line}\n    {quoted(function["comment"])})\n'
+        yield f'{line}\n    {quoted(function_text(function))})\n'
 
 
 def low_level(description):
@@ -125,7 +140,7 @@ def stub_type(kind, names):
     if kind["type"] == "record":
         return kind["of"]
     if kind["type"] in ("object", "pointer"):
-        of = NUMBERS.get(kind["of"], kind["of"])
+        of = TYPES.get(kind["of"], kind["of"])
         if names is GIVES:
             return f"_Pointer[{of}]"
         if kind["type"] == "object":
@@ -135,9 +150,11 @@ def stub_type(kind, names):
 
 
 def stub_function(function):
-    words = [f'{stub_name(each["name"])}: {stub_type(each, TAKES)}' for each in function["arguments"]]
+    words = [f'{stub_name(each["name"])}: {stub_type(each, TAKES)}'
+             for each in function["arguments"]]
     words += ["/"] if words else []
-    return wrapped(f'def {function["name"]}(', words, f') -> {stub_type(function["returns"], GIVES)}: ...') + "\n"
+    tail = f') -> {stub_type(function["returns"], GIVES)}: ...'
+    return wrapped(f'def {function["name"]}(', words, tail) + "\n"
 
 
 def stub_field(field):

@@ -19,6 +19,16 @@
  *  - Only integers are computed with, so the bytes are the same everywhere.
  *  - No blending. Alpha is stored like the other three.
  *  - Threads. No state: threads may share faces, and anything else that none of them changes.
+ *  - Arguments and fields of one name mean one thing, unless more is said of them:
+ *     - face: borrowed; may be null, which is kit_sans_12().
+ *     - box, from, to, inside, format, widget, chart: borrowed; null is refused.
+ *     - why: written, @p size of its bytes; may be null, which gets none.
+ *     - size, stride: in bytes.
+ *     - count, amount: a number.
+ *     - baseline: in pixels.
+ *     - percent: in percent.
+ *     - fields: borrowed; may be null.
+ *     - reserved: nothing, stays null.
  */
 #ifndef ORVEL_KIT_H
 #define ORVEL_KIT_H
@@ -59,18 +69,26 @@ typedef struct kit_box {
 /* What orvel.h may raise as a C++ exception is null or -1 here; else each is the call of the same
    name there. */
 
-/** orvel_canvas_create(), null when the pixels do not fit into memory, too. */
+/** orvel_canvas_create(), guarded: null when the pixels do not fit into memory, too. */
 ORVEL_API orvel_canvas* kit_canvas(int width, int height);
-/** orvel_icon_draw_bitmap(), -1 for every file that it cannot draw. */
+/** orvel_icon_draw_bitmap(), guarded: -1 for every file that it cannot draw. */
 ORVEL_API int kit_bitmap(orvel_canvas* canvas, const char* name, int x, int y);
-ORVEL_API int kit_theme_load(orvel_theme* theme, const char* name);            /**< guarded */
-ORVEL_API int kit_theme_save(const orvel_theme* theme, const char* name);      /**< guarded */
-ORVEL_API int kit_save_bmp(const orvel_canvas* canvas, const char* path);      /**< guarded */
-ORVEL_API int kit_save_bmp_rgba(const orvel_canvas* canvas, const char* path); /**< guarded */
-ORVEL_API int kit_resource_path(const char* path);                             /**< guarded */
-ORVEL_API int kit_play_sound(const char* name);                                /**< guarded */
-ORVEL_API int kit_play_music(const char* name);                                /**< guarded */
-ORVEL_API int kit_play_tone(double frequency_hz, int duration_ms);             /**< guarded */
+/** orvel_theme_load(), guarded. */
+ORVEL_API int kit_theme_load(orvel_theme* theme, const char* name);
+/** orvel_theme_save(), guarded. */
+ORVEL_API int kit_theme_save(const orvel_theme* theme, const char* name);
+/** orvel_canvas_save_bmp(), guarded. */
+ORVEL_API int kit_save_bmp(const orvel_canvas* canvas, const char* path);
+/** orvel_canvas_save_bmp_rgba(), guarded. */
+ORVEL_API int kit_save_bmp_rgba(const orvel_canvas* canvas, const char* path);
+/** orvel_set_resource_path(), guarded. */
+ORVEL_API int kit_resource_path(const char* path);
+/** orvel_play_sound(), guarded. */
+ORVEL_API int kit_play_sound(const char* name);
+/** orvel_play_music(), guarded. */
+ORVEL_API int kit_play_music(const char* name);
+/** orvel_play_tone(), guarded. */
+ORVEL_API int kit_play_tone(double frequency_hz, int duration_ms);
 
 /* ---- Pixels ---- */
 
@@ -78,18 +96,26 @@ ORVEL_API int kit_play_tone(double frequency_hz, int duration_ms);             /
  *  @p from. A percent is clamped to [0, 100]. */
 ORVEL_API orvel_color kit_mix(orvel_color from, orvel_color to, int percent);
 
-/** The lightness of a colour, 0 to 255: (2126 r + 7152 g + 722 b + 5000) / 10000. */
+/** The lightness of a colour, a number from 0 to 255: (2126 r + 7152 g + 722 b + 5000) / 10000. */
 ORVEL_API int kit_grey(orvel_color color);
 
 /**
- * Copies the box @p part of @p from (all of it, when null) to the place (x, y) of @p to, pixel by
- * pixel, alpha included; what lies outside either canvas is left out. The two may be one canvas,
- * and the boxes may overlap.
+ * Copies the box @p part of @p from to the place (x, y) of @p to, pixel by pixel, alpha included;
+ * what lies outside either canvas is left out. The two may be one canvas, and the boxes may
+ * overlap.
+ *
+ * @param part  borrowed; may be null, which is all of @p from.
+ * @return 0; -1 for null.
  */
 ORVEL_API int kit_copy(orvel_canvas* to, int x, int y, const orvel_canvas* from,
                        const kit_box* part);
 
-/** As kit_copy(), but a pixel with alpha 0 leaves what is there. */
+/**
+ * As kit_copy(), but a pixel with alpha 0 leaves what is there.
+ *
+ * @param part  borrowed; may be null, which is all of @p from.
+ * @return 0; -1 for null.
+ */
 ORVEL_API int kit_stamp(orvel_canvas* to, int x, int y, const orvel_canvas* from,
                         const kit_box* part);
 
@@ -99,6 +125,7 @@ ORVEL_API int kit_stamp(orvel_canvas* to, int x, int y, const orvel_canvas* from
  * look the same everywhere. Cut-outs take the colour of the pixel of the square nearest to its top
  * left corner that the canvas has.
  *
+ * @param size  in pixels.
  * @return 0; -1 for null, an unknown name, a size below 1 or above 16384, and where memory runs
  * out, which all draw nothing.
  */
@@ -110,13 +137,18 @@ ORVEL_API int kit_icon(orvel_canvas* canvas, const char* name, int x, int y, int
  * just that size that shows what is there. Draw on it with the box's new x and y subtracted, then
  * hand both to kit_clip_end(). No pixel outside the box changes.
  *
- * @return the caller's, for kit_clip_end() or orvel_canvas_destroy(); null when nothing of the box
+ * @param box  changed; null is refused.
+ * @return the caller's, for orvel_canvas_destroy() or kit_clip_end(); null when nothing of the box
  *         is on the canvas or memory runs out, which leave the box as it was.
  */
 ORVEL_API orvel_canvas* kit_clip_begin(const orvel_canvas* canvas, kit_box* box);
 
-/** Copies @p inside back to the place of @p box, and destroys it, also where the others are null.
- *  -1 for null, and for the canvas itself in place of @p inside, which is kept. */
+/**
+ * Copies @p inside back to the place of @p box, and destroys it, also where the others are null.
+ *
+ * @param inside  taken; null is refused.
+ * @return 0; -1 for null, and for the canvas itself in place of @p inside, which stays.
+ */
 ORVEL_API int kit_clip_end(orvel_canvas* canvas, const kit_box* box, orvel_canvas* inside);
 
 /** What a pixel becomes in the caller's memory. */
@@ -155,26 +187,28 @@ typedef enum kit_dither {
 typedef struct kit_format {
     int layout KIT_ZERO;                 /**< a kit_layout */
     int dither KIT_ZERO;                 /**< a kit_dither; the layouts of four bytes need none */
-    int turns KIT_ZERO;                  /**< quarter turns clockwise, or back when negative */
-    int colors KIT_ZERO;                 /**< of the palette, 1 to 16 */
-    const orvel_color* palette KIT_ZERO; /**< the panel's colours as they look, without alpha */
-    int plane KIT_ZERO;                  /**< the colour that KIT_PLANE marks, counted from 0 */
-    int keep_alpha KIT_ZERO; /**< 0: the four-byte layouts get alpha 255; 1: what is stored */
+    int turns KIT_ZERO;                  /**< a number of quarters clockwise, back when negative */
+    int colors KIT_ZERO;                 /**< the number of the palette's, 1 to 16 */
+    const orvel_color* palette KIT_ZERO; /**< the panel's, without alpha, @p colors of them */
+    int plane KIT_ZERO;      /**< the number of the colour that KIT_PLANE marks, from 0 */
+    int keep_alpha KIT_ZERO; /**< 0 or 1: the four-byte layouts get alpha 255, or what is stored */
     const void* reserved[4] KIT_ZERO;
 } kit_format;
 
-/** The bytes that a row of @p width pixels takes, after any turn; 0 for what is no format, a width
+/** What a row of @p width pixels takes in bytes, after any turn; 0 for what is no format, a width
  *  below 1 and where size_t cannot tell. */
 ORVEL_API size_t kit_pixels_stride(const kit_format* format, int width);
 
 /**
- * Writes the pixels of @p box (all of the canvas, when null) to @p to, turned, rows top first, each
- * @p stride bytes after the one before (0: kit_pixels_stride()). The bits that fill up a row's last
- * byte are 0; bytes between the rows are left alone. Nothing is written unless all of it fits.
+ * Writes the pixels of @p box to @p to, turned, rows top first, each @p stride bytes after the one
+ * before (0: kit_pixels_stride()). The bits that fill up a row's last byte are 0; bytes between the
+ * rows are left alone. Nothing is written unless all of it fits.
  *
  * What is no format: a number that no kit_layout or kit_dither has; for the layouts that need them,
  * no palette, a number of colours or a plane outside it. Other fields may hold anything.
  *
+ * @param box  borrowed; may be null, which is all of the canvas.
+ * @param to   written, @p size of its bytes; null is refused.
  * @return 0; -1 for null, a box that is empty or not wholly on the canvas, what is no format, a
  * stride shorter than a row, a memory of @p size bytes too small for the rows (the last one ends
  * where its pixels do), and where memory runs out.
@@ -187,10 +221,12 @@ ORVEL_API int kit_pixels(const orvel_canvas* canvas, const kit_box* box, const k
 /** Letters of one design in one size. */
 typedef struct kit_face kit_face;
 
-/* DejaVu (its notice comes with the kit), by the size in pixels. Each lives as long as the library;
-   closing one does nothing. 715 characters: Latin, Greek, Cyrillic, punctuation, currency, arrows
-   and signs; Mono lacks five of them, and the digits have 0 to 9 and the space, + - . , : %,
-   the degree sign and the minus of mathematics (U+2212). */
+/*
+ * DejaVu (its notice comes with the kit), by the size in pixels. 715 characters: Latin, Greek,
+ * Cyrillic, punctuation, currency, arrows and signs; Mono lacks five of them, and the digits have 0
+ * to 9 and the space, + - . , : %, the degree sign and the minus of mathematics (U+2212).
+ *  - result: static, never null; closing one does nothing.
+ */
 ORVEL_API const kit_face* kit_sans_11(void);
 ORVEL_API const kit_face* kit_sans_12(void);
 ORVEL_API const kit_face* kit_sans_14(void);
@@ -206,8 +242,12 @@ ORVEL_API const kit_face* kit_mono_12(void);
 ORVEL_API const kit_face* kit_digits_64(void);
 ORVEL_API const kit_face* kit_digits_96(void);
 
-/** The face of that name, "sans 12" or "digits 96"; null when there is none. A program that is
- *  linked to the static kit and calls this carries all faces. */
+/**
+ * The face of that name, "sans 12" or "digits 96". A program that is linked to the static kit and
+ * calls this carries all faces.
+ *
+ * @return static; null when there is none.
+ */
 ORVEL_API const kit_face* kit_face_named(const char* name);
 
 /**
@@ -225,28 +265,34 @@ ORVEL_API const kit_face* kit_face_named(const char* name);
  */
 ORVEL_API kit_face* kit_face_open(const char* path, char* why, size_t size);
 
-/** As kit_face_open(), from @p length bytes of memory, which are not needed afterwards; reasons
- * begin with "font" in place of a path. */
+/**
+ * As kit_face_open(), from memory; reasons begin with "font" in place of a path.
+ *
+ * @param bytes   borrowed, @p length of them; null is refused.
+ * @param length  in bytes.
+ * @return the caller's, for kit_face_close(); null, and the reason, when it is refused.
+ */
 ORVEL_API kit_face* kit_face_read(const void* bytes, size_t length, char* why, size_t size);
 
 /**
  * A face that takes from @p second what @p first lacks; lines are as high as the higher one, and
- * capitals count as high as those of @p first. Both are borrowed and must outlive it. At most 8
- * faces come together so. Letters of two faces are not kerned with each other.
+ * capitals count as high as those of @p first. At most 8 faces come together so. Letters of two
+ * faces are not kerned with each other.
  *
+ * @param first, second  kept until the new one is closed; null is refused.
  * @return the caller's, for kit_face_close(); null for null, too many, or when memory runs out.
  */
 ORVEL_API kit_face* kit_face_fallback(const kit_face* first, const kit_face* second);
 
-/** Releases what kit_face_open(), _read() or _fallback() returned. */
+/** Releases what kit_face_open(), _read() or _fallback() returned; @p face is taken. */
 ORVEL_API void kit_face_close(kit_face* face);
 
-ORVEL_API int kit_face_ascent(const kit_face* face);  /**< rows above the baseline's */
-ORVEL_API int kit_face_descent(const kit_face* face); /**< the baseline's row and those below */
-ORVEL_API int kit_face_line(const kit_face* face);    /**< from one baseline to the next */
-ORVEL_API int kit_face_cap(const kit_face* face);     /**< the height of a capital letter */
+ORVEL_API int kit_face_ascent(const kit_face* face);  /**< in pixels: rows above the baseline's */
+ORVEL_API int kit_face_descent(const kit_face* face); /**< in pixels: its row and those below */
+ORVEL_API int kit_face_line(const kit_face* face);    /**< in pixels: one baseline to the next */
+ORVEL_API int kit_face_cap(const kit_face* face);     /**< in pixels: the height of a capital */
 
-/** 1 when the face, or one behind it, has the character @p code, else 0. */
+/** @return 1 when the face, or one behind it, has the character, @p code is its number; else 0. */
 ORVEL_API int kit_face_has(const kit_face* face, unsigned int code);
 
 /* ---- Words ---- */
@@ -270,7 +316,8 @@ ORVEL_API int kit_text_width(const kit_face* face, const char* text);
  * Draws one line that starts at x and whose letters stand on the row @p baseline: the lowest row of
  * a letter without a descender is the one above it.
  *
- * @return the x at which the line ends, or would end on a null canvas.
+ * @param canvas  borrowed; may be null.
+ * @return the x at which the line ends, in pixels, or would end on a null canvas.
  */
 ORVEL_API int kit_text_draw(orvel_canvas* canvas, const kit_face* face, const char* text, int x,
                             int baseline, orvel_color color);
@@ -290,14 +337,14 @@ ORVEL_API int kit_text_box(orvel_canvas* canvas, const kit_face* face, const cha
  * before a digit), at every newline, and inside a word only where the word alone is wider than the
  * box. Lines that do not fit whole are left out, and the last one shown then ends in an ellipsis.
  *
- * @return the lines that the whole paragraph takes, 0 for an empty text; also for a null canvas,
- *         where nothing is drawn.
+ * @param canvas  borrowed; may be null, where nothing is drawn.
+ * @return the number of lines that the whole paragraph takes, 0 for an empty text.
  */
 ORVEL_API int kit_text_wrap(orvel_canvas* canvas, const kit_face* face, const char* text,
                             kit_box box, kit_align align, orvel_color color);
 
-/** The width in pixels of the first @p offset bytes of a line, the place of a caret there. An
- * offset inside a character counts as the one before it; one past the end as the end. */
+/** The width in pixels of a line up to a caret; @p offset is where, in bytes. An offset inside a
+ * character counts as the one before it; one past the end as the end. */
 ORVEL_API int kit_text_x(const kit_face* face, const char* text, int offset);
 
 /** The offset in bytes of the place between two characters of a line that is nearest to x: of two
@@ -334,10 +381,10 @@ typedef struct kit_widget {
     unsigned state KIT_ZERO;       /**< of kit_state */
     int amount KIT_ZERO;   /**< of steppers and badges; the selected item of tabs and menus */
     double value KIT_ZERO; /**< the fraction of sliders, progress bars, spinners and ratings */
-    const double* data KIT_ZERO; /**< the values of bars, 0 to 1 */
+    const double* data KIT_ZERO; /**< the values of bars, 0 to 1, @p count of them */
     int count KIT_ZERO;          /**< how many values */
     int caret KIT_ZERO;  /**< of a text field with focus: the offset of the caret, in bytes */
-    int anchor KIT_ZERO; /**< the other end of its selection */
+    int anchor KIT_ZERO; /**< the other end of its selection, in bytes */
     const void* reserved[4] KIT_ZERO;
 } kit_widget;
 
@@ -357,8 +404,9 @@ ORVEL_API int kit_draw(orvel_canvas* canvas, const orvel_theme* theme, const kit
 /**
  * The size that a widget wants with its words, face and value: sides that its box gives stay. The
  * size of an image is that of what shows of it, up to 4096 pixels to a side; finding it reads and
- * draws the file. @p w and @p h may be null.
+ * draws the file.
  *
+ * @param w, h  written, in pixels; may be null.
  * @return 0; -1 for null, an unknown kind and where memory runs out, which want 0 x 0.
  */
 ORVEL_API int kit_size(const kit_widget* widget, int* w, int* h);
@@ -384,10 +432,10 @@ typedef enum kit_chart_parts {
 
 /** One row of values. */
 typedef struct kit_series {
-    const double* values KIT_ZERO; /**< NaN is a missing one; infinities count as missing */
+    const double* values KIT_ZERO; /**< @p count of them; NaN or infinite is a missing one */
     int count KIT_ZERO;            /**< how many values */
     orvel_color color KIT_ZERO;    /**< alpha 0: the theme's accent, then others by number */
-    const char* name KIT_ZERO;     /**< for the legend */
+    const char* name KIT_ZERO;     /**< for the legend; may be null */
     const void* reserved[2] KIT_ZERO;
 } kit_series;
 
@@ -395,13 +443,13 @@ typedef struct kit_series {
 typedef struct kit_chart {
     int kind KIT_ZERO;    /**< a kit_chart_kind */
     kit_box box KIT_ZERO; /**< nothing is painted outside; the ground is left as it is */
-    const kit_series* series KIT_ZERO; /**< borrowed for the call */
+    const kit_series* series KIT_ZERO; /**< @p count of them */
     int count KIT_ZERO;                /**< how many series, 32 at most */
-    double low KIT_ZERO;       /**< the range; found from the values, with zero for areas, bars */
-    double high KIT_ZERO;      /**<   and gauges, when the two are equal */
+    double low KIT_ZERO;       /**< the range, a number; found from the values, with zero for */
+    double high KIT_ZERO;      /**<   areas, bars and gauges, when it is the same number */
     unsigned parts KIT_ZERO;   /**< of kit_chart_parts */
-    int decimals KIT_ZERO;     /**< of the labels and the gauge's number; the ticks may need more */
-    const char* unit KIT_ZERO; /**< written behind those numbers, " kW" for instance */
+    int decimals KIT_ZERO;     /**< the number of digits of labels and gauge; ticks may need more */
+    const char* unit KIT_ZERO; /**< put behind those numbers, " kW" for instance */
     const char* labels KIT_ZERO;   /**< of the places from left to right, joined with "|" */
     const kit_face* face KIT_ZERO; /**< of all its words */
     const void* reserved[4] KIT_ZERO;

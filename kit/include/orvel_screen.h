@@ -12,6 +12,12 @@
  *  - Borrowed. A text that a call returns is the screen's, until the next call with that screen.
  *  - Only integers are computed with, so the bytes are the same everywhere.
  *  - No state: no window, no clock, no thread. One thread at a time for each screen.
+ *  - Arguments of one name mean one thing, unless a function says otherwise:
+ *     - screen, path, bytes, json, id, key, parent, host: borrowed; null is refused.
+ *     - name: borrowed; may be null.
+ *     - length: in bytes.
+ *     - at: a number.
+ *     - result: 0; -1 with the reason.
  *  - Nothing is trusted: 10,000 nodes, 16 MiB, includes 8 deep are the most, sides of 32767 pixels,
  *    nodes that cover 1024 million pixels together.
  */
@@ -35,8 +41,11 @@ typedef struct kit_screen kit_screen;
 
 /**
  * What a screen asks its host for by name, each by a function that gets @p self and returns null
- * for a name that it does not know; a null function knows none. What they return is borrowed until
- * the screen is closed. They must not call the screen.
+ * for a name that it does not know; a null function knows none. They must not call the screen.
+ *  - self, picture, theme, face, include: kept until the screen is closed; may be null.
+ *  - name: borrowed; never null.
+ *  - result: kept until the screen is closed, or null.
+ *  - length: written, in bytes; never null.
  */
 typedef struct kit_screen_host {
     void* self KIT_ZERO;
@@ -46,8 +55,12 @@ typedef struct kit_screen_host {
     const orvel_theme* (*theme)(void* self, const char* name)KIT_ZERO;
     /** A face, beside those of kit_face_named(). */
     const kit_face* (*face)(void* self, const char* name)KIT_ZERO;
-    /** The text of a scene file for "include", its bytes to @p length; it is not kept. Null: files
-     *  beside the scene's own, and for kit_screen_read() none. */
+    /**
+     * The text of a scene file for "include", its bytes to @p length. Where no function is given:
+     * files beside the scene's own, and for kit_screen_read() none.
+     *
+     * @return borrowed; null when there is none.
+     */
     const char* (*include)(void* self, const char* name, size_t* length)KIT_ZERO;
     const void* reserved[4] KIT_ZERO;
 } kit_screen_host;
@@ -58,26 +71,34 @@ typedef struct kit_screen_host {
  * Opens a scene file. Includes are files in its folder or below; links and FIFOs are followed and
  * not waited for.
  *
- * @param data  the data that the screen shows, a JSON object; null for the file's "sample".
- * @param host  is copied; may be null.
+ * @param data  the data that the screen shows, a JSON object; borrowed; may be null, which is the
+ *              file's "sample".
+ * @param host  borrowed; may be null; what it holds is kept until the screen is closed.
  * @return the caller's, for kit_screen_close(); null, and the reason, when it is refused.
  */
 ORVEL_API kit_screen* kit_screen_open(const char* path, const char* data,
                                       const kit_screen_host* host, char* why, size_t size);
 
-/** As kit_screen_open(), from @p length bytes of memory, which are not needed afterwards; reasons
- *  begin with @p name, "scene" when that is null. Includes come from the host. */
+/**
+ * As kit_screen_open(), from memory. Includes come from the host.
+ *
+ * @param bytes  borrowed, @p length of them; null is refused.
+ * @param name   with which reasons begin; borrowed; may be null, which is "scene".
+ * @param data   borrowed; may be null, which is the "sample".
+ * @param host   borrowed; may be null; what it holds is kept until the screen is closed.
+ * @return the caller's, for kit_screen_close(); null, and the reason, when it is refused.
+ */
 ORVEL_API kit_screen* kit_screen_read(const void* bytes, size_t length, const char* name,
                                       const char* data, const kit_screen_host* host, char* why,
                                       size_t size);
 
-/** Releases a screen. */
+/** Releases a screen; @p screen is taken. */
 ORVEL_API void kit_screen_close(kit_screen* screen);
 
 /* ---- Size ---- */
 
 /** The size that the screen has: its file's "size", what kit_screen_resize() said, or what its root
- *  wants. 0 for null. @p w and @p h may be null. */
+ *  wants. 0 for null. @p w and @p h are written, in pixels, and may be null. */
 ORVEL_API void kit_screen_size(const kit_screen* screen, int* w, int* h);
 
 /** Lays the screen out anew for this size: 1 to 32767 pixels each. */
@@ -93,7 +114,7 @@ ORVEL_API int kit_screen_resize(kit_screen* screen, int w, int h, char* why, siz
 ORVEL_API int kit_screen_set(kit_screen* screen, const char* name, const char* json, char* why,
                              size_t size);
 
-/** The value @p name as JSON, borrowed; null where there is none. */
+/** @return the value @p name as JSON, borrowed until the next call; null where there is none. */
 ORVEL_API const char* kit_screen_get(kit_screen* screen, const char* name);
 
 /* ---- The tree by calls ---- */
@@ -111,8 +132,13 @@ ORVEL_API int kit_screen_add(kit_screen* screen, const char* parent, int at, con
 /** Removes the node @p id, with all below it, from the row, column or stack that it is in. */
 ORVEL_API int kit_screen_remove(kit_screen* screen, const char* id, char* why, size_t size);
 
-/** Sets the key @p key ("text", "width", ...) of the node @p id; with null as @p json removes it. A
- *  null @p id stands for the scene itself, whose "theme" and "face" can be set. */
+/**
+ * Sets the key @p key ("text", "width", ...) of a node.
+ *
+ * @param id    borrowed; may be null, which is the scene itself, whose "theme" and "face" can be
+ * set.
+ * @param json  borrowed; may be null, which removes the key.
+ */
 ORVEL_API int kit_screen_change(kit_screen* screen, const char* id, const char* key,
                                 const char* json, char* why, size_t size);
 
@@ -122,13 +148,13 @@ ORVEL_API int kit_screen_change(kit_screen* screen, const char* id, const char* 
  * Draws what changed since the last time: on the first call everything. The canvas must show what
  * was last drawn; kit_screen_expose() says where it does not.
  *
- * @param dirty  gets the smallest rectangle that holds all that was drawn, empty when nothing had
- *               to be; may be null. Outside it no pixel changes.
+ * @param dirty  written: the smallest rectangle that holds all that was drawn, empty when nothing
+ *               had to be; may be null. Outside it no pixel changes.
  * @return 0; -1 for null, and where memory runs out, where the next call draws it again.
  */
 ORVEL_API int kit_screen_draw(kit_screen* screen, orvel_canvas* canvas, kit_box* dirty);
 
-/** Has the next kit_screen_draw() draw this box, too; everything when @p box is null. */
+/** Has the next kit_screen_draw() draw a box, too; @p box may be null, which is everything. */
 ORVEL_API void kit_screen_expose(kit_screen* screen, const kit_box* box);
 
 /* ---- What is there ---- */
@@ -143,7 +169,7 @@ ORVEL_API void kit_screen_expose(kit_screen* screen, const kit_box* box);
  *       icon "home" 20,8 28x28
  *       slider =21 focus #target 20,60 228x14
  *
- * @return borrowed; null for null and where memory runs out.
+ * @return borrowed until the next call; null for null and where memory runs out.
  */
 ORVEL_API const char* kit_screen_describe(kit_screen* screen);
 
@@ -156,12 +182,18 @@ ORVEL_API const char* kit_screen_describe(kit_screen* screen);
  *  - target: a control with a side below 24 pixels (WCAG 2.2, 2.5.8);
  *  - unknown: a picture or an icon that there is not.
  *
- * @return borrowed, empty when there is nothing; null for null and where memory runs out.
+ * @return borrowed until the next call, empty when there is nothing; null for null and where memory
+ * runs out.
  */
 ORVEL_API const char* kit_screen_report(kit_screen* screen);
 
-/** The box of the first node with this id ("target", in a repetition "day[2]"), as it lies on the
- *  screen, cut to what shows of it. -1 where there is none, or nothing of it shows. */
+/**
+ * The box of the first node with this id ("target", in a repetition "day[2]"), as it lies on the
+ * screen, cut to what shows of it.
+ *
+ * @param box  written; null is refused.
+ * @return 0; -1 where there is none, or nothing of it shows.
+ */
 ORVEL_API int kit_screen_box(const kit_screen* screen, const char* id, kit_box* box);
 
 #ifdef __cplusplus

@@ -1,11 +1,11 @@
 """The interfaces of OrvelSDK in C, for ctypes.
 
-Made by scripts/describe from bindings/orvel_api.json: edit the headers and run it. Texts are bytes.
-Every record is a Structure with the names of C; what only the library sees into, an object, is a
+Made by scripts/describe from bindings/orvel_api.json: edit the headers, and run it. Texts are
+bytes. Records are Structures with the names of C; what only the library sees into, an object, is a
 Structure without fields, handled by its POINTER alone. None is null.
 """
-from ctypes import (CFUNCTYPE, POINTER, Structure, c_char, c_char_p, c_double, c_int, c_size_t,
-                    c_ubyte, c_uint, c_void_p)
+from ctypes import (CFUNCTYPE, POINTER, Structure, c_char, c_char_p, c_double, c_int,
+                    c_size_t, c_ubyte, c_uint, c_void_p)
 
 from ._load import load
 
@@ -95,7 +95,9 @@ _OrvelSDK = load("OrvelSDK")
 orvel_init = _function(
     _OrvelSDK, "orvel_init", c_int, [],
     """Marks the library as initialised and, unless it already was, writes
-"[OrvelSDK] inizializzato (v0.1.0)" to the standard error stream. Always returns 0.""")
+"[OrvelSDK] inizializzato (v0.1.0)" to the standard error stream. Always returns 0.
+
+Returns: 0; never -1.""")
 orvel_version = _function(
     _OrvelSDK, "orvel_version", c_char_p, [],
     """The version of the library, "0.1.0". A static string: never null, never freed.""")
@@ -113,20 +115,26 @@ where that is unset or empty, under the current working directory.
 A resource name without a dot stands for the first file that opens among name.wav, .mp3, .bmp,
 .json, .m4a, .aiff and .png; a name with a dot is used as it is.
 
-@return 0, or -1 when path is null, which leaves the old root in force.""")
+Raises std::bad_alloc.
+
+Returns: 0, or -1 when path is null, which leaves the old root in force.
+Where it raises, the process ends: call kit_resource_path().""")
 orvel_canvas_create = _function(
     _OrvelSDK, "orvel_canvas_create", POINTER(orvel_canvas), [c_int, c_int],
     """Makes a canvas of width x height pixels, all opaque black. Null when a side is below 1 or
-the record cannot be allocated; raises std::bad_alloc when the pixels cannot.""")
+the record cannot be allocated; raises std::bad_alloc when the pixels cannot.
+
+Returns: the caller's, for orvel_canvas_destroy(), or null.
+Where it raises, the process ends: call kit_canvas().""")
 orvel_canvas_destroy = _function(
     _OrvelSDK, "orvel_canvas_destroy", None, [POINTER(orvel_canvas)],
-    """Releases a canvas. No widget made for it may be drawn afterwards.""")
+    """Releases a canvas, canvas is taken. No widget made for it may be drawn afterwards.""")
 orvel_canvas_width = _function(
     _OrvelSDK, "orvel_canvas_width", c_int, [POINTER(orvel_canvas)],
-    """""")
+    """in pixels; 0 for null""")
 orvel_canvas_height = _function(
     _OrvelSDK, "orvel_canvas_height", c_int, [POINTER(orvel_canvas)],
-    """""")
+    """in pixels; 0 for null""")
 orvel_canvas_clear = _function(
     _OrvelSDK, "orvel_canvas_clear", None, [POINTER(orvel_canvas), orvel_color],
     """Sets every pixel to color.""")
@@ -172,14 +180,19 @@ exact while no coordinate lies further than 16384 from zero and no side of the c
 Beyond, every pixel of the visible rows is looked at.""")
 orvel_canvas_save_bmp = _function(
     _OrvelSDK, "orvel_canvas_save_bmp", c_int, [POINTER(orvel_canvas), c_char_p],
-    """Writes the canvas to the file path as a 24-bit BMP, bottom row first, without alpha.
+    """Writes the canvas to the file path as a 24-bit BMP, bottom row first, without alpha. Raises
+std::bad_alloc.
 
-@return 0 once the file was opened: what happens to the writes after that is not looked at. -1
-        for null arguments and when the file cannot be opened for writing.""")
+Returns: 0 once the file was opened: what happens to the writes after that is not looked at. -1
+    for null arguments and when the file cannot be opened for writing.
+Where it raises, the process ends: call kit_save_bmp().""")
 orvel_canvas_save_bmp_rgba = _function(
     _OrvelSDK, "orvel_canvas_save_bmp_rgba", c_int, [POINTER(orvel_canvas), c_char_p],
     """Writes the canvas as a 32-bit BMP with alpha. Its compression field holds 255, which many readers
-refuse; orvel_icon_draw_bitmap() reads it. Results as for orvel_canvas_save_bmp().""")
+refuse; orvel_icon_draw_bitmap() reads it. Raises std::bad_alloc.
+
+Returns: 0 or -1, as for orvel_canvas_save_bmp().
+Where it raises, the process ends: call kit_save_bmp_rgba().""")
 orvel_text_width = _function(
     _OrvelSDK, "orvel_text_width", c_int, [c_char_p],
     """The width of text in pixels: 6 a byte, less the last gap; 0 for null or empty. Every byte
@@ -197,11 +210,11 @@ orvel_icon_list = _function(
     _OrvelSDK, "orvel_icon_list", POINTER(c_char_p), [POINTER(c_int)],
     """The names of the 68 built-in icons, in their fixed order.
 
-@param count  receives 68; may be null.
-@return the library's own table, which lives as long as the library; do not write to it.""")
+count: written: a number, 68; may be null.
+Returns: the library's own table, count of them; static, never null; do not write to it.""")
 orvel_icon_exists = _function(
     _OrvelSDK, "orvel_icon_exists", c_int, [c_char_p],
-    """1 when name is exactly one of the 68 names, else 0.""")
+    """Returns: 1 when name is exactly one of the 68 names, else 0.""")
 orvel_draw_icon = _function(
     _OrvelSDK, "orvel_draw_icon", c_int, [POINTER(orvel_canvas), c_char_p, c_int, c_int, c_int,
                                           orvel_color],
@@ -209,13 +222,15 @@ orvel_draw_icon = _function(
 cut-outs take the colour of the canvas at (x, y), or opaque black where that is transparent or
 outside.
 
-@return 0; -1 for null arguments or a size below 1, which draw nothing, and for an unknown name,
-        which draws a one-pixel frame of the square.""")
+Returns: 0; -1 for null arguments or a size below 1, which draw nothing, and for an unknown
+    name, which draws a one-pixel frame of the square.""")
 orvel_draw_icon_ex = _function(
     _OrvelSDK, "orvel_draw_icon_ex", c_int, [POINTER(orvel_canvas), c_char_p, c_int, c_int, c_int,
                                              orvel_color, orvel_color, orvel_color],
     """As orvel_draw_icon(), with the colours of the design's details (accent) and of its cut-outs
-(background) given.""")
+(background) given.
+
+Returns: 0 or -1, as for orvel_draw_icon().""")
 orvel_icon_draw_bitmap = _function(
     _OrvelSDK, "orvel_icon_draw_bitmap", c_int, [POINTER(orvel_canvas), c_char_p, c_int, c_int],
     """Draws the BMP file name of the resource folder "Icons" at its own size, its top left corner at
@@ -227,38 +242,44 @@ that ends early, or of which a read fails, shows the rows before that.
 
 A width whose row, rounded up to 4 bytes, is negative as a 32-bit number raises
 std::length_error: -2, for example, or 0x20000000 at 32 bits. A C host that draws files of
-strangers looks at the four bytes at offset 18 first.
+strangers looks at the four bytes at offset 18 first. Raises std::bad_alloc, too.
 
-@return 0 when the file was accepted; -1 for null arguments, a file that cannot be opened, a
-header shorter than 54 bytes or without "BM", and any other depth.""")
+Returns: 0 when the file was accepted; -1 for null arguments, a file that cannot be opened, a
+    header shorter than 54 bytes or without "BM", and any other depth.
+Where it raises, the process ends: call kit_bitmap().""")
 orvel_theme_default = _function(
     _OrvelSDK, "orvel_theme_default", None, [POINTER(orvel_theme)],
-    """""")
+    """The dark theme, all nine fields; theme is written.""")
 orvel_theme_light = _function(
     _OrvelSDK, "orvel_theme_light", None, [POINTER(orvel_theme)],
-    """""")
+    """The light theme, all nine fields; theme is written.""")
 orvel_theme_load = _function(
     _OrvelSDK, "orvel_theme_load", c_int, [POINTER(orvel_theme), c_char_p],
-    """Reads the theme file name of the resource folder "UI" over theme. For each of the nine keys
-in double quotes, the next quoted text after the next colon is its colour, "#rrggbb". A key that
-is missing or whose value is empty keeps its field, so fill the record first. A value of fewer
-than six characters after the '#' is white; a bad digit counts as 0; alpha becomes 255. The whole
-file is read into memory, whatever its size; when memory runs out, the record stays as it was. A
-read that fails counts as the end of the file.
+    """Reads the theme file name of the resource folder "UI"; theme is changed. For each of the
+nine keys in double quotes, the next quoted text after the next colon is its colour, "#rrggbb". A
+key that is missing or whose value is empty keeps its field, so fill the record first. A value of
+fewer than six characters after the '#' is white; a bad digit counts as 0; alpha becomes 255. The
+whole file is read into memory, whatever its size; when memory runs out, the record stays as it
+was. A read that fails counts as the end of the file. Raises std::bad_alloc.
 
-@return 0 when the file was opened, whatever it held; -1 for null arguments or when it cannot be.""")
+Returns: 0 when the file was opened, whatever it held; -1 for null arguments or when it cannot
+    be.
+Where it raises, the process ends: call kit_theme_load().""")
 orvel_theme_save = _function(
     _OrvelSDK, "orvel_theme_save", c_int, [POINTER(orvel_theme), c_char_p],
     """Writes theme to the file name of the resource folder "UI", 264 bytes, without alpha. A name
 without a dot overwrites the file that loading it would find; if there is none, the file gets
-exactly that name. No folder is made.
+exactly that name. No folder is made. Raises std::bad_alloc.
 
-@return 0 once the file was opened; -1 for null arguments or when it cannot be.""")
+Returns: 0 once the file was opened; -1 for null arguments or when it cannot be.
+Where it raises, the process ends: call kit_theme_save().""")
 orvel_widget_window = _function(
     _OrvelSDK, "orvel_widget_window", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                               POINTER(orvel_theme), c_char_p,
                                                               c_int, c_int, c_int, c_int],
-    """A framed surface with a band for its title along the top, 12 pixels high.""")
+    """A framed surface with a band for its title along the top, 12 pixels high.
+
+Where it raises, the process ends.""")
 orvel_widget_panel = _function(
     _OrvelSDK, "orvel_widget_panel", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                              POINTER(orvel_theme), c_int, c_int,
@@ -268,12 +289,16 @@ orvel_widget_label = _function(
     _OrvelSDK, "orvel_widget_label", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                              POINTER(orvel_theme), c_char_p, c_int,
                                                              c_int],
-    """tw x 7: text in the text colour, without a ground.""")
+    """tw x 7: text in the text colour, without a ground.
+
+Where it raises, the process ends.""")
 orvel_widget_button = _function(
     _OrvelSDK, "orvel_widget_button", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                               POINTER(orvel_theme), c_char_p,
                                                               c_int, c_int, c_int, c_int],
-    """Reacts to hover.""")
+    """Reacts to hover.
+
+Where it raises, the process ends.""")
 orvel_widget_toggle = _function(
     _OrvelSDK, "orvel_widget_toggle", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                               POINTER(orvel_theme), c_int, c_int,
@@ -283,7 +308,9 @@ orvel_widget_checkbox = _function(
     _OrvelSDK, "orvel_widget_checkbox", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                                 POINTER(orvel_theme), c_char_p,
                                                                 c_int, c_int, c_int],
-    """tw + 13 x 9: a box and a caption beside it. Shows whether it is active.""")
+    """tw + 13 x 9: a box and a caption beside it. Shows whether it is active.
+
+Where it raises, the process ends.""")
 orvel_widget_slider = _function(
     _OrvelSDK, "orvel_widget_slider", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                               POINTER(orvel_theme), c_int, c_int,
@@ -298,17 +325,23 @@ orvel_widget_textbox = _function(
     _OrvelSDK, "orvel_widget_textbox", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                                POINTER(orvel_theme), c_char_p,
                                                                c_int, c_int, c_int, c_int],
-    """Reacts to hover.""")
+    """Reacts to hover.
+
+Where it raises, the process ends.""")
 orvel_widget_icon = _function(
     _OrvelSDK, "orvel_widget_icon", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                             POINTER(orvel_theme), c_char_p, c_int,
                                                             c_int, c_int],
-    """name is one of the built-in icons.""")
+    """name is one of the built-in icons.
+
+Where it raises, the process ends.""")
 orvel_widget_image = _function(
     _OrvelSDK, "orvel_widget_image", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                              POINTER(orvel_theme), c_char_p, c_int,
                                                              c_int],
-    """name is a bitmap of the resource folder "Icons", drawn at its own size.""")
+    """name is a bitmap of the resource folder "Icons", drawn at its own size.
+
+Where it raises, the process ends.""")
 orvel_widget_separator = _function(
     _OrvelSDK, "orvel_widget_separator", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                                  POINTER(orvel_theme), c_int,
@@ -323,12 +356,16 @@ orvel_widget_radio = _function(
     _OrvelSDK, "orvel_widget_radio", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                              POINTER(orvel_theme), c_char_p, c_int,
                                                              c_int, c_int],
-    """tw + 13 x 9: a circle and a caption beside it. Shows whether it is active.""")
+    """tw + 13 x 9: a circle and a caption beside it. Shows whether it is active.
+
+Where it raises, the process ends.""")
 orvel_widget_dropdown = _function(
     _OrvelSDK, "orvel_widget_dropdown", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                                 POINTER(orvel_theme), c_char_p,
                                                                 c_int, c_int, c_int, c_int, c_int],
-    """An open dropdown differs by its frame; its list is the host's to draw.""")
+    """An open dropdown differs by its frame; its list is the host's to draw.
+
+Where it raises, the process ends.""")
 orvel_widget_spinner = _function(
     _OrvelSDK, "orvel_widget_spinner", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                                POINTER(orvel_theme), c_int, c_int,
@@ -343,17 +380,21 @@ orvel_widget_stepper = _function(
     _OrvelSDK, "orvel_widget_stepper", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                                POINTER(orvel_theme), c_int, c_int,
                                                                c_int, c_int, c_int],
-    """A number between a minus and a plus, each in a square of the height.""")
+    """value is a number, between a minus and a plus, each in a square of the height.""")
 orvel_widget_tabs = _function(
     _OrvelSDK, "orvel_widget_tabs", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                             POINTER(orvel_theme), c_char_p, c_int,
                                                             c_int, c_int, c_int, c_int],
-    """items are the captions, joined with "|"; selected counts from 0.""")
+    """items are the captions, joined with "|"; selected is the number of one, from 0.
+
+Where it raises, the process ends.""")
 orvel_widget_avatar = _function(
     _OrvelSDK, "orvel_widget_avatar", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                               POINTER(orvel_theme), c_char_p,
                                                               c_int, c_int, c_int],
-    """A disc and its outline, size + 1 pixels across for an even size. Null initials are "?".""")
+    """A disc and its outline, size + 1 pixels across for an even size. Null initials are "?".
+
+Where it raises, the process ends.""")
 orvel_widget_badge = _function(
     _OrvelSDK, "orvel_widget_badge", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                              POINTER(orvel_theme), c_int, c_int,
@@ -363,18 +404,24 @@ orvel_widget_titlebar = _function(
     _OrvelSDK, "orvel_widget_titlebar", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                                 POINTER(orvel_theme), c_char_p,
                                                                 c_int, c_int, c_int, c_int],
-    """A title and three dots at the right end, whose colours no theme changes.""")
+    """A title and three dots at the right end, whose colours no theme changes.
+
+Where it raises, the process ends.""")
 orvel_widget_list_item = _function(
     _OrvelSDK, "orvel_widget_list_item", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                                  POINTER(orvel_theme), c_char_p,
                                                                  c_char_p, c_int, c_int, c_int,
                                                                  c_int, c_int],
-    """icon is one of the built-in icons; null or empty for none.""")
+    """icon is one of the built-in icons; null or empty for none.
+
+Where it raises, the process ends.""")
 orvel_widget_menu = _function(
     _OrvelSDK, "orvel_widget_menu", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                             POINTER(orvel_theme), c_char_p, c_int,
                                                             c_int, c_int, c_int, c_int],
-    """Items side by side, joined with "|"; selected counts from 0.""")
+    """Items side by side, joined with "|"; selected is the number of one, from 0.
+
+Where it raises, the process ends.""")
 orvel_widget_bars = _function(
     _OrvelSDK, "orvel_widget_bars", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                             POINTER(orvel_theme), c_int, c_int,
@@ -384,59 +431,75 @@ orvel_widget_search = _function(
     _OrvelSDK, "orvel_widget_search", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                               POINTER(orvel_theme), c_char_p,
                                                               c_int, c_int, c_int, c_int],
-    """A text field with a magnifier. Shows whether it is active.""")
+    """A text field with a magnifier. Shows whether it is active.
+
+Where it raises, the process ends.""")
 orvel_widget_tooltip = _function(
     _OrvelSDK, "orvel_widget_tooltip", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                                POINTER(orvel_theme), c_char_p,
                                                                c_int, c_int],
-    """tw + 8 x 12: a bubble, with a pointer below it that has a row more.""")
+    """tw + 8 x 12: a bubble, with a pointer below it that has a row more.
+
+Where it raises, the process ends.""")
 orvel_widget_statusbar = _function(
     _OrvelSDK, "orvel_widget_statusbar", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                                  POINTER(orvel_theme), c_char_p,
                                                                  c_int, c_int, c_int, c_int],
-    """A line of text under a rule from x to x + w, both ends included.""")
+    """A line of text under a rule from x to x + w, both ends included.
+
+Where it raises, the process ends.""")
 orvel_widget_destroy = _function(
     _OrvelSDK, "orvel_widget_destroy", None, [POINTER(orvel_widget)],
-    """Releases a widget and its copies; not its canvas or theme.""")
+    """Releases a widget and its copies, widget is taken; not its canvas or theme.""")
 orvel_widget_set_hover = _function(
     _OrvelSDK, "orvel_widget_set_hover", None, [POINTER(orvel_widget), c_int],
-    """The pointer is over the widget: button, slider, textbox.""")
+    """The pointer is over the widget. Shown by button, slider, textbox.""")
 orvel_widget_set_active = _function(
     _OrvelSDK, "orvel_widget_set_active", None, [POINTER(orvel_widget), c_int],
-    """On, checked, selected, open or focused: toggle, checkbox, radio, dropdown, search, list item.""")
+    """On, checked, selected, open or focused. Shown by toggle, checkbox, radio, dropdown, search, list
+item.""")
 orvel_widget_set_value = _function(
     _OrvelSDK, "orvel_widget_set_value", None, [POINTER(orvel_widget), c_double],
-    """A fraction, clamped to [0, 1], NaN kept: slider, progress, spinner, rating.""")
+    """Clamped to [0, 1], NaN kept. Shown by slider, progress, spinner, rating.""")
 orvel_widget_set_amount = _function(
     _OrvelSDK, "orvel_widget_set_amount", None, [POINTER(orvel_widget), c_int],
-    """A number, not clamped: stepper, badge; the selected index of tabs and menu, none if out of
-range.""")
+    """Not clamped; of tabs and menu the selected index, none if out of range. Shown by stepper, badge,
+tabs, menu.""")
 orvel_widget_set_data = _function(
     _OrvelSDK, "orvel_widget_set_data", None, [POINTER(orvel_widget), POINTER(c_double), c_int],
     """Replaces the values of a bar chart by a copy of count values, drawn clamped to [0, 1]. A count
 of 0 empties the list. Null values or a negative count do nothing. All or nothing: when memory
-runs out, the old values stay.""")
+runs out, it raises std::bad_alloc, and the old values stay. Shown by bars.
+
+Where it raises, the process ends.""")
 orvel_widget_draw = _function(
     _OrvelSDK, "orvel_widget_draw", None, [POINTER(orvel_widget)],
-    """Draws the widget on its canvas in the colours of its theme. Never changes the widget.""")
+    """Draws the widget on its canvas in the colours of its theme. Never changes the widget. Raises
+std::bad_alloc; an image raises std::length_error as orvel_icon_draw_bitmap() does.
+
+Where it raises, the process ends.""")
 orvel_play_sound = _function(
     _OrvelSDK, "orvel_play_sound", c_int, [c_char_p],
     """Plays the file name of the resource folder "Sounds" once, without waiting. Writes
 "[OrvelSDK] suono: PATH" or "[OrvelSDK] suono non trovato: PATH" to the standard error stream.
-It cannot be stopped; on Linux it is heard to its end even when the host has exited.
+It cannot be stopped; on Linux it is heard to its end even when the host has exited. Raises
+std::bad_alloc.
 
-@return 0 when the system took the sound; -1 for null, a file that does not open, or a file that
-        the system refuses. On Linux also for what is no regular file, when a library is not
-        installed, when the server refuses or does not answer, and always in a child process
-        forked after a first sound.""")
+Returns: 0 when the system took the sound; -1 for null, a file that does not open, or a file
+    that the system refuses. On Linux also for what is no regular file, when a library is not
+    installed, when the server refuses or does not answer, and always in a child process forked
+    after a first sound.
+Where it raises, the process ends: call kit_play_sound().""")
 orvel_play_music = _function(
     _OrvelSDK, "orvel_play_music", c_int, [c_char_p],
     """Stops the music, then plays the file name of the resource folder "Music" once in a player
 process. Writes "[OrvelSDK] musica: PATH" or "[OrvelSDK] musica non trovata: PATH" to the
-standard error stream. The old music stops even when the new file is missing.
+standard error stream. The old music stops even when the new file is missing. Raises
+std::bad_alloc.
 
-@return 0 when the player process was started, whether or not it can play the file; -1 for null
-        (the music goes on), a file that does not open, or when no process can be started.""")
+Returns: 0 when the player process was started, whether or not it can play the file; -1 for
+    null (the music goes on), a file that does not open, or when no process can be started.
+Where it raises, the process ends: call kit_play_music().""")
 orvel_stop_music = _function(
     _OrvelSDK, "orvel_stop_music", None, [],
     """Ends the music: a player that still runs gets SIGTERM and is waited for, to the end of the track
@@ -452,12 +515,13 @@ error stream. Keep durations below 97392 ms: from there the 32-bit sample count 
 A file that cannot be written is not reported; the player then plays whatever lies at that path.
 A library that was built without a platform, which has no player, writes none.
 Nothing is written to a link, a FIFO, a file with a second name or a file of another user. NaN
-and infinite frequencies are silence.
+and infinite frequencies are silence. Raises std::bad_alloc.
 
-@param frequency_hz  above 0.
-@param duration_ms   at least 1.
-@return 0 when the player process was started; -1 for arguments out of range or when no process
-        can be started.""")
+frequency_hz: in hertz, above 0.
+duration_ms: in milliseconds, at least 1.
+Returns: 0 when the player process was started; -1 for arguments out of range or when no
+    process can be started.
+Where it raises, the process ends: call kit_play_tone().""")
 
 
 class kit_face(Structure):
@@ -482,11 +546,11 @@ class kit_format(Structure):
 
     layout: a kit_layout
     dither: a kit_dither; the layouts of four bytes need none
-    turns: quarter turns clockwise, or back when negative
-    colors: of the palette, 1 to 16
-    palette: the panel's colours as they look, without alpha
-    plane: the colour that KIT_PLANE marks, counted from 0
-    keep_alpha: 0: the four-byte layouts get alpha 255; 1: what is stored"""
+    turns: a number of quarters clockwise, back when negative
+    colors: the number of the palette's, 1 to 16
+    palette: the panel's, without alpha, colors of them
+    plane: the number of the colour that KIT_PLANE marks, from 0
+    keep_alpha: 0 or 1: the four-byte layouts get alpha 255, or what is stored"""
     _fields_ = [("layout", c_int),
                 ("dither", c_int),
                 ("turns", c_int),
@@ -511,10 +575,10 @@ class kit_widget(Structure):
     state: of kit_state
     amount: of steppers and badges; the selected item of tabs and menus
     value: the fraction of sliders, progress bars, spinners and ratings
-    data: the values of bars, 0 to 1
+    data: the values of bars, 0 to 1, count of them
     count: how many values
     caret: of a text field with focus: the offset of the caret, in bytes
-    anchor: the other end of its selection"""
+    anchor: the other end of its selection, in bytes"""
     _fields_ = [("kind", c_int),
                 ("box", kit_box),
                 ("text", c_char_p),
@@ -534,10 +598,10 @@ class kit_widget(Structure):
 class kit_series(Structure):
     """One row of values.
 
-    values: NaN is a missing one; infinities count as missing
+    values: count of them; NaN or infinite is a missing one
     count: how many values
     color: alpha 0: the theme's accent, then others by number
-    name: for the legend"""
+    name: for the legend; may be null"""
     _fields_ = [("values", POINTER(c_double)),
                 ("count", c_int),
                 ("color", orvel_color),
@@ -550,13 +614,13 @@ class kit_chart(Structure):
 
     kind: a kit_chart_kind
     box: nothing is painted outside; the ground is left as it is
-    series: borrowed for the call
+    series: count of them
     count: how many series, 32 at most
-    low: the range; found from the values, with zero for areas, bars
-    high: and gauges, when the two are equal
+    low: the range, a number; found from the values, with zero for
+    high: areas, bars and gauges, when it is the same number
     parts: of kit_chart_parts
-    decimals: of the labels and the gauge's number; the ticks may need more
-    unit: written behind those numbers, " kW" for instance
+    decimals: the number of digits of labels and gauge; ticks may need more
+    unit: put behind those numbers, " kW" for instance
     labels: of the places from left to right, joined with "|"
     face: of all its words"""
     _fields_ = [("kind", c_int),
@@ -611,51 +675,57 @@ kit_version = _function(
     """The version of the kit. A static string: never null, never freed.""")
 kit_canvas = _function(
     _OrvelKit, "kit_canvas", POINTER(orvel_canvas), [c_int, c_int],
-    """orvel_canvas_create(), null when the pixels do not fit into memory, too.""")
+    """orvel_canvas_create(), guarded: null when the pixels do not fit into memory, too.""")
 kit_bitmap = _function(
     _OrvelKit, "kit_bitmap", c_int, [POINTER(orvel_canvas), c_char_p, c_int, c_int],
-    """orvel_icon_draw_bitmap(), -1 for every file that it cannot draw.""")
+    """orvel_icon_draw_bitmap(), guarded: -1 for every file that it cannot draw.""")
 kit_theme_load = _function(
     _OrvelKit, "kit_theme_load", c_int, [POINTER(orvel_theme), c_char_p],
-    """""")
+    """orvel_theme_load(), guarded.""")
 kit_theme_save = _function(
     _OrvelKit, "kit_theme_save", c_int, [POINTER(orvel_theme), c_char_p],
-    """""")
+    """orvel_theme_save(), guarded.""")
 kit_save_bmp = _function(
     _OrvelKit, "kit_save_bmp", c_int, [POINTER(orvel_canvas), c_char_p],
-    """""")
+    """orvel_canvas_save_bmp(), guarded.""")
 kit_save_bmp_rgba = _function(
     _OrvelKit, "kit_save_bmp_rgba", c_int, [POINTER(orvel_canvas), c_char_p],
-    """""")
+    """orvel_canvas_save_bmp_rgba(), guarded.""")
 kit_resource_path = _function(
     _OrvelKit, "kit_resource_path", c_int, [c_char_p],
-    """""")
+    """orvel_set_resource_path(), guarded.""")
 kit_play_sound = _function(
     _OrvelKit, "kit_play_sound", c_int, [c_char_p],
-    """""")
+    """orvel_play_sound(), guarded.""")
 kit_play_music = _function(
     _OrvelKit, "kit_play_music", c_int, [c_char_p],
-    """""")
+    """orvel_play_music(), guarded.""")
 kit_play_tone = _function(
     _OrvelKit, "kit_play_tone", c_int, [c_double, c_int],
-    """""")
+    """orvel_play_tone(), guarded.""")
 kit_mix = _function(
     _OrvelKit, "kit_mix", orvel_color, [orvel_color, orvel_color, c_int],
     """The colour percent of the way from one to another, each of the four channels cut toward
  from. A percent is clamped to [0, 100].""")
 kit_grey = _function(
     _OrvelKit, "kit_grey", c_int, [orvel_color],
-    """The lightness of a colour, 0 to 255: (2126 r + 7152 g + 722 b + 5000) / 10000.""")
+    """The lightness of a colour, a number from 0 to 255: (2126 r + 7152 g + 722 b + 5000) / 10000.""")
 kit_copy = _function(
     _OrvelKit, "kit_copy", c_int, [POINTER(orvel_canvas), c_int, c_int, POINTER(orvel_canvas),
                                    POINTER(kit_box)],
-    """Copies the box part of from (all of it, when null) to the place (x, y) of to, pixel by
-pixel, alpha included; what lies outside either canvas is left out. The two may be one canvas,
-and the boxes may overlap.""")
+    """Copies the box part of from to the place (x, y) of to, pixel by pixel, alpha included;
+what lies outside either canvas is left out. The two may be one canvas, and the boxes may
+overlap.
+
+part: borrowed; may be null, which is all of from.
+Returns: 0; -1 for null.""")
 kit_stamp = _function(
     _OrvelKit, "kit_stamp", c_int, [POINTER(orvel_canvas), c_int, c_int, POINTER(orvel_canvas),
                                     POINTER(kit_box)],
-    """As kit_copy(), but a pixel with alpha 0 leaves what is there.""")
+    """As kit_copy(), but a pixel with alpha 0 leaves what is there.
+
+part: borrowed; may be null, which is all of from.
+Returns: 0; -1 for null.""")
 kit_icon = _function(
     _OrvelKit, "kit_icon", c_int, [POINTER(orvel_canvas), c_char_p, c_int, c_int, c_int,
                                    orvel_color],
@@ -664,38 +734,44 @@ to its square. Two icons, "home" and "power", look different further down a canv
 look the same everywhere. Cut-outs take the colour of the pixel of the square nearest to its top
 left corner that the canvas has.
 
-@return 0; -1 for null, an unknown name, a size below 1 or above 16384, and where memory runs
-out, which all draw nothing.""")
+size: in pixels.
+Returns: 0; -1 for null, an unknown name, a size below 1 or above 16384, and where memory runs
+    out, which all draw nothing.""")
 kit_clip_begin = _function(
     _OrvelKit, "kit_clip_begin", POINTER(orvel_canvas), [POINTER(orvel_canvas), POINTER(kit_box)],
     """Begins drawing that is to stay inside box: cuts the box to the canvas and returns a canvas of
 just that size that shows what is there. Draw on it with the box's new x and y subtracted, then
 hand both to kit_clip_end(). No pixel outside the box changes.
 
-@return the caller's, for kit_clip_end() or orvel_canvas_destroy(); null when nothing of the box
-        is on the canvas or memory runs out, which leave the box as it was.""")
+box: changed; null is refused.
+Returns: the caller's, for orvel_canvas_destroy() or kit_clip_end(); null when nothing of the
+    box is on the canvas or memory runs out, which leave the box as it was.""")
 kit_clip_end = _function(
     _OrvelKit, "kit_clip_end", c_int, [POINTER(orvel_canvas), POINTER(kit_box),
                                        POINTER(orvel_canvas)],
     """Copies inside back to the place of box, and destroys it, also where the others are null.
- -1 for null, and for the canvas itself in place of inside, which is kept.""")
+
+inside: taken; null is refused.
+Returns: 0; -1 for null, and for the canvas itself in place of inside, which stays.""")
 kit_pixels_stride = _function(
     _OrvelKit, "kit_pixels_stride", c_size_t, [POINTER(kit_format), c_int],
-    """The bytes that a row of width pixels takes, after any turn; 0 for what is no format, a width
+    """What a row of width pixels takes in bytes, after any turn; 0 for what is no format, a width
  below 1 and where size_t cannot tell.""")
 kit_pixels = _function(
     _OrvelKit, "kit_pixels", c_int, [POINTER(orvel_canvas), POINTER(kit_box), POINTER(kit_format),
                                      c_void_p, c_size_t, c_size_t],
-    """Writes the pixels of box (all of the canvas, when null) to to, turned, rows top first, each
-stride bytes after the one before (0: kit_pixels_stride()). The bits that fill up a row's last
-byte are 0; bytes between the rows are left alone. Nothing is written unless all of it fits.
+    """Writes the pixels of box to to, turned, rows top first, each stride bytes after the one
+before (0: kit_pixels_stride()). The bits that fill up a row's last byte are 0; bytes between the
+rows are left alone. Nothing is written unless all of it fits.
 
 What is no format: a number that no kit_layout or kit_dither has; for the layouts that need them,
 no palette, a number of colours or a plane outside it. Other fields may hold anything.
 
-@return 0; -1 for null, a box that is empty or not wholly on the canvas, what is no format, a
-stride shorter than a row, a memory of size bytes too small for the rows (the last one ends
-where its pixels do), and where memory runs out.""")
+box: borrowed; may be null, which is all of the canvas.
+to: written, size of its bytes; null is refused.
+Returns: 0; -1 for null, a box that is empty or not wholly on the canvas, what is no format, a
+    stride shorter than a row, a memory of size bytes too small for the rows (the last one ends
+    where its pixels do), and where memory runs out.""")
 kit_sans_11 = _function(
     _OrvelKit, "kit_sans_11", POINTER(kit_face), [],
     """""")
@@ -740,8 +816,10 @@ kit_digits_96 = _function(
     """""")
 kit_face_named = _function(
     _OrvelKit, "kit_face_named", POINTER(kit_face), [c_char_p],
-    """The face of that name, "sans 12" or "digits 96"; null when there is none. A program that is
- linked to the static kit and calls this carries all faces.""")
+    """The face of that name, "sans 12" or "digits 96". A program that is linked to the static kit and
+calls this carries all faces.
+
+Returns: static; null when there is none.""")
 kit_face_open = _function(
     _OrvelKit, "kit_face_open", POINTER(kit_face), [c_char_p, POINTER(c_char), c_size_t],
     """Reads a bitmap font in the Glyph Bitmap Distribution Format (BDF 2.1, Adobe 1993; of 2.2, widths
@@ -753,37 +831,42 @@ which 16 MiB are the most, and a FIFO is not waited for.
    is no U+FFFD, the letter of the property DEFAULT_CHAR stands for it.
  - Sides, offsets and advances have at most 4096 pixels; no letter goes back to the left.
 
-@return the caller's, for kit_face_close(); null, and the reason as "PATH:LINE: what is wrong",
-        when it is refused.""")
+Returns: the caller's, for kit_face_close(); null, and the reason as "PATH:LINE: what is
+    wrong", when it is refused.""")
 kit_face_read = _function(
     _OrvelKit, "kit_face_read", POINTER(kit_face), [c_void_p, c_size_t, POINTER(c_char), c_size_t],
-    """As kit_face_open(), from length bytes of memory, which are not needed afterwards; reasons
-begin with "font" in place of a path.""")
+    """As kit_face_open(), from memory; reasons begin with "font" in place of a path.
+
+bytes: borrowed, length of them; null is refused.
+length: in bytes.
+Returns: the caller's, for kit_face_close(); null, and the reason, when it is refused.""")
 kit_face_fallback = _function(
     _OrvelKit, "kit_face_fallback", POINTER(kit_face), [POINTER(kit_face), POINTER(kit_face)],
     """A face that takes from second what first lacks; lines are as high as the higher one, and
-capitals count as high as those of first. Both are borrowed and must outlive it. At most 8
-faces come together so. Letters of two faces are not kerned with each other.
+capitals count as high as those of first. At most 8 faces come together so. Letters of two
+faces are not kerned with each other.
 
-@return the caller's, for kit_face_close(); null for null, too many, or when memory runs out.""")
+first: kept until the new one is closed; null is refused.
+second: kept until the new one is closed; null is refused.
+Returns: the caller's, for kit_face_close(); null for null, too many, or when memory runs out.""")
 kit_face_close = _function(
     _OrvelKit, "kit_face_close", None, [POINTER(kit_face)],
-    """Releases what kit_face_open(), _read() or _fallback() returned.""")
+    """Releases what kit_face_open(), _read() or _fallback() returned; face is taken.""")
 kit_face_ascent = _function(
     _OrvelKit, "kit_face_ascent", c_int, [POINTER(kit_face)],
-    """""")
+    """in pixels: rows above the baseline's""")
 kit_face_descent = _function(
     _OrvelKit, "kit_face_descent", c_int, [POINTER(kit_face)],
-    """""")
+    """in pixels: its row and those below""")
 kit_face_line = _function(
     _OrvelKit, "kit_face_line", c_int, [POINTER(kit_face)],
-    """""")
+    """in pixels: one baseline to the next""")
 kit_face_cap = _function(
     _OrvelKit, "kit_face_cap", c_int, [POINTER(kit_face)],
-    """""")
+    """in pixels: the height of a capital""")
 kit_face_has = _function(
     _OrvelKit, "kit_face_has", c_int, [POINTER(kit_face), c_uint],
-    """1 when the face, or one behind it, has the character code, else 0.""")
+    """Returns: 1 when the face, or one behind it, has the character, code is its number; else 0.""")
 kit_text_width = _function(
     _OrvelKit, "kit_text_width", c_int, [POINTER(kit_face), c_char_p],
     """The width of a line in pixels: all its advances and kernings.""")
@@ -793,14 +876,15 @@ kit_text_draw = _function(
     """Draws one line that starts at x and whose letters stand on the row baseline: the lowest row of
 a letter without a descender is the one above it.
 
-@return the x at which the line ends, or would end on a null canvas.""")
+canvas: borrowed; may be null.
+Returns: the x at which the line ends, in pixels, or would end on a null canvas.""")
 kit_text_box = _function(
     _OrvelKit, "kit_text_box", c_int, [POINTER(orvel_canvas), POINTER(kit_face), c_char_p, kit_box,
                                        c_int, orvel_color],
     """Draws one line in a box, its capitals centred from top to bottom. A line wider than the box ends
 in an ellipsis; no pixel outside the box changes, so a letter may lose what hangs over its sides.
 
-@return 0 when the line is no wider than the box, 1 when it was cut, -1 for a null canvas.""")
+Returns: 0 when the line is no wider than the box, 1 when it was cut, -1 for a null canvas.""")
 kit_text_wrap = _function(
     _OrvelKit, "kit_text_wrap", c_int, [POINTER(orvel_canvas), POINTER(kit_face), c_char_p,
                                         kit_box, c_int, orvel_color],
@@ -809,12 +893,12 @@ hyphens, which then show, at zero width spaces, behind hyphens and dashes betwee
 before a digit), at every newline, and inside a word only where the word alone is wider than the
 box. Lines that do not fit whole are left out, and the last one shown then ends in an ellipsis.
 
-@return the lines that the whole paragraph takes, 0 for an empty text; also for a null canvas,
-        where nothing is drawn.""")
+canvas: borrowed; may be null, where nothing is drawn.
+Returns: the number of lines that the whole paragraph takes, 0 for an empty text.""")
 kit_text_x = _function(
     _OrvelKit, "kit_text_x", c_int, [POINTER(kit_face), c_char_p, c_int],
-    """The width in pixels of the first offset bytes of a line, the place of a caret there. An
-offset inside a character counts as the one before it; one past the end as the end.""")
+    """The width in pixels of a line up to a caret; offset is where, in bytes. An offset inside a
+character counts as the one before it; one past the end as the end.""")
 kit_text_at = _function(
     _OrvelKit, "kit_text_at", c_int, [POINTER(kit_face), c_char_p, c_int],
     """The offset in bytes of the place between two characters of a line that is nearest to x: of two
@@ -832,24 +916,26 @@ focus shows the part of a longer text that its caret is in. Where the design has
 face (bands, bubbles, boxes beside words) or more room than it uses (sliders, stars), it is drawn
 as large as the face or the box. Nothing is painted outside the box.
 
-@return 0, also where nothing of the box is on the canvas; -1 for null, an unknown kind, a
-        negative size, an icon or image that cannot be drawn, and where memory runs out: what was
-        drawn by then stays.""")
+Returns: 0, also where nothing of the box is on the canvas; -1 for null, an unknown kind, a
+    negative size, an icon or image that cannot be drawn, and where memory runs out: what was
+    drawn by then stays.""")
 kit_size = _function(
     _OrvelKit, "kit_size", c_int, [POINTER(kit_widget), POINTER(c_int), POINTER(c_int)],
     """The size that a widget wants with its words, face and value: sides that its box gives stay. The
 size of an image is that of what shows of it, up to 4096 pixels to a side; finding it reads and
-draws the file. w and h may be null.
+draws the file.
 
-@return 0; -1 for null, an unknown kind and where memory runs out, which want 0 x 0.""")
+w: written, in pixels; may be null.
+h: written, in pixels; may be null.
+Returns: 0; -1 for null, an unknown kind and where memory runs out, which want 0 x 0.""")
 kit_chart_draw = _function(
     _OrvelKit, "kit_chart_draw", c_int, [POINTER(orvel_canvas), POINTER(orvel_theme),
                                          POINTER(kit_chart)],
     """Draws a chart in the theme's colours.
 
-@return 0, also where there are no values to show; -1 for null, an unknown kind, a count below 0,
-        more than 32 series, a box with a side below 0 or above 32767, a range that is upside
-        down or whose ends or width are not finite, and where memory runs out.""")
+Returns: 0, also where there are no values to show; -1 for null, an unknown kind, a count below
+    0, more than 32 series, a box with a side below 0 or above 32767, a range that is upside
+    down or whose ends or width are not finite, and where memory runs out.""")
 
 
 class kit_screen(Structure):
@@ -858,14 +944,17 @@ class kit_screen(Structure):
 
 class kit_screen_host(Structure):
     """What a screen asks its host for by name, each by a function that gets self and returns null
-    for a name that it does not know; a null function knows none. What they return is borrowed until
-    the screen is closed. They must not call the screen.
+    for a name that it does not know; a null function knows none. They must not call the screen.
+     - self, picture, theme, face, include: kept until the screen is closed; may be null.
+     - name: borrowed; never null.
+     - result: kept until the screen is closed, or null.
+     - length: written, in bytes; never null.
 
     picture: A picture, for nodes of the kind "picture"; pixels with alpha 0 do not show.
     theme: A theme, beside "dark" and "light".
     face: A face, beside those of kit_face_named().
-    include: The text of a scene file for "include", its bytes to length; it is not kept. Null:
-        files beside the scene's own, and for kit_screen_read() none."""
+    include: The text of a scene file for "include", its bytes to length. Where no function is
+        given: files beside the scene's own, and for kit_screen_read() none."""
     _fields_ = [("self", c_void_p),
                 ("picture", CFUNCTYPE(c_void_p, c_void_p, c_char_p)),
                 ("theme", CFUNCTYPE(c_void_p, c_void_p, c_char_p)),
@@ -887,22 +976,28 @@ kit_screen_open = _function(
     """Opens a scene file. Includes are files in its folder or below; links and FIFOs are followed and
 not waited for.
 
-@param data  the data that the screen shows, a JSON object; null for the file's "sample".
-@param host  is copied; may be null.
-@return the caller's, for kit_screen_close(); null, and the reason, when it is refused.""")
+data: the data that the screen shows, a JSON object; borrowed; may be null, which is the file's
+    "sample".
+host: borrowed; may be null; what it holds is kept until the screen is closed.
+Returns: the caller's, for kit_screen_close(); null, and the reason, when it is refused.""")
 kit_screen_read = _function(
     _OrvelScreen, "kit_screen_read", POINTER(kit_screen), [c_void_p, c_size_t, c_char_p, c_char_p,
                                                            POINTER(kit_screen_host),
                                                            POINTER(c_char), c_size_t],
-    """As kit_screen_open(), from length bytes of memory, which are not needed afterwards; reasons
- begin with name, "scene" when that is null. Includes come from the host.""")
+    """As kit_screen_open(), from memory. Includes come from the host.
+
+bytes: borrowed, length of them; null is refused.
+name: with which reasons begin; borrowed; may be null, which is "scene".
+data: borrowed; may be null, which is the "sample".
+host: borrowed; may be null; what it holds is kept until the screen is closed.
+Returns: the caller's, for kit_screen_close(); null, and the reason, when it is refused.""")
 kit_screen_close = _function(
     _OrvelScreen, "kit_screen_close", None, [POINTER(kit_screen)],
-    """Releases a screen.""")
+    """Releases a screen; screen is taken.""")
 kit_screen_size = _function(
     _OrvelScreen, "kit_screen_size", None, [POINTER(kit_screen), POINTER(c_int), POINTER(c_int)],
     """The size that the screen has: its file's "size", what kit_screen_resize() said, or what its root
- wants. 0 for null. w and h may be null.""")
+ wants. 0 for null. w and h are written, in pixels, and may be null.""")
 kit_screen_resize = _function(
     _OrvelScreen, "kit_screen_resize", c_int, [POINTER(kit_screen), c_int, c_int, POINTER(c_char),
                                                c_size_t],
@@ -915,7 +1010,7 @@ JSON text json. Objects on its way are made where they are missing, an index one
 of a list adds to it.""")
 kit_screen_get = _function(
     _OrvelScreen, "kit_screen_get", c_char_p, [POINTER(kit_screen), c_char_p],
-    """The value name as JSON, borrowed; null where there is none.""")
+    """Returns: the value name as JSON, borrowed until the next call; null where there is none.""")
 kit_screen_add = _function(
     _OrvelScreen, "kit_screen_add", c_int, [POINTER(kit_screen), c_char_p, c_int, c_char_p,
                                             POINTER(c_char), c_size_t],
@@ -928,20 +1023,22 @@ kit_screen_remove = _function(
 kit_screen_change = _function(
     _OrvelScreen, "kit_screen_change", c_int, [POINTER(kit_screen), c_char_p, c_char_p, c_char_p,
                                                POINTER(c_char), c_size_t],
-    """Sets the key key ("text", "width", ...) of the node id; with null as json removes it. A
- null id stands for the scene itself, whose "theme" and "face" can be set.""")
+    """Sets the key key ("text", "width", ...) of a node.
+
+id: borrowed; may be null, which is the scene itself, whose "theme" and "face" can be set.
+json: borrowed; may be null, which removes the key.""")
 kit_screen_draw = _function(
     _OrvelScreen, "kit_screen_draw", c_int, [POINTER(kit_screen), POINTER(orvel_canvas),
                                              POINTER(kit_box)],
     """Draws what changed since the last time: on the first call everything. The canvas must show what
 was last drawn; kit_screen_expose() says where it does not.
 
-@param dirty  gets the smallest rectangle that holds all that was drawn, empty when nothing had
-              to be; may be null. Outside it no pixel changes.
-@return 0; -1 for null, and where memory runs out, where the next call draws it again.""")
+dirty: written: the smallest rectangle that holds all that was drawn, empty when nothing had to
+    be; may be null. Outside it no pixel changes.
+Returns: 0; -1 for null, and where memory runs out, where the next call draws it again.""")
 kit_screen_expose = _function(
     _OrvelScreen, "kit_screen_expose", None, [POINTER(kit_screen), POINTER(kit_box)],
-    """Has the next kit_screen_draw() draw this box, too; everything when box is null.""")
+    """Has the next kit_screen_draw() draw a box, too; box may be null, which is everything.""")
 kit_screen_describe = _function(
     _OrvelScreen, "kit_screen_describe", c_char_p, [POINTER(kit_screen)],
     """One line for each node that shows, in the order in which they are drawn, each below its parent
@@ -953,7 +1050,7 @@ one number.
       icon "home" 20,8 28x28
       slider =21 focus #target 20,60 228x14
 
-@return borrowed; null for null and where memory runs out.""")
+Returns: borrowed until the next call; null for null and where memory runs out.""")
 kit_screen_report = _function(
     _OrvelScreen, "kit_screen_report", c_char_p, [POINTER(kit_screen)],
     """What a careful look would find wrong, one line for each, "FILE:LINE:COLUMN: PATH: KIND: ...":
@@ -964,8 +1061,12 @@ kit_screen_report = _function(
  - target: a control with a side below 24 pixels (WCAG 2.2, 2.5.8);
  - unknown: a picture or an icon that there is not.
 
-@return borrowed, empty when there is nothing; null for null and where memory runs out.""")
+Returns: borrowed until the next call, empty when there is nothing; null for null and where
+    memory runs out.""")
 kit_screen_box = _function(
     _OrvelScreen, "kit_screen_box", c_int, [POINTER(kit_screen), c_char_p, POINTER(kit_box)],
     """The box of the first node with this id ("target", in a repetition "day[2]"), as it lies on the
- screen, cut to what shows of it. -1 where there is none, or nothing of it shows.""")
+screen, cut to what shows of it.
+
+box: written; null is refused.
+Returns: 0; -1 where there is none, or nothing of it shows.""")

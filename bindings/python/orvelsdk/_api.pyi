@@ -1,11 +1,11 @@
 """The types of _api.py.
 
-Made by scripts/describe from bindings/orvel_api.json: edit the headers and run it. Texts are bytes.
-Every record is a Structure with the names of C; what only the library sees into, an object, is a
+Made by scripts/describe from bindings/orvel_api.json: edit the headers, and run it. Texts are
+bytes. Records are Structures with the names of C; what only the library sees into, an object, is a
 Structure without fields, handled by its POINTER alone. None is null.
 """
-from ctypes import (Array, Structure, _Pointer, c_char, c_char_p, c_double, c_int, c_size_t, c_ubyte,
-                    c_void_p)
+from ctypes import (Array, Structure, _Pointer, c_char, c_char_p, c_double,
+                    c_int, c_size_t, c_ubyte, c_void_p)
 from typing import Any, TypeVar, Union
 
 _T = TypeVar("_T")
