@@ -1,0 +1,108 @@
+"""What a screen asks for by name: pictures, themes, faces, other scenes."""
+
+from __future__ import annotations
+
+import ctypes
+from typing import Any, Callable, Dict, Optional, Union
+
+from . import _api
+from ._canvas import Canvas
+from ._colors import Theme
+from ._faces import Face
+
+
+class Host:
+    """Gives a screen what it asks for by name, each by a function that returns None where it knows
+    no such thing: ``Host(picture=pictures.get)``. A subclass may have them as methods.
+
+    They must not call the screen, which is an Error. What they raise comes out of the call that led
+    to it.
+    """
+
+    def __init__(self, *, picture: Optional[Callable[[str], Optional[Canvas]]] = None,
+                 theme: Optional[Callable[[str], Optional[Theme]]] = None,
+                 face: Optional[Callable[[str], Optional[Face]]] = None,
+                 include: Optional[Callable[[str], Union[str, bytes, None]]] = None) -> None:
+        self._functions: Dict[str, Any] = {"picture": picture, "theme": theme, "face": face,
+                                           "include": include}
+
+    def picture(self, name: str) -> Optional[Canvas]:
+        """A picture, for nodes of the kind picture; pixels with alpha 0 do not show."""
+        return self._asked("picture", name)  # type: ignore[no-any-return]
+
+    def theme(self, name: str) -> Optional[Theme]:
+        """A theme, beside dark and light."""
+        return self._asked("theme", name)  # type: ignore[no-any-return]
+
+    def face(self, name: str) -> Optional[Face]:
+        """A face, beside those of the kit."""
+        return self._asked("face", name)  # type: ignore[no-any-return]
+
+    def include(self, name: str) -> Union[str, bytes, None]:
+        """The text of a scene file."""
+        return self._asked("include", name)  # type: ignore[no-any-return]
+
+    def _asked(self, what: str, name: str) -> Any:
+        function = getattr(self, "_functions", {}).get(what)
+        return None if function is None else function(name)
+
+
+class Lender:
+    """The host as the library calls it. Keeps what it lent for as long as the screen is there."""
+
+    def __init__(self, host: Host) -> None:
+        self._host = host
+        self._lent: Dict[int, Any] = {}
+        self._caught: Optional[BaseException] = None
+        self.record = _api.kit_screen_host()
+        for name, lend in (("picture", self._picture), ("theme", self._theme),
+                           ("face", self._face), ("include", self._include)):
+            kind = dict(_api.kit_screen_host._fields_)[name]
+            setattr(self.record, name, kind(lend))
+
+    def raise_caught(self) -> None:
+        """Raises what a function of the host raised since the last time."""
+        caught, self._caught = self._caught, None
+        if caught is not None:
+            raise caught
+
+    def _ask(self, what: str, name: Optional[bytes], wanted: Any) -> Any:
+        try:
+            found = getattr(self._host, what)((name or b"").decode("utf-8", "replace"))
+            if found is not None and not isinstance(found, wanted):
+                kind = wanted if isinstance(wanted, type) else wanted[0]
+                raise TypeError(f"a host's {what} is a {kind.__name__} or None, "
+                                f"not {type(found).__name__}")
+            return found
+        except BaseException as error:  # it must not pass through the library
+            self._caught = error
+            return None
+
+    def _keep(self, lent: Any) -> Any:
+        self._lent[id(lent)] = lent
+        return lent
+
+    def _picture(self, _: Any, name: Optional[bytes]) -> Optional[int]:
+        return self._address(self._ask("picture", name, Canvas))
+
+    def _face(self, _: Any, name: Optional[bytes]) -> Optional[int]:
+        return self._address(self._ask("face", name, Face))
+
+    def _address(self, lent: Any) -> Optional[int]:
+        if lent is None or lent.closed:
+            return None
+        handle = self._keep(lent._handle)
+        return ctypes.cast(handle._as_parameter_, ctypes.c_void_p).value
+
+    def _theme(self, _: Any, name: Optional[bytes]) -> Optional[int]:
+        theme = self._ask("theme", name, Theme)
+        return None if theme is None else ctypes.addressof(self._keep(theme._record))
+
+    def _include(self, _: Any, name: Optional[bytes], length: Any) -> Optional[int]:
+        text = self._ask("include", name, (str, bytes))
+        if text is None:
+            return None
+        data = text.encode("utf-8", "surrogatepass") if isinstance(text, str) else text
+        self._text = ctypes.create_string_buffer(data, len(data) + 1)  # until the next one
+        length[0] = len(data)
+        return ctypes.addressof(self._text)

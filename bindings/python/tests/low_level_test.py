@@ -1,0 +1,101 @@
+"""Every function of the description, by its low-level name: good arguments, null, and extremes."""
+
+import json
+import re
+
+from conftest import SOURCES
+
+DESCRIPTION = json.loads((SOURCES / "bindings/orvel_api.json").read_text())
+FUNCTIONS = [function for library in DESCRIPTION["libraries"] for function in library["functions"]]
+
+# In a process of its own: what goes wrong in C would end this one.
+PROGRAM = r"""
+import ctypes, json, resource, sys
+from orvelsdk import _api
+
+resource.setrlimit(resource.RLIMIT_AS, (1 << 30, resource.RLIM_INFINITY))
+
+# What may raise in C++; the kit has a guarded form of each, which is called.
+UNGUARDED = {"orvel_canvas_create", "orvel_icon_draw_bitmap", "orvel_theme_load", "orvel_theme_save",
+             "orvel_canvas_save_bmp", "orvel_canvas_save_bmp_rgba", "orvel_set_resource_path",
+             "orvel_play_sound", "orvel_play_music", "orvel_play_tone"}
+NUMBERS = {"int": (-2**31, -1, 0, 1, 7, 2**31 - 1), "unsigned": (0, 1, 2**32 - 1),
+           "double": (0.0, -1.0, 0.5, float("nan"), float("inf"), -1e308), "size": (0, 1),
+           "enum": (-2**31, -1, 0, 2**31 - 1)}
+TEXTS = (b"", b"a", b"\xff\xfe", b"x" * 1000)
+# What says how much memory is given: more than there is would be the caller's lie.
+ROOM = {"count", "size", "length", "stride", "duration_ms"}
+
+theme = _api.orvel_theme()
+_api.orvel_theme_default(theme)
+scene = b'{"orvel": 1, "size": [20, 20], "root": {"row": [], "id": "root"}}'
+objects = {"orvel_canvas": lambda: _api.kit_canvas(20, 20),
+           "orvel_widget": lambda: _api.orvel_widget_button(_api.kit_canvas(20, 20), theme, b"a",
+                                                            0, 0, 9, 9),
+           "kit_face": lambda: _api.kit_face_fallback(_api.kit_sans_12(), _api.kit_bold_12()),
+           "kit_screen": lambda: _api.kit_screen_read(scene, len(scene), None, None, None, None, 0)}
+simple = {"int": ctypes.c_int, "double": ctypes.c_double}
+
+def usual(argument):
+    kind, of = argument["type"], argument.get("of")
+    if kind == "object":
+        return objects[of]()
+    if kind == "pointer":
+        return theme if of == "orvel_theme" else ctypes.pointer((simple.get(of) or getattr(_api, of))())
+    if kind == "record":
+        return getattr(_api, of)()
+    return {"text": b"a", "double": 1.0, "size": 64}.get(
+        kind, ctypes.create_string_buffer(64) if kind in ("buffer", "bytes", "memory") else 1)
+
+def may_be_null(argument):
+    return argument["type"] in ("object", "pointer", "text", "buffer", "bytes", "memory")
+
+calls = 0
+def call(name, arguments):
+    global calls
+    getattr(_api, name)(*arguments)
+    calls += 1
+
+for function in json.loads(sys.argv[1]):
+    name, arguments = function["name"], function["arguments"]
+    if name in UNGUARDED:
+        continue
+    if not any(argument["type"] == "pointer" and argument["of"] == "text" for argument in arguments):
+        call(name, [usual(argument) for argument in arguments])
+    call(name, [None if may_be_null(argument) else usual(argument) for argument in arguments])
+    for place, argument in enumerate(arguments):
+        values = [None] if may_be_null(argument) else list(NUMBERS.get(argument["type"], ()))
+        if argument["type"] == "text":
+            values += TEXTS
+        if argument["name"] in ROOM:
+            values = [value for value in values if value is None or value <= 1]
+        for value in values:
+            call(name, [value if at == place else usual(each) for at, each in enumerate(arguments)])
+print(calls)
+"""
+
+
+def test_every_function_takes_good_arguments_null_and_extremes(run, tmp_path, monkeypatch):
+    monkeypatch.chdir(tmp_path)
+    calls = int(run(PROGRAM, json.dumps(FUNCTIONS), ORVELSDK_PATH=str(tmp_path)))
+    assert len(FUNCTIONS) > 130 and calls > 1000
+
+
+def test_the_low_level_has_what_the_description_has():
+    from orvelsdk import _api
+
+    for function in FUNCTIONS:
+        found = getattr(_api, function["name"])
+        assert len(found.argtypes) == len(function["arguments"]), function["name"]
+        assert (found.restype is None) == (function["returns"]["type"] == "void"), function["name"]
+
+
+def test_nothing_is_called_that_may_raise_in_c():
+    raising = set(re.findall(r'"(orvel_\w+)"', PROGRAM[:PROGRAM.index("NUMBERS")]))
+    # A widget of the library's own copies its text, and there is no guarded form.
+    raising |= {function["name"] for function in FUNCTIONS
+                if function["name"].startswith("orvel_widget_")}
+    assert len(raising) > 40
+    for module in (SOURCES / "bindings/python/orvelsdk").glob("*.py"):
+        if module.name != "_api.py":
+            assert not raising & set(re.findall(r"_api\.(\w+)", module.read_text())), module.name
