@@ -169,8 +169,9 @@ def stub_classes(library):
     for record in library["records"]:
         rows = "".join(f"    {each['name']}: {stub_field(each)}\n" for each in record["fields"])
         words = [f"{each['name']}: Any = ..." for each in record["fields"]]
+        taken = any(each["name"] == "self" for each in record["fields"])
         yield f"\nclass {record['name']}(Structure):\n{rows}" + textwrap.indent(
-            wrapped("def __init__(", ["self", *words], ") -> None: ..."), "    ") + "\n"
+            wrapped("def __init__(", ["this" if taken else "self", *words], ") -> None: ..."), "    ") + "\n"
 
 
 def stub(description):

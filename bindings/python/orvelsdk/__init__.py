@@ -23,10 +23,11 @@ from ._faces import FACES, Face
 from ._formats import DITHERS, FORMATS
 from ._icons import ICONS
 from ._resources import (play_music, play_sound, play_tone, set_resource_path, stop_music)
-from ._screens import Host, Screen
+from ._hosts import Host
+from ._screens import Screen
 from ._widgets import CHARTS, KINDS, Chart, Series, Widget
 
-__version__ = _kit_version().decode()
+__version__ = (_kit_version() or b"").decode()
 
 __all__ = ["Box", "CHARTS", "Canvas", "Chart", "Closed", "Color", "DITHERS", "Error", "FACES",
            "FORMATS", "Face", "Host", "ICONS", "KINDS", "OutOfMemory", "Screen", "Series", "Theme",

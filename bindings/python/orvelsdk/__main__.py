@@ -9,7 +9,7 @@ import sys
 import time
 from typing import Any, List, NoReturn, Optional, Tuple
 
-from . import _bmp, _png, __version__
+from . import _png, __version__
 from ._canvas import Canvas
 from ._errors import Error, OutOfMemory
 from ._files import encoded, read_picture, write_bytes

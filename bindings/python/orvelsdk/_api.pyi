@@ -371,7 +371,7 @@ class kit_screen_host(Structure):
     face: Any
     include: Any
     reserved: Any
-    def __init__(self, self: Any = ..., picture: Any = ..., theme: Any = ..., face: Any = ...,
+    def __init__(this, self: Any = ..., picture: Any = ..., theme: Any = ..., face: Any = ...,
                  include: Any = ..., reserved: Any = ...) -> None: ...
 
 KIT_SCREEN_VERSION: bytes

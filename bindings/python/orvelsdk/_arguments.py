@@ -44,7 +44,7 @@ def whole(value: Any, what: str = "a coordinate") -> int:
             raise TypeError(f"{what} is a whole number, not {type(value).__name__}") from None
     if not _LOWEST <= value <= _HIGHEST:
         raise ValueError(f"{what} does not fit into 32 bits: {value}")
-    return value
+    return int(value)
 
 
 def within(value: Any, low: int, high: int, what: str) -> int:

@@ -3,21 +3,11 @@
 from __future__ import annotations
 
 import struct
-from typing import Tuple
-
 from ._errors import Error
 from ._png import MOST_PIXELS, Pixels
 
 _HEADER = 54
 _LIBRARY_COMPRESSION = 255
-
-
-def size_of(data: bytes) -> Tuple[int, int]:
-    """The sides that a file claims to have."""
-    if len(data) < 26:
-        return 0, 0
-    width, height = struct.unpack_from("<ii", data, 18)
-    return abs(width), abs(height)
 
 
 def decode(data: bytes, most: int = MOST_PIXELS) -> Pixels:

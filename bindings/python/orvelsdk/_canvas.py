@@ -5,9 +5,10 @@ from __future__ import annotations
 import contextlib
 import ctypes
 import hashlib
+import importlib
 import os
 import struct
-from typing import Any, Iterable, Iterator, Optional, Sequence, Tuple, Union
+from typing import Any, Iterable, Iterator, Optional, Sequence, Tuple
 
 from . import _api, _formats, _png
 from ._arguments import Box, BoxLike, Path, Text, box as box_of, path as path_of, whole, words
@@ -273,14 +274,14 @@ class Canvas(Owner):
 
     def image(self) -> Any:
         """The picture for Pillow, in the mode RGBA."""
-        from PIL import Image  # asked for here alone: the module does without Pillow
+        Image: Any = importlib.import_module("PIL.Image")  # asked for here alone
 
         rgba = _formats.write(self._handle, self._box(None), _RGBA)
         return Image.frombuffer("RGBA", self.size, rgba, "raw", "RGBA", 0, 1)
 
     def __array__(self, dtype: Any = None, copy: Optional[bool] = None) -> Any:
         """The picture for NumPy: rows, columns, four channels. Always a copy."""
-        import numpy  # asked for by NumPy alone
+        numpy: Any = importlib.import_module("numpy")  # asked for by NumPy alone
 
         if copy is False:
             raise ValueError("the pixels of a canvas come out as a copy")
@@ -311,7 +312,7 @@ class _Clip(Canvas):
 _RGBA = _formats.format_of("rgba")
 
 
-def _put_row(canvas: Handle, y: int, row: "memoryview[int]") -> None:
+def _put_row(canvas: Any, y: int, row: memoryview) -> None:
     """Fills each run of equal pixels."""
     pixels = row.tolist()
     start, end = 0, len(pixels)

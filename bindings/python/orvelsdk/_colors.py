@@ -7,7 +7,7 @@ from functools import lru_cache
 from typing import Any, Dict, Iterator, NamedTuple, Tuple, Union
 
 from . import _api
-from ._arguments import Path, path as path_of, within, words
+from ._arguments import Path, path as path_of, within
 from ._errors import Error
 
 ROLES = ("background", "surface", "text", "accent", "border", "button", "button_hover",

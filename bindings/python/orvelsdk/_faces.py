@@ -56,14 +56,14 @@ class Face(Owner):
         """As open(), from memory."""
         if not isinstance(font, (bytes, bytearray)):
             raise TypeError(f"a font is bytes, not {type(font).__name__}")
-        font = bytes(font)
+        memory: Any = bytes(font)
         why = ctypes.create_string_buffer(512)
-        found = _api.kit_face_read(ctypes.cast(font, ctypes.c_void_p), len(font), why, len(why))
+        found = _api.kit_face_read(memory, len(memory), why, len(why))
         return cls._made(_or_raise(found, why), "font")
 
     def fallback(self, second: "FaceLike") -> "Face":
         """A face that takes from the second one what this one lacks; at most 8 come together."""
-        first, behind = self._handle, Face.of(second)._handle
+        first, behind = self._handle, handle_of(second)
         found = _api.kit_face_fallback(first, behind)
         if not found:
             raise Error("more than 8 faces cannot come together")
@@ -133,11 +133,11 @@ def _or_raise(found: Any, why: Any) -> Any:
 
 
 @lru_cache(maxsize=64)
-def _named(name: str) -> Handle:
+def _named(name: str) -> Any:
     return Face(name)._handle
 
 
-def handle_of(face: Optional[FaceLike]) -> Optional[Handle]:
+def handle_of(face: Optional[FaceLike]) -> Any:
     """What to call with; None is the face of the library's choice."""
     if face is None:
         return None

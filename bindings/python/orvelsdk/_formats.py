@@ -9,7 +9,6 @@ from . import _api
 from ._arguments import Box, whole, within
 from ._colors import Color, ColorLike, _record
 from ._errors import Error, OutOfMemory
-from ._handles import Handle
 
 #: What a pixel becomes: the layouts of the kit by name.
 FORMATS = {name[len("KIT_"):].lower(): getattr(_api, name)
@@ -44,12 +43,13 @@ def format_of(name: str, *, dither: str = "none", turns: int = 0,
             raise ValueError(f"the format {name} needs a palette")
         colors = [_record(Color.of(color)) for color in palette]
         record.colors = within(len(colors), 1, 16, "the number of a palette's colours")
-        record.palette = (_api.orvel_color * len(colors))(*colors)
+        array: Any = (_api.orvel_color * len(colors))(*colors)
+        record.palette = array
         record.plane = within(plane, 0, len(colors) - 1, "the plane")
     return record
 
 
-def write(canvas: Handle, box: Box, form: Any, lead: int = 0) -> bytearray:
+def write(canvas: Any, box: Box, form: Any, lead: int = 0) -> bytearray:
     """The pixels of a box, with so many bytes 0 before each row.
 
     Raises Error where the box does not lie on the canvas, and OutOfMemory.

@@ -37,11 +37,11 @@ class Owner:
     _what = "object"
 
     @property
-    def _handle(self) -> Handle:
+    def _handle(self) -> Any:  # a Handle, which ctypes takes for the pointer
         handle = self._own
         if handle is None:
             raise Closed(f"the {self._what} is closed")
-        return handle  # type: ignore[no-any-return]
+        return handle
 
     @property
     def closed(self) -> bool:

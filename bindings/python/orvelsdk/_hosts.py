@@ -57,8 +57,8 @@ class Lender:
         self.record = _api.kit_screen_host()
         for name, lend in (("picture", self._picture), ("theme", self._theme),
                            ("face", self._face), ("include", self._include)):
-            kind = dict(_api.kit_screen_host._fields_)[name]
-            setattr(self.record, name, kind(lend))
+            kind: Any = getattr(self.record, name)
+            setattr(self.record, name, type(kind)(lend))
 
     def raise_caught(self) -> None:
         """Raises what a function of the host raised since the last time."""

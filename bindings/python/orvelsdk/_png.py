@@ -76,11 +76,6 @@ class _Header(NamedTuple):
                 yield x, y, dx, dy, width, height
 
 
-def size_of(data: bytes) -> Tuple[int, int]:
-    """The sides that a file claims to have."""
-    return struct.unpack_from(">II", data, 16) if len(data) >= 24 else (0, 0)
-
-
 def _header(data: bytes, most: int) -> _Header:
     if len(data) != 13:
         raise Error("a header of another length")

@@ -78,7 +78,8 @@ class Screen(Owner):
         self._shown: Optional[Handle] = None
         lender = self._lender = Lender(host)
         why = ctypes.create_string_buffer(_REASON)
-        found = _api.kit_screen_read(ctypes.cast(text, ctypes.c_void_p), len(text), words(name),
+        memory: Any = text
+        found = _api.kit_screen_read(memory, len(text), words(name),
                                      None if data is None else words(data, "the data"),
                                      ctypes.byref(lender.record), why, len(why))
         self._own = Handle(found, _api.kit_screen_close, lender) if found else None

@@ -6,7 +6,7 @@ import ctypes
 from typing import Any, Dict, Iterable, List, NamedTuple, Optional, Sequence, Tuple, Union
 
 from . import _api
-from ._arguments import Box, BoxLike, Text, box as box_of, real, reals, whole, within, words
+from ._arguments import Box, Text, box as box_of, real, reals, whole, within, words
 from ._colors import ColorLike, Theme, _record
 from ._errors import Error
 from ._faces import FaceLike, handle_of
@@ -162,7 +162,7 @@ class Chart:
         rows = [_series(row, theme) for row in self.series]
         if len(rows) > _MOST_SERIES:
             raise ValueError(f"a chart has {_MOST_SERIES} series at the most, not {len(rows)}")
-        array = (_api.kit_series * max(len(rows), 1))(*rows)
+        array: Any = (_api.kit_series * max(len(rows), 1))(*rows)
         record = _api.kit_chart()
         record.kind = _kind(self.kind, CHARTS, "chart")
         record.box = _api.kit_box(*box_of(self.box))
