@@ -89,6 +89,8 @@ bool same(const orvel_color& a, const orvel_color& b) {
 
 }  // namespace
 
+kit_format format_of(const Outlet& outlet) { return format_of(outlet, outlet.panel->layout); }
+
 const Panel* panel_named(const std::string& name) {
     for (const Panel& panel : kPanels) {
         if (name == panel.name) return &panel;

@@ -27,6 +27,9 @@ struct Outlet {
     int turns = 0;  // quarter turns clockwise
 };
 
+/// What kit_pixels() writes for the panel; of planes, the black one.
+kit_format format_of(const Outlet& outlet);
+
 /// The bytes that the panel takes; the planes one after another. Nothing where memory runs out.
 std::optional<Bytes> panel_bytes(const orvel_canvas* canvas, const Outlet& outlet);
 

@@ -148,7 +148,7 @@ int render(const CommandLine& program, const Wishes& wishes, const Scene& scene)
     std::string error;
     const CanvasPtr canvas = scene.draw(error);
     if (!canvas || !write(wishes, canvas.get(), error)) return program.fail(error);
-    if (!scene.complaint().empty()) program.fail(scene.complaint());  // drawn without it
+    for (const std::string& line : scene.complaints()) program.fail(line);  // drawn without it
     return 0;
 }
 
@@ -163,7 +163,8 @@ int check(const CommandLine& program, const Wishes& wishes) {
         std::string error;
         const Scene scene(one, error);
         if (!scene.open()) return program.fail(error);
-        const char* const lines = kit_screen_report(scene.open());
+        const kit_format panel = orvel_tools::format_of(wishes.outlet);
+        const char* const lines = kit_screen_report_on(scene.open(), &panel);
         if (!lines) throw std::bad_alloc();
         if (*lines == '\0') continue;
         if (all.size() > 1) std::printf("with %s:\n", data.c_str());

@@ -1,6 +1,8 @@
 #include "scene.h"
 
 #include <array>
+#include <new>
+#include <sstream>
 
 #include "file_bytes.h"
 
@@ -27,6 +29,11 @@ std::string quoted(const std::string& text) {
     return json + '"';
 }
 
+/// Whether a value is meant as JSON, even where it is none.
+bool is_meant_as_json(const std::string& value) {
+    return !value.empty() && (value[0] == '[' || value[0] == '{' || value[0] == '"');
+}
+
 /// Sets NAME=VALUE, where a value that is no JSON is a text.
 bool set(kit_screen* screen, const std::string& pair, std::string& error) {
     const std::size_t equals = pair.find('=');
@@ -39,7 +46,8 @@ bool set(kit_screen* screen, const std::string& pair, std::string& error) {
     const auto try_json = [&](const std::string& json) {
         return kit_screen_set(screen, name.c_str(), json.c_str(), why.data(), why.size()) == 0;
     };
-    if (try_json(value) || try_json(quoted(value))) return true;
+    if (try_json(value)) return true;
+    if (!is_meant_as_json(value) && try_json(quoted(value))) return true;
     error = "--set " + pair + ": " + why.data();
     return false;
 }
@@ -124,6 +132,21 @@ bool Scene::dress(const SceneWishes& wishes, std::string& error) {
         return false;
     }
     return true;
+}
+
+std::vector<std::string> Scene::complaints() const {
+    const char* const report = kit_screen_report(screen_.get());
+    if (!report) throw std::bad_alloc();
+    std::vector<std::string> lines;
+    std::istringstream all(report);
+    for (std::string line; std::getline(all, line);) {
+        const std::string kind = ": unknown: ";
+        const std::size_t at = line.find(kind);
+        if (at == std::string::npos) continue;
+        line.replace(at, kind.size(), ": ");
+        lines.push_back(folder_.explained(line));
+    }
+    return lines;
 }
 
 CanvasPtr Scene::draw(std::string& error) const {

@@ -29,8 +29,8 @@ public:
 
     kit_screen* open() const { return screen_.get(); }
     const std::vector<std::string>& files() const { return folder_.files(); }
-    /// A picture that the screen does without, and why; empty when it has them all.
-    const std::string& complaint() const { return folder_.complaint(); }
+    /// A line for each picture that the screen does without: where it stands, and why.
+    std::vector<std::string> complaints() const;
 
     /// The whole screen; null, and why, when it cannot be drawn.
     CanvasPtr draw(std::string& error) const;

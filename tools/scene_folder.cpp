@@ -89,13 +89,15 @@ bool SceneFolder::add_theme(const std::string& path, std::string& error) {
 }
 
 std::string SceneFolder::explained(const std::string& reason) const {
-    const bool about_it = !refused_.empty() && reason.find(refused_) != std::string::npos;
-    return about_it ? reason + " (" + complaint_ + ")" : reason;
+    for (const auto& [name, why] : refused_) {
+        const bool about_it = reason.find(name + '"') != std::string::npos;
+        if (about_it) return std::string(reason).append(" (").append(why).append(")");
+    }
+    return reason;
 }
 
 std::string SceneFolder::refuse(const std::string& name, const std::string& why) {
-    refused_ = name;
-    complaint_ = why.compare(0, name.size(), name) == 0 ? why : name + ": " + why;
+    refused_[name] = why;
     return "";
 }
 

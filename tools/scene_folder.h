@@ -41,9 +41,7 @@ public:
     /// The files that were asked for, also those that are not there.
     const std::vector<std::string>& files() const { return files_; }
 
-    /// Why nothing was found for the last such name, "NAME: why"; empty when all were found.
-    const std::string& complaint() const { return complaint_; }
-    /// @p reason, and behind it the complaint, when it is about a name of which that tells.
+    /// @p reason, and behind it why there is nothing of a name in it.
     std::string explained(const std::string& reason) const;
 
 private:
@@ -62,7 +60,7 @@ private:
     std::string written_;  // the scene's folder as the command line calls it
     std::filesystem::path folder_;
     std::vector<std::string> files_;
-    std::string refused_, complaint_;  // the name, and why
+    std::map<std::string, std::string> refused_;  // names, and why
     std::map<std::string, CanvasPtr> pictures_;
     long long pixels_ = 0;  // of all pictures
     std::map<std::string, std::unique_ptr<orvel_theme>> themes_;

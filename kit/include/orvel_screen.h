@@ -176,16 +176,30 @@ ORVEL_API const char* kit_screen_describe(kit_screen* screen);
 /**
  * What a careful look would find wrong, one line for each, "FILE:LINE:COLUMN: PATH: KIND: ...":
  *  - overflow: a node lies partly or wholly outside its parent, and is cut;
- *  - cut: words do not fit, and end in an ellipsis or lose lines;
+ *  - cut: words, a picture, an icon, a circle or the legend of a chart do not fit in their box;
  *  - missing: characters that the face lacks;
  *  - contrast: words that stand out too little from their ground (WCAG 2.2, 1.4.3);
- *  - target: a control with a side below 24 pixels (WCAG 2.2, 2.5.8);
- *  - unknown: a picture or an icon that there is not.
+ *  - target: a control that can be used, having an id or a value of the data, and that has a side
+ *    below 24 pixels (WCAG 2.2, 2.5.8) which the kit would not make so small;
+ *  - range: a number outside its range; a "selected" or "show" of what there is not, but for -1;
+ *  - id: an id that another node of the same file has, too;
+ *  - name: one in a condition, or with a fallback, that neither the data nor the sample have;
+ *  - unknown: a picture or an image that there is not.
  *
  * @return borrowed until the next call, empty when there is nothing; null for null and where memory
  * runs out.
  */
 ORVEL_API const char* kit_screen_report(kit_screen* screen);
+
+/**
+ * As kit_screen_report(), of the screen on a panel: contrast is that of the nearest colours that it
+ * has, and where few are dithered, words in a mixed one become dots.
+ *
+ * @param panel  borrowed, its plane and turns without a say; may be null, which has every colour.
+ * @return borrowed until the next call; null for null, for what is no format, and where memory runs
+ * out.
+ */
+ORVEL_API const char* kit_screen_report_on(kit_screen* screen, const kit_format* panel);
 
 /**
  * The box of the first node with this id ("target", in a repetition "day[2]"), as it lies on the

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "screen/condition.h"
+#include "screen/values.h"
 
 namespace kit {
 namespace {
@@ -17,9 +18,19 @@ struct Around {
     const std::string& suffix;  // of ids in repetitions, "[2]"
 };
 
+/// The least and the most may come from the data.
+void check_bounds(const Trail& trail, const Value& written, const Node& node) {
+    for (const std::size_t axis : {0U, 1U}) {
+        const int least = node.least[axis], most = node.most[axis];
+        if (least > most) {
+            refuse_bounds(trail, written, std::to_string(least), std::to_string(most));
+        }
+    }
+}
+
 class Builder {
 public:
-    explicit Builder(const Sources& sources) : sources_(sources) {}
+    Builder(const Sources& sources, Names* names) : sources_(sources), names_(names) {}
 
     void scene(const Source& source, const Around& around);
 
@@ -36,9 +47,10 @@ private:
                   const Around& around);
     void list(const Trail& trail, const Value& content, const Around& around);
     void include(const Trail& trail, const Value& written, const Value& name, const Around& around);
-    Reading reading(const Scope& scope) { return {sources_, scope, budget_}; }
+    Reading reading(const Scope& scope) { return {sources_, scope, budget_, names_}; }
 
     const Sources& sources_;
+    Names* names_;
     Budget budget_;
 };
 
@@ -88,6 +100,7 @@ void Builder::one(const Trail& trail, const Value& written, const Around& around
         Condition condition;
         std::string why;
         read_condition(text->text, condition, why);
+        if (names_) names_->ask(trail.into("if"), text->place, condition.path, around.scope);
         if (!holds(condition, around.scope)) return;
     }
     if (count_of(nodes) == kMostNodes) refuse(trail, written.place, "found more than 10000 nodes");
@@ -101,6 +114,7 @@ void Builder::one(const Trail& trail, const Value& written, const Around& around
     if (const Value* id = written.find("id")) node.id = id->text + around.suffix;
     keys(trail, written, content, around.scope, node);
     finish(node);
+    check_bounds(trail, written, node);
     const int number = count_of(nodes);
     const Look look = node.look;
     nodes.push_back(std::move(node));
@@ -151,9 +165,10 @@ void Builder::list(const Trail& trail, const Value& content, const Around& aroun
              {around.scope, around.look, around.parent, slot, around.suffix});
         ++slot;
     }
-    const int show = at(nodes, around.parent).show;
+    Node& parent = at(nodes, around.parent);
+    const int show = parent.show;
     if (show == kAll) return;
-    int number = 0;
+    int& number = parent.shown_of;
     for (int i = around.parent + 1; i < count_of(nodes); i = at(nodes, i).end) {
         const bool shows = number++ == show;
         for (int k = i; !shows && k < at(nodes, i).end; ++k) at(nodes, k).hidden = true;
@@ -174,8 +189,8 @@ void Builder::include(const Trail& trail, const Value& written, const Value& nam
 
 }  // namespace
 
-Nodes build(const Sources& sources, const Value& data) {
-    Builder builder(sources);
+Nodes build(const Sources& sources, const Value& data, Names* names) {
+    Builder builder(sources, names);
     Look look;
     orvel_theme_default(&look.theme);
     look.face = kit_sans_12();

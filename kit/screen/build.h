@@ -2,13 +2,15 @@
 #pragma once
 
 #include "screen/data.h"
+#include "screen/names.h"
 #include "screen/node.h"
 #include "screen/sources.h"
 
 namespace kit {
 
-/// The nodes of the first scene, with these data; refuses what does not fit.
-Nodes build(const Sources& sources, const Value& data);
+/// The nodes of the first scene, with these data; refuses what does not fit. @p names, unless it is
+/// null, is told what is asked for.
+Nodes build(const Sources& sources, const Value& data, Names* names = nullptr);
 
 /// What one build may copy of data and texts, so that repetitions cannot multiply them.
 class Budget {
@@ -25,6 +27,7 @@ struct Reading {
     const Sources& sources;
     const Scope& scope;
     Budget& budget;
+    Names* names;
 
     /// The value of a key with its references looked up, deep inside lists and objects, too;
     /// refuses one that is not of this type.

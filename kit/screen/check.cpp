@@ -82,6 +82,35 @@ void Checker::children(const Trail& trail, Type type, const Value& value) {
     for (const Value& child : value.items) node(trail.into(item++), child);
 }
 
+/// Keys that another has to stand beside, or that it leaves without effect.
+void check_beside(const Trail& trail, const Value& node) {
+    const auto refuse_key = [&](const char* key, const char* other, const char* how) {
+        refuse(trail, node.find(key)->key_place,
+               "found " + in_quotes(key) + how + in_quotes(other));
+    };
+    for (const auto& [key, needed] : {std::pair{"as", "each"}, {"lines", "wrap"}}) {
+        if (node.find(key) && !node.find(needed)) refuse_key(key, needed, " without ");
+    }
+    for (const char* key : {"values", "color"}) {
+        const bool lost = node.find("chart") && node.find("series") && node.find(key);
+        if (lost) refuse_key(key, "series", " without effect beside ");
+    }
+}
+
+/// The least and the most, as far as both are written, and alike.
+void check_bounds(const Trail& trail, const Value& node) {
+    const Value *least = node.find("min"), *most = node.find("max");
+    if (!least || !most) return;
+    const auto compare = [&](const Value& low, const Value& high) {
+        const bool numbers = low.kind == Kind::Number && high.kind == Kind::Number;
+        if (numbers && low.number > high.number) refuse_bounds(trail, node, low.text, high.text);
+    };
+    compare(*least, *most);
+    for (std::size_t i = 0; i < std::min(least->items.size(), most->items.size()); ++i) {
+        compare(least->items[i], most->items[i]);
+    }
+}
+
 void Checker::node(const Trail& trail, const Value& node) {
     const KindSpec* kind = nullptr;
     const Value& content = kind_of(trail, node, kind);
@@ -97,9 +126,8 @@ void Checker::node(const Trail& trail, const Value& node) {
                        did_you_mean(value.key, key_names(kind->keys)));
         }
     }
-    if (node.find("as") && !node.find("each")) {
-        refuse(trail, node.find("as")->key_place, "found \"as\" without \"each\"");
-    }
+    check_beside(trail, node);
+    check_bounds(trail, node);
 }
 
 void Checker::include(const Trail& trail, const Value& name) {

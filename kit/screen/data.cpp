@@ -152,8 +152,21 @@ const Value* look_up(const Path& path, const Scope& scope) {
     return value && value->kind != Kind::Null ? value : nullptr;
 }
 
+bool may_be_there(const Path& path, const Scope& scope) {
+    const Value* value = named(path.front().name, scope);
+    if (!value) return false;
+    for (auto step = path.begin() + 1; step != path.end() && value->kind != Kind::Null; ++step) {
+        const Value* next = step_into(*value, *step);
+        if (!next) return step->name.empty() && value->kind == Kind::List;
+        value = next;
+    }
+    return true;
+}
+
+std::string written(const Path& path) { return written(path.begin(), path.end()); }
+
 std::string missing(const Path& path, const Scope& scope) {
-    const std::string whole = written(path.begin(), path.end());
+    const std::string whole = written(path);
     const Value* value = named(path.front().name, scope);
     if (!value) {
         return "there is no " + whole + " in the data" +
@@ -183,7 +196,7 @@ std::string missing(const Path& path, const Scope& scope) {
 bool set_value(Value& root, const Path& path, Value value, std::string& why) {
     why = obstacle(root, path);
     if (why.empty() && path.size() + depth_of(value) > kMostDepth) {
-        why = written(path.begin(), path.end()) + " would lie too deep";
+        why = written(path) + " would lie too deep";
     }
     if (!why.empty()) return false;
     Value* at = &root;

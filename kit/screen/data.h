@@ -57,6 +57,13 @@ bool read_template(std::string_view text, Template& result, std::string& why);
 /// The value at the end of a path; null where there is none. What is null counts as missing.
 const Value* look_up(const Path& path, const Scope& scope);
 
+/// Whether data of this shape have such a value, though it may be null in these, or in a list that
+/// is shorter now.
+bool may_be_there(const Path& path, const Scope& scope);
+
+/// "now.temp", "days[2].name"
+std::string written(const Path& path);
+
 /// "there is no now.tmp; did you mean now.temp?"
 std::string missing(const Path& path, const Scope& scope);
 

@@ -90,6 +90,25 @@ void set_flag(bool on, unsigned flag, unsigned& flags) {
 void set_range(const Value& value, Node& node) {
     node.low = value.items[0].number;
     node.high = value.items[1].number;
+    node.ends = {value.items[0].text, value.items[1].text};
+}
+
+/// Whether a value is one of the data and nothing else, so that a control can change it.
+bool is_one_of_the_data(const Value& written) {
+    Template parts;
+    std::string why;
+    if (written.kind != Kind::String || !read_template(written.text, parts, why)) return false;
+    const Reference* whole = parts.whole();
+    return whole && whole->decimals < 0 && !whole->fallback;
+}
+
+bool changes_its_content(const Node& node) {
+    for (const int kind :
+         {ORVEL_WIDGET_TOGGLE, ORVEL_WIDGET_SLIDER, ORVEL_WIDGET_TEXTBOX, ORVEL_WIDGET_DROPDOWN,
+          ORVEL_WIDGET_RATING, ORVEL_WIDGET_STEPPER, ORVEL_WIDGET_SEARCH}) {
+        if (node.is_widget(kind)) return true;
+    }
+    return false;
 }
 
 /// The keys that shape the box.
@@ -127,9 +146,7 @@ bool set_layout(const Value& value, const KeySpec& key, Node& node) {
         node.scrolled = value.kind == Kind::Number ? whole(value) : 0;
         return true;
     case Key::Wrap: node.wrap = value.truth; return true;
-    case Key::Show:
-        node.show = nearest_int(value) < 0 ? kMostSide : nearest_int(value);
-        return true;
+    case Key::Show: node.show = nearest_int(value); return true;
     case Key::Lines: node.lines = whole(value); return true;
     case Key::Size: node.size = whole(value); return true;
     default: return false;
@@ -152,7 +169,7 @@ void set_drawn(const Value& value, const KeySpec& key, Node& node) {
     case Key::Series: node.series = series_of(value, node.look); return;
     case Key::Values: node.numbers = numbers_of(value); return;
     case Key::Labels: node.hint = joined(value); return;
-    case Key::Decimals: node.decimals = std::min(whole(value), 9); return;
+    case Key::Decimals: node.decimals = whole(value); return;
     case Key::Axes: return set_flag(value.truth, KIT_CHART_AXES, node.parts);
     case Key::Legend: return set_flag(value.truth, KIT_CHART_LEGEND, node.parts);
     default: return;  // GCOVR_EXCL_LINE: all others shape the box, or are not for set_key()
@@ -185,6 +202,9 @@ void finish(Node& node) {
     if (!(node.low < node.high)) {
         node.low = 0;
         node.high = node.is_widget(ORVEL_WIDGET_RATING) ? 5 : 1;
+        if (!node.is_widget(ORVEL_WIDGET_STEPPER)) {  // whose number may be any
+            node.ends = {"0", node.is_widget(ORVEL_WIDGET_RATING) ? "5" : "1"};
+        }
     }
     const double size = node.high - node.low;
     node.value = (node.value - node.low) / size;
@@ -203,12 +223,15 @@ void set_key(const Reading& reading, const Trail& trail, const Value& written, c
         to = reading.words(trail, written);
         return;
     }
+    const bool chosen = key.key == Key::On || key.key == Key::Selected;
+    if (chosen && is_one_of_the_data(written)) node.bound = true;
     const Value value = reading.value(trail, key.type, written);
     if (!set_layout(value, key, node)) set_drawn(value, key, node);
 }
 
 void set_content(const Reading& reading, const Trail& trail, const Value& written, Node& node) {
     const Type type = node.kind->value;
+    if (changes_its_content(node) && is_one_of_the_data(written)) node.bound = true;
     if (type == Type::Words) {
         node.text = reading.words(trail, written);
         if (node.is_widget(ORVEL_WIDGET_IMAGE) && !is_inside_name(node.text)) {

@@ -92,7 +92,7 @@ constexpr KeySpec kKeys[] = {
     {"values", Key::Values, Type::Numbers, kChart},
     {"labels", Key::Labels, Type::Items, kChart},
     {"unit", Key::Unit, Type::Words, kChart},
-    {"decimals", Key::Decimals, Type::Whole, kChart},
+    {"decimals", Key::Decimals, Type::Digit, kChart},
     {"axes", Key::Axes, Type::Truth, kChart},
     {"legend", Key::Legend, Type::Truth, kChart},
     {"with", Key::With, Type::With, kInclude},
@@ -151,6 +151,7 @@ std::string_view expected(Type type) {
     case Type::Side: return "0 to 32767 pixels";
     case Type::Length: return "1 to 32767";
     case Type::Whole: return "0 to 32767";
+    case Type::Digit: return "0 to 9";
     case Type::Index: return "a whole number";
     case Type::Pad: return "pixels: n, [vertical, horizontal] or [top, right, bottom, left]";
     case Type::Gap: return "pixels: n or [along, across]";

@@ -37,6 +37,7 @@ enum class Type {
     Side,       // pixels, 0 to 32767
     Length,     // pixels, 1 to 32767
     Whole,      // 0 to 32767
+    Digit,      // 0 to 9
     Index,      // a whole number
     Pad,        // n, [vertical, horizontal] or four from the top clockwise
     Gap,        // n or [along, across]

@@ -1,6 +1,9 @@
 #include "screen/look.h"
 
+#include <algorithm>
 #include <iterator>
+
+#include "screen/contrast.h"
 
 namespace kit {
 namespace {
@@ -63,6 +66,17 @@ bool read_color(std::string_view text, const Look& look, orvel_color& color) {
     }
     if (text == kQuiet) color = quiet_of(look.theme);
     return text == kQuiet;
+}
+
+orvel_color quiet_of(const orvel_theme& theme) {
+    constexpr int kFarthest = 45;  // percent of the way to the background
+    for (int percent = kFarthest; percent > 0; --percent) {
+        const orvel_color color = kit_mix(theme.text, theme.background, percent);
+        const int least =
+            std::min(contrast_of(color, theme.background), contrast_of(color, theme.surface));
+        if (least >= kLeastContrast) return color;
+    }
+    return theme.text;
 }
 
 std::vector<std::string_view> role_names() {

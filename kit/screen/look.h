@@ -33,9 +33,8 @@ bool named_theme(const kit_screen_host& host, const std::string& name, orvel_the
 /// A face of the kit's or of the host's; null where there is none of that name.
 const kit_face* named_face(const kit_screen_host& host, const std::string& name);
 
-/// The colour of words that stand back.
-inline orvel_color quiet_of(const orvel_theme& theme) {
-    return kit_mix(theme.text, theme.background, 45);
-}
+/// The colour of words that stand back: the text mixed with the background, as far as it can still
+/// be read on the background and on surfaces.
+orvel_color quiet_of(const orvel_theme& theme);
 
 }  // namespace kit

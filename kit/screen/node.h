@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <climits>
 #include <string>
 #include <vector>
 
@@ -31,7 +32,7 @@ enum Axis { kAcross = 0, kDown = 1 };
 using Pair = std::array<int, 2>;
 
 constexpr int kNoSide = -1;
-constexpr int kAll = -1;
+constexpr int kAll = INT_MIN;
 
 struct Node {
     const KindSpec* kind = nullptr;
@@ -55,12 +56,15 @@ struct Node {
     Justify justify = Justify::Start;
     bool scroll = false, wrap = false, hidden = false;
     int scrolled = 0;
-    int show = kAll;  // the only child that shows
-    int lines = 0;    // of a paragraph at the most
+    int show = kAll;  // the only child that shows, of so many
+    int shown_of = 0;
+    int lines = 0;  // of a paragraph at the most
 
     // What it shows.
     std::string text, hint, icon, unit;
-    std::string written;  // a number, as it was
+    std::string written;              // a number, as it was
+    std::array<std::string, 2> ends;  // of the range, as they were
+    bool bound = false;               // to a value, which it changes
     double value = 0;
     int amount = 0, size = 0, decimals = 0;
     unsigned state = 0, parts = 0;
@@ -118,6 +122,8 @@ inline bool same(const kit_box& a, const kit_box& b) {
 
 /// The widget that a node is drawn as.
 kit_widget widget_of(const Node& node);
+/// The chart, whose series are in @p all.
+kit_chart chart_of(const Node& node, std::vector<kit_series>& all);
 
 /// Gives every node its box on a screen of this size.
 void lay_out(Nodes& nodes, int width, int height);
@@ -143,6 +149,7 @@ kit_box difference(const Nodes& before, const Nodes& after);
 kit_box whole_nodes(const Nodes& nodes, kit_box damage);
 
 std::string describe(const Nodes& nodes);
-std::string report(const Nodes& nodes);
+/// What is wrong with the nodes, as the panel shows them.
+std::string report(const Nodes& nodes, const kit_format* panel);
 
 }  // namespace kit

@@ -94,27 +94,8 @@ kit_series series_of(const NodeSeries& from) {
 
 bool Brush::chart() const {
     std::vector<kit_series> all;
-    for (const NodeSeries& one : node_.series) all.push_back(series_of(one));
-    if (all.empty()) {
-        kit_series series = {};
-        series.values = node_.numbers.data();
-        series.count = static_cast<int>(node_.numbers.size());
-        if (node_.color.there) series.color = node_.color.color;
-        all.push_back(series);
-    }
-    kit_chart chart = {};
-    chart.kind = node_.shape;
+    kit_chart chart = chart_of(node_, all);
     chart.box = inside_;
-    chart.series = all.data();
-    chart.count = static_cast<int>(all.size());
-    chart.low = node_.low;
-    chart.high = node_.high;
-    chart.parts = node_.parts;
-    if (!node_.hint.empty()) chart.parts |= KIT_CHART_LABELS;
-    chart.decimals = node_.decimals;
-    chart.unit = node_.unit.c_str();
-    chart.labels = node_.hint.c_str();
-    chart.face = node_.look.face;
     return kit_chart_draw(canvas_, &node_.look.theme, &chart) == 0;
 }
 
@@ -182,6 +163,32 @@ bool draw_all(const Nodes& nodes, orvel_canvas* canvas, const kit_box& part) {
 }
 
 }  // namespace
+
+kit_chart chart_of(const Node& node, std::vector<kit_series>& all) {
+    for (const NodeSeries& one : node.series) all.push_back(series_of(one));
+    if (all.empty()) {
+        kit_series series = {};
+        series.values = node.numbers.data();
+        series.count = static_cast<int>(node.numbers.size());
+        series.name = "";
+        if (node.color.there) series.color = node.color.color;
+        all.push_back(series);
+    }
+    kit_chart chart = {};
+    chart.kind = node.shape;
+    chart.box = node.inside();
+    chart.series = all.data();
+    chart.count = static_cast<int>(all.size());
+    chart.low = node.low;
+    chart.high = node.high;
+    chart.parts = node.parts;
+    if (!node.hint.empty()) chart.parts |= KIT_CHART_LABELS;
+    chart.decimals = node.decimals;
+    chart.unit = node.unit.c_str();
+    chart.labels = node.hint.c_str();
+    chart.face = node.look.face;
+    return chart;
+}
 
 bool paints(const Node& node) {
     if (node.ground.there || node.edge.there || node.frames()) return true;

@@ -30,6 +30,7 @@ Value Reading::evaluated(const Trail& trail, const Value& written) const {
         Value room;
         std::string why;
         read_template(written.text, parts, why);  // which the check has found good
+        if (names) names->ask(trail, written.place, parts, scope);
         const Value* value = evaluate(parts, scope, room, why);
         if (!value) refuse(trail, written.place, why);
         budget.spend(trail, written.place, bytes_of(*value));
@@ -67,6 +68,7 @@ std::string Reading::words(const Trail& trail, const Value& written) const {
     Template parts;
     std::string text, why;
     read_template(written.text, parts, why);
+    if (names) names->ask(trail, written.place, parts, scope);
     if (!fill(parts, scope, text, why)) refuse(trail, written.place, why);
     budget.spend(trail, written.place, text.size());
     return text;

@@ -1,49 +1,19 @@
 // What a careful look would find wrong with a screen.
 #include <algorithm>
-#include <cstdint>
+#include <map>
+#include <new>
 #include <string>
+#include <utility>
+#include <vector>
 
+#include "screen/contrast.h"
+#include "screen/fits.h"
 #include "screen/node.h"
+#include "screen/number.h"
+#include "screen/shown.h"
 
 namespace kit {
 namespace {
-
-// The light of a channel, 0 to 65535, by the curve of sRGB (IEC 61966-2-1).
-constexpr int kLight[256] = {
-    0,     20,    40,    60,    80,    99,    119,   139,   159,   179,   199,   219,   241,
-    264,   288,   313,   340,   367,   396,   427,   458,   491,   526,   562,   599,   637,
-    677,   718,   761,   805,   851,   898,   947,   997,   1048,  1101,  1156,  1212,  1270,
-    1330,  1391,  1453,  1517,  1583,  1651,  1720,  1790,  1863,  1937,  2013,  2090,  2170,
-    2250,  2333,  2418,  2504,  2592,  2681,  2773,  2866,  2961,  3058,  3157,  3258,  3360,
-    3464,  3570,  3678,  3788,  3900,  4014,  4129,  4247,  4366,  4488,  4611,  4736,  4864,
-    4993,  5124,  5257,  5392,  5530,  5669,  5810,  5953,  6099,  6246,  6395,  6547,  6700,
-    6856,  7014,  7174,  7335,  7500,  7666,  7834,  8004,  8177,  8352,  8528,  8708,  8889,
-    9072,  9258,  9445,  9635,  9828,  10022, 10219, 10417, 10619, 10822, 11028, 11235, 11446,
-    11658, 11873, 12090, 12309, 12530, 12754, 12980, 13209, 13440, 13673, 13909, 14146, 14387,
-    14629, 14874, 15122, 15371, 15623, 15878, 16135, 16394, 16656, 16920, 17187, 17456, 17727,
-    18001, 18277, 18556, 18837, 19121, 19407, 19696, 19987, 20281, 20577, 20876, 21177, 21481,
-    21787, 22096, 22407, 22721, 23038, 23357, 23678, 24002, 24329, 24658, 24990, 25325, 25662,
-    26001, 26344, 26688, 27036, 27386, 27739, 28094, 28452, 28813, 29176, 29542, 29911, 30282,
-    30656, 31033, 31412, 31794, 32179, 32567, 32957, 33350, 33745, 34143, 34544, 34948, 35355,
-    35764, 36176, 36591, 37008, 37429, 37852, 38278, 38706, 39138, 39572, 40009, 40449, 40891,
-    41337, 41785, 42236, 42690, 43147, 43606, 44069, 44534, 45002, 45473, 45947, 46423, 46903,
-    47385, 47871, 48359, 48850, 49344, 49841, 50341, 50844, 51349, 51858, 52369, 52884, 53401,
-    53921, 54445, 54971, 55500, 56032, 56567, 57105, 57646, 58190, 58737, 59287, 59840, 60396,
-    60955, 61517, 62082, 62650, 63221, 63795, 64372, 64952, 65535,
-};
-
-/// 0 to 655350000.
-std::int64_t light_of(orvel_color color) {
-    return std::int64_t{2126} * kLight[color.r] + std::int64_t{7152} * kLight[color.g] +
-           std::int64_t{722} * kLight[color.b];
-}
-
-/// The contrast of two colours as WCAG 2.2 defines it, in tenths, cut.
-int contrast_of(orvel_color a, orvel_color b) {
-    constexpr std::int64_t kFlare = 655350000 / 20;
-    const std::int64_t first = light_of(a) + kFlare, second = light_of(b) + kFlare;
-    return static_cast<int>(10 * std::max(first, second) / std::min(first, second));
-}
 
 std::string tenths(int number) {
     return std::to_string(number / 10) + '.' + std::to_string(number % 10);
@@ -86,16 +56,44 @@ bool is_control(const Node& node) {
     return false;
 }
 
+/// How many of a list of numbers lie outside; those that are missing do not.
+int outside(const std::vector<double>& numbers, double low, double high) {
+    return static_cast<int>(std::count_if(numbers.begin(), numbers.end(), [=](double number) {
+        return number < low || number > high;
+    }));
+}
+
+int items_of(const std::string& joined) {
+    return joined.empty() ? 0 : static_cast<int>(std::count(joined.begin(), joined.end(), '|')) + 1;
+}
+
+std::string hex(orvel_color color) {
+    constexpr char kDigits[] = "0123456789abcdef";
+    std::string text = "#";
+    for (const int channel : {color.r, color.g, color.b}) {
+        text += kDigits[channel / 16];
+        text += kDigits[channel % 16];
+    }
+    return text;
+}
+
 class Reporter {
 public:
-    explicit Reporter(const Nodes& nodes) : nodes_(nodes) {}
+    Reporter(const Nodes& nodes, const kit_format* panel) : nodes_(nodes), panel_(panel) {}
 
     void node(int i) {
         const Node& node = at(nodes_, i);
+        id(i, node);
+        if (node.hidden) return;
         if (node.parent >= 0) overflow(i, node, at(nodes_, node.parent));
         if (node.unknown) tell(i, "unknown: there is no " + in_quotes(node.text));
         if (is_empty(node.visible)) return;
+        chosen(i, node);
+        range(i, node);
         words(i, node);
+        const std::string what = lost(node);
+        if (!what.empty()) tell(i, "cut: " + what);
+        contrast(i, node);
         target(i, node);
     }
 
@@ -105,6 +103,19 @@ private:
     void tell(int i, const std::string& what) {
         const Node& node = at(nodes_, i);
         text += kit::line_of(*node.source, node.place, path_of(nodes_, i), what) + '\n';
+    }
+
+    /// Ids that two nodes of one scene file have; what is included twice has its own each time.
+    void id(int i, const Node& node) {
+        if (node.id.empty()) return;
+        int include = node.parent;
+        while (include >= 0 && !at(nodes_, include).is(Sort::Include)) {
+            include = at(nodes_, include).parent;
+        }
+        const auto [first, fresh] = ids_.try_emplace({include, node.id}, i);
+        if (fresh) return;
+        tell(i, "id: " + in_quotes(node.id) + " is that of " + path_of(nodes_, first->second) +
+                    ", too");
     }
 
     void overflow(int i, const Node& node, const Node& parent) {
@@ -121,63 +132,91 @@ private:
         }
     }
 
+    /// -1 chooses none.
+    void choice(int i, const char* key, int number, int count) {
+        if (number >= -1 && number < std::max(count, 1)) return;
+        const std::string most = count > 1 ? " to " + std::to_string(count - 1) : "";
+        tell(i,
+             "range: " + in_quotes(key) + " is " + std::to_string(number) + ", expected 0" + most);
+    }
+
+    void chosen(int i, const Node& node) {
+        if (node.show != kAll) choice(i, "show", node.show, node.shown_of);
+        if (node.kind->value == Type::Items)
+            choice(i, "selected", node.amount, items_of(node.text));
+    }
+
+    void range(int i, const Node& node) {
+        const auto& [low, high] = node.ends;
+        if (low.empty()) return;
+        const std::string& number = node.is_widget(ORVEL_WIDGET_STEPPER) ? node.text : node.written;
+        const bool beyond = is_number(number) &&
+                            (compare_numbers(number, low) < 0 || compare_numbers(number, high) > 0);
+        const bool chart = node.is(Sort::Chart);  // others keep their numbers as parts of the range
+        int count = outside(node.numbers, chart ? node.low : 0, chart ? node.high : 1);
+        for (const NodeSeries& one : node.series) count += outside(one.values, node.low, node.high);
+        const std::string range = " outside " + low + " to " + high;
+        if (beyond) tell(i, "range: " + number + " lies" + range);
+        const char* const lie = count == 1 ? " of its values lies" : " of its values lie";
+        if (count > 0) tell(i, "range: " + std::to_string(count) + lie + range);
+    }
+
     void words(int i, const Node& node) {
         const bool names_a_file = node.is(Sort::Picture) || node.is_widget(ORVEL_WIDGET_IMAGE);
         const std::string& shown = node.text;
         if (shown.empty() || names_a_file || node.is(Sort::Icon)) return;
         const int missing = kit_text_missing(node.look.face, shown.c_str());
-        if (missing > 0) {
-            tell(i, "missing: " + std::to_string(missing) + " characters of " + in_quotes(shown) +
-                        " are not in the face");
-        }
-        if (is_cut(node)) tell(i, "cut: " + in_quotes(shown) + " does not fit");
-        contrast(i, node);
-    }
-
-    static bool is_cut(const Node& node) {
-        if (node.is(Sort::Text) && node.wrap) {
-            Node whole = node;
-            whole.lines = 0;
-            const int height = want_of(whole, kDown);
-            return height > node.inside().h || height > want_of(node, kDown);
-        }
-        const bool scrolls =
-            node.is_widget(ORVEL_WIDGET_TEXTBOX) || node.is_widget(ORVEL_WIDGET_SEARCH);
-        if (scrolls || node.frames()) return false;
-        return want_of(node, kAcross) > node.inside().w;
+        if (missing == 0) return;
+        tell(i, "missing: " + std::to_string(missing) + " characters of " + in_quotes(shown) +
+                    " are not in the face");
     }
 
     void contrast(int i, const Node& node) {
         constexpr int kLargeCap = 17;  // the capitals of letters of 24 pixels
-        if (!node.is(Sort::Text)) return;
+        const bool has_words = node.is(Sort::Text) || node.is_widget(ORVEL_WIDGET_LABEL);
+        if (!has_words || node.text.empty()) return;
         const Paint ground = node.ground.there ? node.ground : ground_of(nodes_, i);
         if (!ground.there) return;
         const orvel_color ink = node.color.there ? node.color.color : node.look.theme.text;
-        const int least = kit_face_cap(node.look.face) < kLargeCap ? 45 : 30;
-        const int there = contrast_of(ink, ground.color);
+        const orvel_color shown = panel_.shown(ink);
+        const bool mixed = shown.r != ink.r || shown.g != ink.g || shown.b != ink.b;
+        if (panel_.mixes() && mixed) {
+            return tell(i,
+                        "contrast: " + hex(ink) + " is no colour of the panel, and becomes dots");
+        }
+        const bool large = kit_face_cap(node.look.face) >= kLargeCap;
+        const int least = large ? kLeastLargeContrast : kLeastContrast;
+        const int there = contrast_of(shown, panel_.shown(ground.color));
         if (there < least) {
             tell(i, "contrast: " + tenths(there) + " to 1, " + tenths(least) + " is the least");
         }
     }
 
+    /// What can be used may be smaller only where the kit makes it so.
     void target(int i, const Node& node) {
         constexpr int kLeast = 24;
         const bool small = node.box.w < kLeast || node.box.h < kLeast;
-        if (!small || !is_control(node) || (node.state & KIT_DISABLED) != 0) return;
+        const bool used = is_control(node) && (node.bound || !node.id.empty()) &&
+                          (node.state & KIT_DISABLED) == 0;
+        if (!small || !used) return;
+        kit_widget widget = widget_of(node);
+        int w = 0, h = 0;
+        if (kit_size(&widget, &w, &h) != 0) throw std::bad_alloc();
+        if (node.box.w >= std::min(w, kLeast) && node.box.h >= std::min(h, kLeast)) return;
         tell(i, "target: " + std::to_string(node.box.w) + " x " + std::to_string(node.box.h) +
                     " pixels, 24 x 24 are the least");
     }
 
     const Nodes& nodes_;
+    const Panel panel_;
+    std::map<std::pair<int, std::string>, int> ids_;
 };
 
 }  // namespace
 
-std::string report(const Nodes& nodes) {
-    Reporter reporter(nodes);
-    for (int i = 0; i < count_of(nodes); ++i) {
-        if (!at(nodes, i).hidden) reporter.node(i);
-    }
+std::string report(const Nodes& nodes, const kit_format* panel) {
+    Reporter reporter(nodes, panel);
+    for (int i = 0; i < count_of(nodes); ++i) reporter.node(i);
     return reporter.text;
 }
 

@@ -92,6 +92,19 @@ kit_screen* opened(kit_screen made, std::string_view text, const char* data) {
     return new kit_screen(std::move(made));
 }
 
+/// What the scene may go without, and neither the data nor its sample have.
+std::string unknown_names(const kit_screen& screen) {
+    Names names;
+    build(screen.sources, screen.data, &names);
+    if (const Value* sample = screen.sources.first().document.find("sample")) {
+        try {
+            build(screen.sources, *sample, &names);
+        } catch (const Refused&) {  // as far as it goes
+        }
+    }
+    return names.report();
+}
+
 /// How deep lists and objects lie in each other.
 int depth_of(const Value& value) {
     int deepest = 0;
@@ -255,10 +268,12 @@ const char* kit_screen_describe(kit_screen* screen) {
     });
 }
 
-const char* kit_screen_report(kit_screen* screen) {
-    if (!screen) return nullptr;
+const char* kit_screen_report(kit_screen* screen) { return kit_screen_report_on(screen, nullptr); }
+
+const char* kit_screen_report_on(kit_screen* screen, const kit_format* panel) {
+    if (!screen || (panel && kit_pixels_stride(panel, 1) == 0)) return nullptr;
     return guarded<const char*>(nullptr, nullptr, 0, [&] {
-        screen->said = report(screen->nodes);
+        screen->said = report(screen->nodes, panel) + unknown_names(*screen);
         return screen->said.c_str();
     });
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 #include "screen/look.h"
 #include "screen/refusal.h"
@@ -78,12 +79,19 @@ bool is_number_or_null(const Value& value) {
 
 bool is_numbers(const Value& value) { return all_of(value, is_number_or_null); }
 
+/// What a member of a series has to be, if there is one of that name.
+std::optional<Type> type_in_series(std::string_view key) {
+    if (key == "values") return Type::Numbers;
+    if (key == "name") return Type::Words;
+    if (key == "color") return Type::Color;
+    return std::nullopt;
+}
+
 bool is_one_series(const Value& value) {
     if (value.kind != Kind::Object || !value.find("values")) return false;
     return std::all_of(value.items.begin(), value.items.end(), [](const Value& member) {
-        if (member.key == "values") return is_numbers(member);
-        if (member.key == "name") return is_words(member);
-        return member.key == "color" && is_color(member);
+        const std::optional<Type> type = type_in_series(member.key);
+        return type && fits(*type, member);
     });
 }
 
@@ -93,9 +101,10 @@ bool is_choice(Type type, const Value& value) {
            std::find(choices.begin(), choices.end(), value.text) != choices.end();
 }
 
+constexpr std::size_t kMostSeries = 32;  // that a chart draws
+
 bool is_series(const Value& value) {
-    constexpr std::size_t kMost = 32;  // that a chart draws
-    return all_of(value, is_one_series) && value.items.size() <= kMost;
+    return all_of(value, is_one_series) && value.items.size() <= kMostSeries;
 }
 
 bool is_nothing(const Value& value) {
@@ -131,6 +140,33 @@ void refuse_item(const Trail& trail, Type type, const Value& value) {
                                                       : ", expected a number or null"));
         }
         ++number;
+    }
+}
+
+void check_in_series(const Trail& trail, const Value& member) {
+    const std::optional<Type> type = type_in_series(member.key);
+    if (!type) {
+        refuse(trail, member.key_place,
+               "unknown key of a series" + did_you_mean(member.key, {"values", "name", "color"}));
+    }
+    if (!fits(*type, member)) refuse_misfit(trail, *type, member);
+}
+
+/// The first thing that a list of series may not have.
+void refuse_series(const Trail& trail, const Value& list) {
+    if (list.items.size() > kMostSeries) {
+        refuse(trail, list.place,
+               "found " + std::to_string(list.items.size()) + " series, 32 are the most");
+    }
+    int number = 0;
+    for (const Value& one : list.items) {  // GCOVR_EXCL_BR_LINE: one of them is wrong
+        const Trail into = trail.into(number++);
+        if (one.kind != Kind::Object) {
+            refuse(into, one.place,
+                   found(one) + ", expected an object with values, name and color");
+        }
+        for (const Value& member : one.items) check_in_series(into.into(member.key), member);
+        if (!one.find("values")) refuse(into, one.place, "found a series without \"values\"");
     }
 }
 
@@ -173,6 +209,7 @@ bool fits(Type type, const Value& value) {
     case Type::Side:
     case Type::Whole: return is_side(value);
     case Type::Length: return whole_between(value, 1, kMostSide);
+    case Type::Digit: return whole_between(value, 0, 9);
     case Type::Index: return whole_between(value, -2147483647, 2147483647);
     case Type::Pad: return is_pad(value);
     case Type::Gap: return is_gap(value);
@@ -204,6 +241,9 @@ void refuse_misfit(const Trail& trail, Type type, const Value& value) {
     if ((type == Type::Items || type == Type::Numbers) && value.kind == Kind::List) {
         refuse_item(trail, type, value);  // GCOVR_EXCL_BR_LINE: throws
     }
+    if (type == Type::Series && value.kind == Kind::List) {
+        refuse_series(trail, value);  // GCOVR_EXCL_BR_LINE: throws
+    }
     std::string what = found(value) + ", expected ";
     what += expected(type);
     std::vector<std::string_view> known = choices_of(type);
@@ -215,6 +255,12 @@ void refuse_misfit(const Trail& trail, Type type, const Value& value) {
     }
     if (value.kind == Kind::String) what += did_you_mean(value.text, known);
     refuse(trail, value.place, what);
+}
+
+void refuse_bounds(const Trail& trail, const Value& node, const std::string& least,
+                   const std::string& most) {
+    refuse(trail.into("min"), node.find("min")->place,
+           "found " + least + ", which is more than the " + most + " of \"max\"");
 }
 
 }  // namespace kit

@@ -15,6 +15,10 @@ bool fits(Type type, const Value& value);
 /// mean "stretch"? Of a list or a theme, it names the item that is wrong.
 [[noreturn]] void refuse_misfit(const Trail& trail, Type type, const Value& value);
 
+/// Refuses a "min" that is more than the "max" beside it.
+[[noreturn]] void refuse_bounds(const Trail& trail, const Value& node, const std::string& least,
+                                const std::string& most);
+
 /// Whether a text of this type is what it says, without references.
 bool as_written(Type type);
 

@@ -71,11 +71,28 @@ private:
 
     std::string box() {
         return maybe(4, "width", any('n')) + maybe(4, "height", any('n')) +
-               maybe(3, "grow", between(0, 3)) + maybe(8, "min", any('n')) +
-               maybe(8, "max", any('n')) + maybe(5, "pad", between(0, 5)) +
+               maybe(3, "grow", between(0, 3)) + bounds() + maybe(5, "pad", between(0, 5)) +
                maybe(6, "ground", any('c')) + maybe(8, "edge", any('c')) +
                maybe(12, "theme", one_of({"light", "dark"})) +
                maybe(12, "if", "\"b" + between(0, 3) + "\"");
+    }
+
+    /// The least and the most, which never cross, whatever the data are.
+    std::string bounds() {
+        switch (random_.between(0, 19)) {
+        case 0:
+        case 1: return ", \"min\": " + any('n');
+        case 2:
+        case 3: return ", \"max\": " + any('n');
+        case 4: return ", \"min\": " + between(0, 20) + ", \"max\": " + between(20, 60);
+        default: return "";
+        }
+    }
+
+    /// A paragraph, of so many lines or of any number.
+    std::string wrap() {
+        if (random_.one_in(2)) return "";
+        return ", \"wrap\": " + any('b') + maybe(4, "lines", between(1, 2));
     }
 
     std::string items() { return "[" + any('t') + ", " + any('t') + "]"; }
@@ -87,8 +104,7 @@ private:
         case 2: return "\"line\": " + any('c') + maybe(2, "size", between(1, 3));
         case 3: return "\"space\": " + any('n');
         case 4:
-            return "\"text\": " + any('t') + maybe(2, "wrap", any('b')) +
-                   maybe(4, "lines", between(1, 2)) + maybe(3, "color", any('c')) +
+            return "\"text\": " + any('t') + wrap() + maybe(3, "color", any('c')) +
                    maybe(3, "align", one_of({"left", "center", "right"}));
         case 5: return "\"icon\": " + one_of({"home", "settings", "mail", "power"});
         case 6: return "\"button\": " + any('t') + maybe(2, "icon", one_of({"mail", "home"}));

@@ -51,6 +51,8 @@ BAD = [
     {"icon": "none"}, {"icon": 3}, {"rect": None}, {"space": -1}, {"space": 40000}, {"space": "a"},
     {"chart": "pie"}, {"chart": "line", "values": ["a"]}, {"chart": "line", "series": [{}]},
     {"chart": "line", "series": [{"values": [1], "colour": "accent"}]},
+    {"chart": "line", "series": [{"values": [1]}], "values": [1]}, {"text": "a", "lines": 2},
+    {"chart": "line", "series": [{"values": [1]}], "color": "text"}, {"chart": "line", "decimals": 10},
     {"chart": "line", "series": [{"values": [1]}] * 33}, {"slider": 1, "range": [1]},
     {"slider": 1, "range": [1, 2, 0]}, {"slider": 1, "range": [1, 2, 3, 4]}, {"slider": "a"},
     {"tabs": ["a|b"]}, {"tabs": "a"}, {"tabs": ["a"], "selected": 0.5}, {"separator": False},

@@ -94,6 +94,7 @@ Json plain(Type type) {
     case Type::Side:
     case Type::Whole: return named("side");
     case Type::Length: return whole(1, kit::kMostSide);
+    case Type::Digit: return whole(0, 9);
     case Type::Index: return whole(-2147483647, 2147483647);
     case Type::Pad: return {{"anyOf", {named("side"), list(side, 2), list(side, 4)}}};
     case Type::Gap: return either(named("side"), list(side, 2));
@@ -155,10 +156,16 @@ Json schema_of(std::string_view name, Types& types) {
         const Type type = kit::key_named(key, kind.keys)->type;
         properties[std::string(key)] = types.reference(type, name, key);
     }
+    Json dependencies = {{"as", {"each"}}};
+    if (properties.contains("lines")) dependencies["lines"] = {"wrap"};
+    if (properties.contains("series")) {
+        const Json lost = {{{"required", {"values"}}}, {{"required", {"color"}}}};
+        dependencies["series"] = {{"not", {{"anyOf", lost}}}};
+    }
     return {{"type", "object"},
             {"required", {std::string(name)}},
             {"properties", properties},
-            {"dependencies", {{"as", {"each"}}}},
+            {"dependencies", dependencies},
             {"additionalProperties", false}};
 }
 

@@ -78,6 +78,7 @@ int main(int argument_count, char** arguments) {
     kit_screen_expose(NULL, NULL);
     CHECK(kit_screen_draw(screen, canvas, NULL) == 0);
     CHECK(kit_screen_report(screen) != NULL && kit_screen_report(NULL) == NULL);
+    CHECK(kit_screen_report_on(screen, NULL) != NULL && kit_screen_report_on(NULL, NULL) == NULL);
     CHECK(kit_screen_describe(NULL) == NULL);
     kit_screen_close(screen);
     orvel_canvas_destroy(canvas);

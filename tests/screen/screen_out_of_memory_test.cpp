@@ -118,6 +118,12 @@ const Row kRows[] = {
      [](Stage& stage) { return told(kit_screen_describe(stage.screen.get())); }},
     {"kit_screen_report ",
      [](Stage& stage) { return told(kit_screen_report(stage.screen.get())); }},
+    {"kit_screen_report_on ",
+     [](Stage& stage) {
+         kit_format panel = {};
+         panel.layout = KIT_GREY1;
+         return told(kit_screen_report_on(stage.screen.get(), &panel));
+     }},
 };
 
 struct Result {

@@ -221,6 +221,27 @@ TEST_F(RenderTool, CheckSaysWhatIsWrongWithAnyOfTheData) {
     EXPECT_EQ(fine.status, 0);
 }
 
+TEST_F(RenderTool, CheckJudgesContrastOnThePanel) {
+    write_file(scene, R"({"orvel": 1, "size": [90, 20], "theme": {"background": "#ffffff"},
+ "root": {"text": "Grey", "color": "#606060"}})");
+    const auto checked = [this](std::vector<std::string> panel) {
+        panel.insert(panel.begin(), "--check");
+        const Finished done = run(panel);
+        EXPECT_EQ(done.status, done.output.empty() ? 0 : 1);
+        return done.output;
+    };
+    EXPECT_EQ(checked({}), "");
+    EXPECT_EQ(checked({"--panel", "gray4"}), "");
+    EXPECT_EQ(checked({"--panel", "mono"}), "");
+    EXPECT_EQ(
+        checked({"--panel", "mono", "--dither", "ordered"}),
+        scene + ":2:10: root: contrast: #606060 is no colour of the panel, and becomes dots\n");
+    write_file(scene, R"({"orvel": 1, "size": [90, 20], "theme": {"background": "#ffffff"},
+ "root": {"text": "Dark red", "color": "#aa2020"}})");
+    EXPECT_EQ(checked({"--panel", "red"}),
+              scene + ":2:10: root: contrast: 3.9 to 1, 4.5 is the least\n");
+}
+
 TEST_F(RenderTool, AnotherThemeCanBeGiven) {
     write_file(scene, R"({"orvel": 1, "size": [4, 4], "root": {"rect": "background"}})");
     const auto corner = [this](const std::vector<std::string>& theme) {
@@ -282,16 +303,52 @@ TEST_F(RenderTool, NothingOutsideTheScenesFolderIsUsed) {
                R"({"orvel": 1, "size": [9, 9], "theme": "door/paper.json", "root": {"space": 1}})");
     expect_refused({"-o", png}, scene +
                                     ":1:39: theme: there is no theme \"door/paper.json\" "
-                                    "(door/paper.json: leads out of the scene's folder)");
+                                    "(leads out of the scene's folder)");
 }
 
 TEST_F(RenderTool, APictureThatIsNotThereIsToldAndDoneWithout) {
     write_file(scene, R"({"orvel": 1, "size": [9, 9], "root": {"picture": "none.png"}})");
     const Finished done = run({"-o", png});
     EXPECT_EQ(done.status, 0);
-    EXPECT_EQ(done.error, "orvel-render: none.png: No such file or directory\n");
+    EXPECT_EQ(done.error,
+              "orvel-render: " + scene +
+                  ":1:38: root: there is no \"none.png\" (No such file or directory)\n");
     EXPECT_EQ(read_png(png).width, 9);
     EXPECT_EQ(run({"--check"}).status, 1);
+}
+
+TEST_F(RenderTool, EachPictureThatIsNotThereIsToldWithItsPlace) {
+    write_file(folder / "text.png", "no picture");
+    write_file(scene, R"({"orvel": 1, "size": [9, 9], "root": {"stack": [
+ {"picture": "none.png"}, {"picture": "text.png"}, {"picture": "none.png"}]}})");
+    const Finished done = run({"-o", png});
+    const std::string line = "orvel-render: " + scene + ":2:";
+    EXPECT_EQ(done.error.find(line + "2: root.stack[0]: there is no \"none.png\" ("), 0u)
+        << done.error;
+    EXPECT_NE(done.error.find(line + "27: root.stack[1]: there is no \"text.png\" ("),
+              std::string::npos);
+    EXPECT_NE(done.error.find(line + "52: root.stack[2]: there is no \"none.png\" (No such file"),
+              std::string::npos);
+    // A page of a stack that does not show needs none.
+    write_file(scene, R"({"orvel": 1, "size": [9, 9], "root": {"stack": [{"space": 1},
+ {"picture": "none.png"}], "show": 0}})");
+    EXPECT_EQ(run({"-o", png}).error, "");
+}
+
+TEST_F(RenderTool, ListsOnTheCommandLineHaveToBeLists) {
+    write_file(scene, R"({"orvel": 1, "size": [9, 9], "root": {"column": [
+ {"each": "list", "text": "${item}"}]}, "sample": {"list": ["a"]}})");
+    EXPECT_EQ(run({"--set", R"(list=["b", "c"])", "--describe"}).error, "");
+    expect_refused({"--set", "list=[b, c]", "-o", png},
+                   "--set list=[b, c]: list:1:2: found \"b\", expected a value");
+    expect_refused({"--set", "list={", "-o", png},
+                   "--set list={: list:1:2: found the end of the file, expected a key in quotes");
+    expect_refused({"--set", "list=\"b", "-o", png},
+                   "--set list=\"b: list:1:1: found a text that is wrong: missing closing quote");
+    expect_refused({"--set", "list=b", "-o", png},
+                   scene + ":2:11: root.column[0].each: list is a text in the data, not a list");
+    expect_refused({"--sample", "--set", "list[3]=b", "-o", png},
+                   "--set list[3]=b: list has only 1 items");
 }
 
 TEST_F(RenderTool, PicturesHaveABoundTogether) {
@@ -307,8 +364,9 @@ TEST_F(RenderTool, PicturesHaveABoundTogether) {
     const Finished done = run({"-o", png});
     EXPECT_EQ(done.status, 0);
     EXPECT_EQ(done.error,
-              "orvel-render: e.png: more than 64 million pixels together with the "
-              "scene's other pictures\n");
+              "orvel-render: " + scene +
+                  ":1:133: root.stack[4]: there is no \"e.png\" (more than 64 million pixels "
+                  "together with the scene's other pictures)\n");
     EXPECT_EQ(read_png(png).at(0, 0), kRed);
 }
 

@@ -102,4 +102,24 @@ TEST(ScenesTest, NothingIsWrongWithThemWithEitherData) {
     }
 }
 
+/// A line of the README's, with --check in place of the file that it writes.
+std::vector<std::string> checking(std::vector<std::string> command) {
+    command.resize(command.size() - 2);
+    for (std::string& word : command) {
+        if (fs::exists(fs::path(kScenes) / word)) word = std::string(kScenes) + "/" + word;
+    }
+    command.front() = kRender;
+    command.emplace_back("--check");
+    return command;
+}
+
+TEST(ScenesTest, NothingIsWrongWithThemOnTheirPanels) {
+    for (const auto& line : lines()) {
+        ASSERT_EQ(*(line.end() - 2), "-o");
+        const orvel_test::Finished done = orvel_test::run(checking(line));
+        EXPECT_EQ(done.output + done.error, "") << line[1];
+        EXPECT_EQ(done.status, 0) << line[1];
+    }
+}
+
 }  // namespace
