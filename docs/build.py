@@ -31,7 +31,11 @@ def quiet(command, **options):
 
 
 def included(what, lists, work):
-    """What stands on a page for [[NAME]], a list of the pictures' program, and [[output FILE]]."""
+    """What stands on a page for [[NAME]], a list of the pictures' program, [[output FILE]], and
+    [[file PATH]], one of the sources."""
+    if what.startswith("file "):
+        path = SOURCES / what.split()[1]
+        return f"```{path.suffix[1:]} {path.name}\n{path.read_text(encoding='utf-8')}```"
     if what.startswith("output "):
         return "```text\n" + (work / what.split()[1]).read_text(encoding="utf-8") + "```"
     return (lists / f"{what}.md").read_text(encoding="utf-8")
