@@ -128,6 +128,24 @@ if(TARGET OrvelScreen)
         HOLDS "the header of screens, their library as an\narchive, and what CMake and pkg-config need to find both.")
 endif()
 
+# The module of Python is for every processor. Others than Debian's users take it as a wheel.
+if(TARGET OrvelScreen AND CPACK_GENERATOR STREQUAL "DEB")
+    orvel_package(python3-orvelsdk SECTION python
+        DEPENDS "python3 (>= 3.9), liborvelscreen0 (>= ${PROJECT_VERSION}), liborvelkit0 (>= ${PROJECT_VERSION}), liborvelsdk0 (>= ${PROJECT_VERSION})"
+        HOLDS "the module orvelsdk for Python: canvases,\nwidgets, charts and screens, pictures for NumPy, Pillow and notebooks.")
+    set(CPACK_DEBIAN_PYTHON3-ORVELSDK_PACKAGE_ARCHITECTURE all)
+    set(CPACK_DEBIAN_PYTHON3-ORVELSDK_PACKAGE_CONTROL_EXTRA
+        ${orvel_debian}/python/postinst ${orvel_debian}/python/prerm)
+    set(python ${PROJECT_SOURCE_DIR}/bindings/python)
+    set(modules lib/python3/dist-packages)
+    configure_file(${python}/METADATA.in METADATA @ONLY)
+    file(GLOB files CONFIGURE_DEPENDS ${python}/orvelsdk/*.py ${python}/orvelsdk/*.pyi)
+    install(FILES ${files} ${python}/orvelsdk/py.typed DESTINATION ${modules}/orvelsdk
+            COMPONENT python3-orvelsdk)
+    install(FILES ${PROJECT_BINARY_DIR}/METADATA ${python}/entry_points.txt
+            DESTINATION ${modules}/orvelsdk-${PROJECT_VERSION}.dist-info COMPONENT python3-orvelsdk)
+endif()
+
 if(ORVEL_BUILD_TOOLS)
     find_package(CLI11 QUIET)
     orvel_package(orvelsdk-tools SECTION devel

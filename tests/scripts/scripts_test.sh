@@ -99,7 +99,7 @@ testing (release)
 those_for_linux_say_so_elsewhere)
     stand_in uname 'echo Darwin'
     echo 'import sys; sys.platform = "darwin"' >"$work/sitecustomize.py"
-    for command in .ci/run bench/run scripts/matrix scripts/mutate scripts/coverage scripts/valgrind; do
+    for command in .ci/run bench/run scripts/wheel scripts/matrix scripts/mutate scripts/coverage scripts/valgrind; do
         status=0
         PATH=$work/bin:$PATH PYTHONPATH=$work "$source_folder/$command" >"$work/out" 2>&1 || status=$?
         expect "status of $command" $status 1
@@ -164,7 +164,7 @@ bootstrap_without_a_package_manager_names_what_is_missing)
         fail "$error"
     ;;
 commands_explain_themselves)
-    for command in demo check scripts/bake scripts/bootstrap scripts/build scripts/describe \
+    for command in demo check scripts/bake scripts/bootstrap scripts/build scripts/describe scripts/wheel \
         scripts/draw; do
         [[ $("$source_folder/$command" --help) == "usage: "*"$command"* ]] || fail "$command --help"
     done
