@@ -125,14 +125,16 @@ def _text_of(path: str) -> bytes:
 
 
 def _set(screen: Screen, pair: str) -> None:
-    """NAME=VALUE, where a value that is no JSON is a text."""
+    """NAME=VALUE, where a value that is no JSON is a text, unless it begins as lists do."""
     name, equals, value = pair.partition("=")
     if not equals or not name:
         raise Failure(f"--set {pair}: expected NAME=VALUE")
     raw = os.fsencode(value)
     try:
         screen._set_json(os.fsencode(name), raw)
-    except Error:
+    except Error as first:
+        if value[:1] in ("[", "{", '"'):
+            raise Failure(f"--set {pair}: {first}") from None
         try:
             screen._set_json(os.fsencode(name), json.dumps(value, ensure_ascii=False).encode(
                 "utf-8", "surrogateescape"))
@@ -217,15 +219,18 @@ def _render(wishes: argparse.Namespace, screen: Screen, folder: SceneFolder) -> 
         sys.stdout.write(screen.describe())
     if wishes.output:
         _write(wishes, _drawn(screen))
-        if folder.complaint:
-            _fail(folder.complaint)  # drawn without it
+        for line in screen.report():
+            if ": unknown: " in line:  # drawn without it
+                _fail(folder.explained(line.replace(": unknown: ", ": ", 1)))
     return 0
 
 
 def _check(wishes: argparse.Namespace) -> int:
     status = 0
     for path in wishes.data or [None]:
-        found = _screen(wishes, path)[0].report()
+        panel = wishes.outlet.panel
+        found = _screen(wishes, path)[0].report(panel.format, dither=wishes.dither,
+                                                palette=panel.palette)
         if found:
             status = 1
             if len(wishes.data) > 1:

@@ -31,8 +31,8 @@ def read_text(path: str, shown: Optional[str] = None) -> bytes:
 class SceneFolder(Host):
     """Serves PNG and BMP pictures, theme files, BDF fonts and scenes from the folder of a scene.
 
-    Nothing outside the folder is read, by a link neither. ``complaint`` says what could not be had
-    last, ``files`` what was looked for.
+    Nothing outside the folder is read, by a link neither. ``refused`` says of each name that could
+    not be had why, ``files`` what was looked for.
     """
 
     def __init__(self, scene: str) -> None:
@@ -42,7 +42,7 @@ class SceneFolder(Host):
         self._found: Dict[str, Any] = {}
         self._pixels = 0
         self.files: List[str] = []
-        self.refused = self.complaint = ""
+        self.refused: Dict[str, str] = {}
 
     def picture(self, name: str) -> Optional[Canvas]:
         return self._once("picture", name, self._read_picture)  # type: ignore[no-any-return]
@@ -69,8 +69,10 @@ class SceneFolder(Host):
 
     def explained(self, reason: str) -> str:
         """A reason, with what is known about the name in it."""
-        known = self.refused and self.refused in reason
-        return f"{reason} ({self.complaint})" if known else reason
+        for name in sorted(self.refused):
+            if name + '"' in reason:
+                return f"{reason} ({self.refused[name]})"
+        return reason
 
     def _once(self, kind: str, name: str, read: Callable[[str], Any]) -> Any:
         key = f"{kind} {name}"
@@ -79,9 +81,7 @@ class SceneFolder(Host):
             try:
                 self._found[key] = read(self._resolved(name))
             except (Error, OSError, ValueError, MemoryError) as reason:
-                why = getattr(reason, "strerror", None) or str(reason)
-                self.refused = name
-                self.complaint = why if why.startswith(name) else f"{name}: {why}"
+                self.refused[name] = getattr(reason, "strerror", None) or str(reason)
         return self._found[key]
 
     def _resolved(self, name: str) -> str:

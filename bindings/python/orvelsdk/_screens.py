@@ -6,13 +6,15 @@ import ctypes
 import json
 import os
 import threading
-from typing import Any, Dict, Iterable, Iterator, List, Mapping, Optional, Tuple, Union
+from typing import Any, Dict, Iterable, Iterator, List, Mapping, Optional, Sequence, Tuple, Union
 
 from . import _api
 from ._arguments import Box, Path, path as path_of, whole, words
 from ._canvas import Canvas
+from ._colors import ColorLike
 from ._errors import Error, OutOfMemory, refusal
 from ._folder import SceneFolder, read_text
+from ._formats import format_of
 from ._handles import Handle, Owner
 from ._hosts import Host, Lender
 
@@ -104,8 +106,8 @@ class Screen(Owner):
         if self._call(function, *arguments, why, len(why)) != 0:
             raise refusal(why, "the screen refused this")
 
-    def _told(self, function: Any) -> str:
-        text = self._call(function)
+    def _told(self, function: Any, *arguments: Any) -> str:
+        text = self._call(function, *arguments)
         if text is None:
             raise OutOfMemory("the memory is too small to tell what the screen shows")
         return text.decode("utf-8", "replace")  # type: ignore[no-any-return]
@@ -228,9 +230,14 @@ class Screen(Owner):
         """One line for each node that shows: its role, name, value, states, id and box."""
         return self._told(_api.kit_screen_describe)
 
-    def report(self) -> List[str]:
-        """What a careful look would find wrong, one line for each; empty when there is nothing."""
-        return self._told(_api.kit_screen_report).splitlines()
+    def report(self, format: str = "rgba", *, dither: str = "none",
+               palette: Optional[Sequence[ColorLike]] = None) -> List[str]:
+        """What a careful look would find wrong, one line for each; empty when there is nothing.
+
+        Contrast is that of the colours of a panel, which takes this format as Canvas.pixels() writes it.
+        """
+        panel = format_of(format, dither=dither, palette=palette)
+        return self._told(_api.kit_screen_report_on, ctypes.byref(panel)).splitlines()
 
     def box(self, id: str) -> Optional[Box]:
         """Where a node lies on the screen; None where there is none or nothing of it shows."""

@@ -53,6 +53,10 @@ scene.json --sample --check
 scene.json --sample --size 8x8 --check
 scene.json --data data.json --data data.json --size 8x8 --check
 lost.json --check
+lost.json --check --panel mono --dither ordered
+scene.json --sample --check --panel mono
+scene.json --sample --check --panel seven --dither diffused
+scene.json --sample --check --panel red
 scene.json --sample -o - --format ppm
 scene.json --sample -o - --format raw --panel mono
 scene.json --sample -o - --format pbm --rotate 90
@@ -87,6 +91,9 @@ data.json --describe
 scene.json --sample --set n --describe
 scene.json --sample --set n=x --describe
 scene.json --sample --set =x --describe
+scene.json --sample --set n=[1, --describe
+scene.json --sample --set n={} --describe
+scene.json --sample --set n="x --describe
 scene.json --data data.json --set n=x --describe
 scene.json --sample -o none/out.png
 """.strip().splitlines()], ids=" ".join)
