@@ -201,6 +201,48 @@ screens_are_tested_by_one_line_of_cmake)
     if run_screens failing; then fail "a program that fails passes"; fi
     grep -q "The program failed: 1" screens.log || fail "$(cat screens.log)"
     ;;
+scenes_are_tested_by_one_line_of_cmake)
+    moved_tree "$work/a folder with spaces"
+    use_prefix "$work/a folder with spaces"
+    cp -R "$consumer/scenes" "my scenes"
+    configure_scenes() {  # CMAKE_OPTION...
+        cmake -S "my scenes" -B build -G Ninja -DCMAKE_PREFIX_PATH="$work/a folder with spaces" "$@" \
+            >cmake.log 2>&1
+    }
+    run_scene() { ctest --test-dir build --output-on-failure -R "^$1\$" >scenes.log 2>&1; }
+    approve() {
+        approval=$(sed -n 's/^To approve what was drawn: //p' scenes.log)
+        eval "$approval" || fail "$(cat scenes.log)"
+        run_scene "$1" || fail "$(cat scenes.log)"
+    }
+    configure_scenes || fail "$(cat cmake.log)"
+    for name in sample data; do
+        if run_scene $name; then fail "nothing is expected, and yet $name passes"; fi
+        grep -q "panel.txt: line 1: found    column 0,0 64x24" scenes.log || fail "$(cat scenes.log)"
+        approve $name
+    done
+    [ -e "my scenes/expected sample/panel.png" ] || fail "no picture is expected"
+    # Values that change words and pixels, and one that changes words alone.
+    printf '{"n": 9, "name": "a; [b] \\\\ c"}' >"my scenes/values.json"
+    if run_scene data; then fail "a change is not found"; fi
+    grep -q "panel.txt: line 2: expected   text \"7\"" scenes.log || fail "$(cat scenes.log)"
+    grep -q 'panel.txt: line 2: found      text "9"' scenes.log || fail "$(cat scenes.log)"
+    grep -q "pixels differ" scenes.log || fail "$(cat scenes.log)"
+    grep -q "<h1>1 of 1 picture not as expected</h1>" "$(sed -n 's/^The report: //p' scenes.log)" ||
+        fail "no report"
+    approve data
+    printf '{"n": 9, "name": "a; [b] \\\\ d"}' >"my scenes/values.json"
+    if run_scene data; then fail "a change of the description alone is not found"; fi
+    grep -q "1 picture: 1 equal" scenes.log || fail "$(cat scenes.log)"
+    grep -q 'found      rect "a; \[b\] .* d"' scenes.log || fail "$(cat scenes.log)"
+    if run_scene refused; then fail "a scene that is refused passes"; fi
+    grep -q "there is no n in the data" scenes.log || fail "$(cat scenes.log)"
+    for mistake in "NAME a EXPECTED b" "NAME a EXPECTED b SCENE c COMMAND d" \
+        "NAME a EXPECTED b COMMAND d DATA e" "NAME a SCENE c" "NAME a EXPECTED b COMMAND d OPTIONS e"; do
+        if configure_scenes -DMISTAKE="$mistake"; then fail "not refused: $mistake"; fi
+        grep -q "orvel_add_screen_test: " cmake.log || fail "$(cat cmake.log)"
+    done
+    ;;
 install_name_on_macos)
     # Elsewhere, what CMake would do there is read from the files that it generates.
     if [ "$(uname)" = Darwin ]; then
