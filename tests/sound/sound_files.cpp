@@ -1,5 +1,6 @@
 #include "sound/sound_files.h"
 
+#include <sanitizer/lsan_interface.h>
 #include <sndfile.h>
 
 #include <algorithm>
@@ -12,7 +13,6 @@
 
 /// What the leak sanitizer overlooks: libsndfile 1.2.0 forgets what it had of a damaged Vorbis
 /// file.
-extern "C" const char* __lsan_default_suppressions();
 extern "C" const char* __lsan_default_suppressions() { return "leak:vorbis_info_init"; }
 
 namespace orvel_test {
