@@ -158,7 +158,7 @@ void expect_redrawn(kit_screen* screen, RandomScreens& random) {
 }
 
 void sweep(std::uint64_t count) {
-    for (const std::uint64_t number : cases(count)) {
+    for (const std::uint64_t number : some_cases(count)) {
         RandomScreens random(number);
         const std::string text = random.scene(), data = random.data();
         SCOPED_TRACE("case " + std::to_string(number) + "\n" + text + "\n" + data);

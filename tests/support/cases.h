@@ -1,4 +1,5 @@
-// The numbered cases of a sweep, each of which can be replayed alone: ORVEL_SWEEP_CASE=n.
+// The numbered cases of a sweep. ORVEL_SWEEP_CASE=n replays one of them alone, and
+// ORVEL_SWEEP_PERCENT=n runs so many of them instead of 100 in a hundred.
 #pragma once
 
 #include <cstdint>
@@ -29,13 +30,14 @@ private:
     std::uint64_t first_, last_;
 };
 
-/// The number in an environment variable; @p otherwise when it is not set, and 0 for what is none.
-std::uint64_t number_from(const char* variable, std::uint64_t otherwise);
-
 /// Whether one case alone is asked for.
 bool is_replay();
 
 /// 0 ... @p count - 1, or only the case that is to be replayed.
 Cases cases(std::uint64_t count);
+
+/// The same for cases of which any number will do: as many as ORVEL_SWEEP_PERCENT makes of @p
+/// count.
+Cases some_cases(std::uint64_t count);
 
 }  // namespace orvel_test

@@ -44,9 +44,8 @@ bool draws(const Primitive& primitive, const DrawingCall& call);
 /// The call with the number @p number of a primitive's sweep.
 DrawingCall numbered_call(const Primitive& primitive, std::uint64_t number);
 
-/// Makes the calls 0, 1, 2, ... of a primitive: as many as ORVEL_SWEEP_CALLS says or 100,000,
-/// divided by @p share. With ORVEL_SWEEP_CASE=n only the call n. Fails at the first difference,
-/// with its number.
+/// Makes the calls 0, 1, 2, ... of a primitive: 100,000 divided by @p share, as support/cases.h has
+/// it. Fails at the first difference, with its number.
 void sweep(const Primitive& primitive, std::uint64_t share = 1);
 
 }  // namespace orvel_test

@@ -1,6 +1,5 @@
-// Every drawing function against its model, over random calls. Each call has a number:
-//   ORVEL_SWEEP_CALLS=10000000 makes that many calls of each function, not 100,000;
-//   ORVEL_SWEEP_CASE=n makes only the call n, to look at a failure.
+// Every drawing function against its model, over random calls. Each call has a number, by which
+// support/cases.h replays it.
 #include "whole/sweep.h"
 #include "support/cases.h"
 

@@ -6,6 +6,7 @@
 
 #include "kit/pixels/painted.h"
 #include "models/pixels_model.h"
+#include "support/cases.h"
 #include "support/golden.h"
 #include "support/random.h"
 #include "support/sanitizers.h"
@@ -60,8 +61,8 @@ bool equals_the_model(const orvel_canvas* canvas, const model::Canvas& plain, co
 
 TEST(PixelsSweepTest, EveryBoxInEveryFormatEqualsTheModels) {
     constexpr int kCanvases = kAddressSanitizer ? 1000 : 10000, kFormatsOfEach = 100;
-    for (int number = 0; number < kCanvases; ++number) {
-        Random random(static_cast<std::uint64_t>(number));
+    for (const std::uint64_t number : some_cases(kCanvases)) {
+        Random random(number);
         const int width = random.between(1, 11), height = random.between(1, 4);
         const CanvasPtr canvas = make_canvas(width, height);
         model::Canvas plain(width, height);
