@@ -57,6 +57,12 @@ lost.json --check --panel mono --dither ordered
 scene.json --sample --check --panel mono
 scene.json --sample --check --panel seven --dither diffused
 scene.json --sample --check --panel red
+scene.json --sample --theme light --panel mono --check
+scene.json --sample --panel seven --dither diffused --theme moss.json --check
+scene.json --sample --panel red --dither ordered --check
+scene.json --sample --set n="5 --describe
+scene.json --sample --set n=[1 --describe
+scene.json --sample --set name={ --describe
 scene.json --sample -o - --format ppm
 scene.json --sample -o - --format raw --panel mono
 scene.json --sample -o - --format pbm --rotate 90

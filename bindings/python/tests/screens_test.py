@@ -99,6 +99,13 @@ def test_what_is_there():
     screen.resize(60, 20)
     assert screen.size == (60, 20) == screen.canvas.size
     assert any("overflow" in line for line in screen.report())
+    faint = Screen({"orvel": 1, "root": {"text": "a", "color": "#808080", "ground": "#202020"}})
+    assert faint.report("rgba") == faint.report()
+    assert any("contrast" in line for line in faint.report("grey1", dither="ordered"))
+    for bad in (lambda: faint.report("grey"), lambda: faint.report("index8"),
+                lambda: faint.report("rgba", dither="some")):
+        with pytest.raises(ValueError):
+            bad()
     for size in ((0, 1), (32768, 1), (-1, -1)):
         with pytest.raises(Error):
             screen.resize(*size)

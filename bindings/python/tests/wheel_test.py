@@ -42,7 +42,8 @@ def test_it_serves_an_empty_environment_without_network(wheel, tmp_path):
                           stdout=subprocess.PIPE, text=True).stdout
     assert told == f"3 True {Canvas.open(tmp_path / 'hello.png').checksum()}\n"
     told = subprocess.run([str(python), "-m", "orvelsdk", "--sample", "-o", str(tmp_path / "home.png"),
-                           str(SOURCES / "scenes/home/dashboard.json")], env=environment)
+                           str(SOURCES / "scenes/home/dashboard.json")],
+                          cwd=tmp_path, env=environment)
     assert told.returncode == 0 and Canvas.open(tmp_path / "home.png").size == (1024, 600)
 
 
