@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <new>
 
+#include "widgets/image_size.h"
 #include "widgets/painter.h"
 
 namespace kit {
@@ -26,6 +27,13 @@ bool is_near(const kit_box& box) {
            box.h < kFar;
 }
 
+/// Of a widget without a size: an image may be without pixels, or not be there.
+int status_of_nothing(const kit_widget& widget) {
+    if (widget.kind != ORVEL_WIDGET_IMAGE) return 0;
+    int w = 0, h = 0;
+    return image_size(widget.text ? widget.text : "", &w, &h);
+}
+
 int draw(orvel_canvas* canvas, const orvel_theme& theme, const kit_widget& widget) {
     kit_box box = widget.box;
     if (widget.kind < 0 || widget.kind > ORVEL_WIDGET_STATUSBAR || box.w < 0 || box.h < 0) {
@@ -33,7 +41,8 @@ int draw(orvel_canvas* canvas, const orvel_theme& theme, const kit_widget& widge
     }
     if (widget.kind != ORVEL_WIDGET_IMAGE || box.w != 0 || box.h != 0) {
         size_of(widget, &box.w, &box.h);
-        if (box.w == 0 || box.h == 0 || !meets(canvas, box)) return 0;
+        if (box.w == 0 || box.h == 0) return status_of_nothing(widget);
+        if (!meets(canvas, box)) return 0;
     }
     Painter painter(canvas, theme, widget, box);
     if (is_near(box) && painter.contained()) {

@@ -118,7 +118,8 @@ void Painter::stepper() {
 void Painter::bars() {
     Made made(orvel_widget_bars(canvas, &T, x, y, w, h));
     // More values than columns change nothing: all bars are then two pixels apart.
-    if (made) orvel_widget_set_data(made.get(), widget.data, std::min(widget.count - 1, w) + 1);
+    const int count = widget.count < 1 ? 0 : std::min(widget.count - 1, w) + 1;
+    if (made) orvel_widget_set_data(made.get(), widget.data, count);
     library(made.release());
 }
 

@@ -1,8 +1,10 @@
 // Fields of text: what is typed, what is chosen, what is looked for.
 #include <algorithm>
 #include <climits>
+#include <cstdint>
 
 #include "widgets/painter.h"
+#include "words/line.h"
 
 namespace kit {
 
@@ -54,9 +56,18 @@ void Painter::field(const kit_box& room) {
         fill(chosen.x, chosen.y, chosen.w, chosen.h, T.accent);
         write_part(chosen, room, scroll, T.background);
     }
-    // A column to the left of where the next letter starts, so that the two do not touch.
-    const int column = std::min(caret - scroll, room.w - thick) - 1;
+    const int column = std::min(caret_column(caret, thick) - scroll, room.w - thick);
     fill(room.x + column, top, thick, tall, T.text);
+}
+
+/// Where the caret at @p place stands: a column of air on both sides where the letters leave that
+/// much, else a column from the next letter.
+int Painter::caret_column(int place, int thick) const {
+    const Gap gap = gap_at(face_or_default(widget.face), text, std::max(widget.caret, 0));
+    const std::int64_t room = gap.right - gap.left;
+    const std::int64_t from_left = std::max(std::int64_t{place} - 1, gap.left + 1);
+    if (room < thick) return place - 1;
+    return to_int(std::max(std::min(from_left, gap.right - 1 - thick), gap.left));
 }
 
 void Painter::write_part(const kit_box& part, const kit_box& room, int scroll, orvel_color color) {

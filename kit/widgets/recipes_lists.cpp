@@ -2,8 +2,8 @@
 #include <algorithm>
 #include <string>
 
-#include "widgets/items.h"
 #include "widgets/painter.h"
+#include "words/items.h"
 
 namespace kit {
 

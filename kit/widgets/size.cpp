@@ -6,8 +6,8 @@
 #include <string>
 
 #include "widgets/image_size.h"
-#include "widgets/items.h"
 #include "widgets/measures.h"
+#include "words/items.h"
 
 namespace kit {
 namespace {

@@ -9,10 +9,14 @@ namespace {
 
 constexpr char32_t kEllipsis = 0x2026;
 
+/// A space, whether a line may end there or not.
+constexpr bool is_blank(char32_t code) {
+    return is_space(code) || is_newline(code) || code == 0xA0 || code == 0x2007 || code == 0x202F;
+}
+
 /// Another character that looks the same; 0 for none.
 char32_t stand_in(char32_t code) {
-    if (is_space(code) || is_newline(code)) return ' ';
-    if (code == 0xA0 || code == 0x2007 || code == 0x202F) return ' ';  // that do not break
+    if (is_blank(code)) return ' ';
     if (code == 0x2010 || code == 0x2011) return '-';
     return 0;
 }
@@ -29,15 +33,38 @@ Found frame(const kit_face& face) {
     return found;
 }
 
-/// The longest beginning of a part that takes no more than @p room, without spaces at its end.
+/// The next character that shows; 0 at the end of the text.
+char32_t next_shown(const char** at) {
+    while (**at != '\0') {
+        const char32_t code = next_character(at);
+        if (!is_hidden(code)) return code;
+    }
+    return 0;
+}
+
+/// Whether a text that is cut behind @p before and @p last, and had gone on with @p rest, would end
+/// in a number that is another one: "1" of "1.5".
+bool cuts_number(char32_t before, char32_t last, const char* rest) {
+    if (!is_digit(last) && !(is_digit(before) && is_number_mark(last))) return false;
+    char32_t next = next_shown(&rest);
+    if (is_digit(last) && is_number_mark(next)) next = next_shown(&rest);
+    return is_digit(next);
+}
+
+/// The longest beginning of a part that takes no more than @p room, without spaces at its end and
+/// without the beginning of a number.
 Part beginning(const kit_face& face, Part part, std::int64_t room) {
     Pen pen(face);
     const char* end = part.begin;
+    char32_t before = 0;
     for (const char* at = part.begin; at != part.end;) {
         const char32_t code = next_character(&at);
         const bool shown = pen.step(code);
         if (pen.end() > room) break;
-        if (shown && !is_space(code) && !is_newline(code)) end = at;
+        if (!shown) continue;
+        const bool blank = is_space(code) || is_newline(code);
+        if (!blank && !cuts_number(before, code, at)) end = at;
+        before = code;
     }
     return {part.begin, end};
 }
@@ -47,6 +74,24 @@ Part beginning(const kit_face& face, Part part, std::int64_t room) {
 int to_int(std::int64_t value) {
     using Limits = std::numeric_limits<int>;
     return static_cast<int>(std::clamp<std::int64_t>(value, Limits::min(), Limits::max()));
+}
+
+Gap gap_at(const kit_face& face, const char* text, int offset) {
+    constexpr std::int64_t kFar = std::int64_t{1} << 40;
+    Pen pen(face);
+    Glyph before;
+    std::int64_t start = -kFar;  // of the letter before the place
+    for (const char* at = text; *at != '\0';) {
+        const char32_t code = next_character(&at);
+        if (!pen.step(code) || is_blank(code)) continue;
+        if (at - text > offset) {
+            const std::int64_t right = pen.start() + columns_of(pen.glyph()).left;
+            return {start + columns_of(before).right, right};
+        }
+        before = pen.glyph();
+        start = pen.start();
+    }
+    return {start + columns_of(before).right, kFar};
 }
 
 Part whole(const char* text) { return {text, text + std::strlen(text)}; }

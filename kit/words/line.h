@@ -29,6 +29,15 @@ private:
     std::int64_t start_ = 0, end_ = 0;
 };
 
+/// The columns without ink between two characters of a line, which begins at 0: [left, right).
+struct Gap {
+    std::int64_t left, right;
+};
+
+/// The gap at the place kit_text_x() of @p offset. Before the first letter and behind the last one
+/// it goes on far outside the line.
+Gap gap_at(const kit_face& face, const char* text, int offset);
+
 /// Part of a text, from one character to another.
 struct Part {
     const char* begin;

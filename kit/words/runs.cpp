@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstddef>
 
 namespace kit {
 namespace {
@@ -68,6 +69,21 @@ Clip clip_of(const orvel_canvas* canvas, const kit_box& box) {
     return {std::max<int64_t>(all.left, box.x), std::max<int64_t>(all.top, box.y),
             std::min(all.right, int64_t{box.x} + box.w),
             std::min(all.bottom, int64_t{box.y} + box.h)};
+}
+
+Columns columns_of(const Glyph& glyph) {
+    const int stride = (glyph.width + 7) / 8;
+    const auto blank = [&](int column) {
+        for (int row = 0; glyph.bits && row < glyph.height; ++row) {
+            const unsigned bits = glyph.bits[std::ptrdiff_t{row} * stride + column / 8];
+            if ((bits & 0x80U >> column % 8) != 0) return false;
+        }
+        return glyph.bits != nullptr;  // a frame fills its columns
+    };
+    int left = 0, right = glyph.width;
+    while (left < right && blank(left)) ++left;
+    while (left < right && blank(right - 1)) --right;
+    return {glyph.left + left, glyph.left + right};
 }
 
 void draw_glyph(orvel_canvas* canvas, const Glyph& glyph, int64_t x, int64_t baseline,

@@ -30,6 +30,12 @@ constexpr bool is_hyphen(char32_t code) {
 
 constexpr bool is_digit(char32_t code) { return code >= '0' && code <= '9'; }
 
+/// What may stand between the digits of one number: a point, and what groups them.
+constexpr bool is_number_mark(char32_t code) {
+    return code == '.' || code == ',' || code == ':' || code == '\'' || code == 0x2019 ||
+           code == 0xA0 || code == 0x202F;
+}
+
 /// A control character, or a mark for layout or for the shape of a letter: it takes no room.
 bool is_hidden(char32_t code);
 

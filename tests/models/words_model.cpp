@@ -65,6 +65,26 @@ Codes shown(const Codes& codes) {
     return rest;
 }
 
+/// Which number each character belongs to, counted from 1; 0 for none. A number is digits with
+/// single marks between them.
+std::vector<int> numbers_in(const Codes& codes) {
+    const auto digit = [&codes](std::size_t i) {
+        return i < codes.size() && codes[i] >= '0' && codes[i] <= '9';
+    };
+    std::vector<int> numbers(codes.size(), 0);
+    int count = 0;
+    for (std::size_t i = 0; i < codes.size(); ++i) {
+        if (!digit(i)) continue;
+        ++count;
+        for (; i < codes.size(); ++i) {
+            const bool mark = is_one_of(codes[i], {'.', ',', ':', '\'', 0x2019, 0xA0, 0x202F});
+            if (!digit(i) && !(mark && digit(i - 1) && digit(i + 1))) break;
+            numbers[i] = count;
+        }
+    }
+    return numbers;
+}
+
 Codes without_spaces_at_the_end(Codes codes) {
     while (!codes.empty() && space(codes.back())) codes.pop_back();
     return codes;
@@ -133,11 +153,20 @@ void Words::put(Canvas& canvas, const Codes& codes, kit_box box, int align, long
     put_at(canvas, codes, box.x + moved, baseline, box, color);
 }
 
-/// As many characters as go before an ellipsis, and that.
-Codes Words::shortened(Codes codes, long long room) const {
-    codes = shown(codes);
-    while (!codes.empty() && width_of(codes) + letters_(kCut).advance > room) codes.pop_back();
-    codes = without_spaces_at_the_end(codes);
+/// As many of the first characters of a text as go before an ellipsis, and that.
+Codes Words::shortened(const Codes& text, std::size_t count, long long room) const {
+    const std::vector<int> numbers = numbers_in(text);
+    const auto first = [&text](std::size_t n) {
+        return Codes(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(n));
+    };
+    const auto within_number = [&](std::size_t n) {
+        return n < text.size() && numbers[n] != 0 && numbers[n] == numbers[n - 1];
+    };
+    const auto fits = [&](std::size_t n) {
+        return width_of(first(n)) + letters_(kCut).advance <= room;
+    };
+    while (count > 0 && (!fits(count) || within_number(count))) --count;
+    Codes codes = without_spaces_at_the_end(first(count));
     codes.push_back(kCut);
     return codes;
 }
@@ -153,15 +182,15 @@ int Words::box(Canvas& canvas, const std::string& text, kit_box box, int align,
                orvel_color color) const {
     Codes codes = characters(text);
     const bool cut = width_of(codes) > std::max(0, box.w);
-    if (cut) codes = shortened(codes, box.w);
+    if (cut) codes = shortened(shown(codes), shown(codes).size(), box.w);
     const long long baseline = box.y + (static_cast<long long>(box.h) + measures_.cap) / 2;
     put(canvas, codes, box, align, baseline, color);
     return cut ? 1 : 0;
 }
 
 /// The lines as they show but for the ellipsis; a soft hyphen at the end is one that shows.
-std::vector<Codes> Words::lines(const Codes& codes, int room) const {
-    std::vector<Codes> all;
+std::vector<Words::Line> Words::lines(const Codes& codes, int room) const {
+    std::vector<Line> all;
     std::size_t at = 0;
     const std::size_t count = codes.size();
     const auto from = [&codes](std::size_t a, std::size_t b) {
@@ -211,7 +240,7 @@ std::vector<Codes> Words::lines(const Codes& codes, int room) const {
                 }
             }
         }
-        all.push_back(line);
+        all.push_back({line, shown(from(at, count))});
         if (within && stop == count) return all;
         at = next;
     }
@@ -220,15 +249,15 @@ std::vector<Codes> Words::lines(const Codes& codes, int room) const {
 int Words::wrap(Canvas& canvas, const std::string& text, kit_box box, int align,
                 orvel_color color) const {
     if (text.empty()) return 0;
-    const std::vector<Codes> all = lines(characters(text), box.w);
+    const std::vector<Line> all = lines(characters(text), box.w);
     const int height = measures_.ascent + measures_.descent;
     const auto fits = [&](std::size_t i) {
         return static_cast<long long>(i) * measures_.line + height <= box.h;
     };
     for (std::size_t i = 0; i < all.size() && fits(i) && box.w > 0; ++i) {
         const bool last = i + 1 < all.size() && !fits(i + 1);
-        Codes line = all[i];
-        if (last) line = shortened(line, box.w);
+        Codes line = all[i].shown;
+        if (last) line = shortened(all[i].rest, shown(line).size(), box.w);
         if (!last && !line.empty() && line.back() == 0xAD) line.back() = '-';
         const long long top = box.y + static_cast<long long>(i) * measures_.line;
         put(canvas, line, box, align, top + measures_.ascent, color);

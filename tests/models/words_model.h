@@ -55,12 +55,16 @@ public:
 private:
     using Codes = std::vector<char32_t>;
     long long width_of(const Codes& codes) const;
-    Codes shortened(Codes codes, long long room) const;
+    Codes shortened(const Codes& text, std::size_t count, long long room) const;
     void put(Canvas& canvas, const Codes& codes, kit_box box, int align, long long baseline,
              orvel_color color) const;
     void put_at(Canvas& canvas, const Codes& codes, long long x, long long baseline, kit_box clip,
                 orvel_color color) const;
-    std::vector<Codes> lines(const Codes& codes, int room) const;
+    struct Line {
+        Codes shown;
+        Codes rest;  // of the text, from the line on
+    };
+    std::vector<Line> lines(const Codes& codes, int room) const;
 
     Letters letters_;
     Measures measures_;

@@ -3,7 +3,9 @@
 
 #include <climits>
 #include <cmath>
+#include <cstdlib>
 #include <string>
+#include <utility>
 
 #include "kit/widgets/kit_samples.h"
 #include "support/bitmap_files.h"
@@ -67,6 +69,48 @@ TEST_F(KitRecordsTest, NamesThatNothingHasAreTold) {
     // The rest of the widget is drawn all the same.
     EXPECT_EQ(draw({.kind = ORVEL_WIDGET_BUTTON, .text = "x", .icon = "nothing"}), -1);
     EXPECT_FALSE(untouched());
+}
+
+TEST_F(KitRecordsTest, OffTheCanvasAMissingNameIsToldOfImagesWhoseOwnSizeCounts) {
+    for (const int x : {-1000, 0, 1000}) {
+        for (const auto& [w, h] : {std::pair{0, 0}, {10, 0}, {0, 10}}) {
+            for (const char* name : {static_cast<const char*>(nullptr), "", "nothing"}) {
+                const kit_widget image = {
+                    .kind = ORVEL_WIDGET_IMAGE, .box = {x, 0, w, h}, .text = name};
+                EXPECT_EQ(draw(image), -1) << x << ' ' << w << ' ' << h;
+            }
+        }
+        const int shown = x == 0 ? -1 : 0;
+        for (const int kind : {ORVEL_WIDGET_IMAGE, ORVEL_WIDGET_ICON}) {
+            EXPECT_EQ(draw({.kind = kind, .box = {x, 0, 10, 10}, .text = "nothing"}), shown);
+        }
+    }
+    EXPECT_TRUE(untouched());
+}
+
+TEST_F(KitRecordsTest, NegativeSidesWantWhatNoneWant) {
+    for (kit_widget widget : usual_widgets()) {
+        int w = 0, h = 0, width = 0, height = 0;
+        widget.box = {0, 0, 0, 0};
+        EXPECT_EQ(kit_size(&widget, &w, &h), 0);
+        widget.box = {0, 0, -5, INT_MIN};
+        EXPECT_EQ(kit_size(&widget, &width, &height), 0);
+        EXPECT_EQ(width, w) << name_of_kind(widget.kind);
+        EXPECT_EQ(height, h) << name_of_kind(widget.kind);
+    }
+}
+
+TEST_F(KitRecordsTest, BarsWithoutValuesAreEmptyWhateverTheirCount) {
+    const double value = 0.5;
+    kit_widget bars = {.kind = ORVEL_WIDGET_BARS, .box = {0, 0, 40, 30}};
+    EXPECT_EQ(draw(bars), 0);
+    const auto empty = checksum(canvas_.get());
+    for (const int count : {INT_MIN, -1, 0, 1, INT_MAX}) {
+        bars.count = count;
+        bars.data = count < 1 ? &value : nullptr;
+        EXPECT_EQ(draw(bars), 0) << count;
+        EXPECT_EQ(checksum(canvas_.get()), empty) << count;
+    }
 }
 
 TEST_F(KitRecordsTest, RecordsOfZerosAreDrawn) {
@@ -189,6 +233,45 @@ TEST_F(KitRecordsTest, ACaretIsSeenWhereverItIs) {
     }
 }
 
+TEST_F(KitRecordsTest, ACaretHasAColumnOfAirOnBothSidesWhereThereIsRoom) {
+    constexpr int kWidth = 420, kMiddle = 20;
+    const auto has_ink = [&](const orvel_canvas* canvas, int x) {
+        for (int y = 4; y < 2 * kMiddle - 4; ++y) {
+            if (orvel_canvas_pixel_get(canvas, x, y) == theme_.text) return true;
+        }
+        return false;
+    };
+    const std::string text = "Will jV,d A";
+    const int count = static_cast<int>(text.size());
+    for (const kit_face* face : {kit_sans_11(), kit_sans_12(), kit_bold_14(), kit_mono_12()}) {
+        const CanvasPtr plain = make_canvas(kWidth, 2 * kMiddle);
+        kit_widget widget = {.kind = ORVEL_WIDGET_TEXTBOX,
+                             .box = {0, 0, kWidth, 2 * kMiddle},
+                             .text = text.c_str(),
+                             .face = face};
+        kit_draw(plain.get(), theme_, widget);
+        for (int caret = 0; caret <= count; ++caret) {
+            const CanvasPtr canvas = make_canvas(kWidth, 2 * kMiddle);
+            widget.state = KIT_FOCUS;
+            widget.caret = widget.anchor = caret;
+            kit_draw(canvas.get(), theme_, widget);
+            int at = 3;  // the only ink in the caret's first row
+            const int top = kMiddle - kit_face_cap(face) / 2 - 3;
+            while (at < kWidth && !(orvel_canvas_pixel_get(canvas.get(), at, top) == theme_.text)) {
+                ++at;
+            }
+            const int place = 3 + kit_face_cap(face) / 3 + kit_text_x(face, text.c_str(), caret);
+            ASSERT_LE(std::abs(at - place), 3) << caret;
+            int left = place, right = place;  // what is free around the place
+            while (left > place - 4 && !has_ink(plain.get(), left - 1)) --left;
+            while (right < place + 4 && !has_ink(plain.get(), right)) ++right;
+            if (right == left) continue;
+            EXPECT_GE(at, left + (right - left > 2 ? 1 : 0)) << caret;
+            EXPECT_LT(at, right - (right - left > 1 ? 1 : 0)) << caret;
+        }
+    }
+}
+
 TEST_F(KitRecordsTest, WithoutFocusThereIsNoCaretOrSelection) {
     kit_widget widget = {.kind = ORVEL_WIDGET_TEXTBOX, .box = {10, 10, 60, 24}, .text = "abc"};
     draw(widget);
@@ -295,6 +378,15 @@ TEST_F(KitImageTest, WithAHeaderThatNoPictureHasWantsNoRoomAndIsRefused) {
     EXPECT_EQ(width, 0);
     EXPECT_EQ(height, 0);
     EXPECT_EQ(kit_draw(canvas.get(), theme_, image_), -1);
+}
+
+TEST_F(KitImageTest, WithOneSideGivenTakesTheOtherFromItsPicture) {
+    save(7, 5);
+    const CanvasPtr whole = make_canvas(12, 8), cut = make_canvas(12, 8);
+    EXPECT_EQ(kit_draw(whole.get(), theme_, image_), 0);
+    image_.box.w = 7;
+    EXPECT_EQ(kit_draw(cut.get(), theme_, image_), 0);
+    EXPECT_EQ(checksum(cut.get()), checksum(whole.get()));
 }
 
 TEST_F(KitImageTest, IsCutToItsBox) {

@@ -207,6 +207,34 @@ TEST(TextLineTest, NoSpaceStandsBeforeTheEllipsis) {
     EXPECT_EQ(boxed("i  HHHH", 16, 5, {0, 0, 13, 5}).substr(68), "#.#.#.#.........\n");
 }
 
+TEST(TextLineTest, NoNumberIsCutIntoAnotherOne) {
+    // What an ellipsis of 6 leaves would hold nearly all of each.
+    const auto shown = [](const char* text, const char* whole) {
+        const CanvasPtr one = make_canvas(60, 9), other = make_canvas(60, 9);
+        const kit_face* const face = tiny_face();
+        const int w = kit_text_width(face, text) - 1;
+        kit_text_box(one.get(), face, text, {0, 0, w, 9}, KIT_LEFT, kInk);
+        const std::string cut = std::string(whole) + "\u2026";
+        kit_text_draw(other.get(), face, cut.c_str(), 0, 7, kInk);
+        return picture(one.get()) == picture(other.get());
+    };
+    EXPECT_TRUE(shown("H11111111", "H"));
+    EXPECT_TRUE(shown("H 1111.11111", "H"));
+    EXPECT_TRUE(shown("H11,111.11111", "H"));
+    EXPECT_TRUE(shown("H11:11:11111", "H"));
+    EXPECT_TRUE(shown("H111'1111", "H"));
+    EXPECT_TRUE(shown("H111\u20191111", "H"));
+    EXPECT_TRUE(shown("H11\u00A0111\u202F111", "H"));
+    EXPECT_TRUE(shown("H1111\u00AD11111", "H"));
+    EXPECT_TRUE(shown("11111111", ""));
+    // The number ends before the ellipsis does, or is cut between its marks and words.
+    EXPECT_TRUE(shown("111 HHHH", "111 HH"));
+    EXPECT_TRUE(shown("111.HHHH", "111.HH"));
+    EXPECT_TRUE(shown("111, HH", "111,"));
+    EXPECT_TRUE(shown("H..111111", "H.."));
+    EXPECT_TRUE(shown("11.. 1111", "11.."));
+}
+
 TEST(TextLineTest, AnEllipsisThatDoesNotFitIsCutAtTheBox) {
     EXPECT_EQ(boxed("HHH", 8, 5, {1, 0, 4, 5}),
               "........\n........\n........\n........\n.#.#....\n");

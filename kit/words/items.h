@@ -1,4 +1,4 @@
-// The captions of tabs and menus.
+// Captions joined with "|": of tabs, of menus, of the places of a chart.
 #pragma once
 
 #include <string>

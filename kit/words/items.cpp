@@ -1,4 +1,4 @@
-#include "widgets/items.h"
+#include "words/items.h"
 
 #include <algorithm>
 #include <climits>
