@@ -4,6 +4,7 @@
 #include <limits>
 #include <new>
 
+#include "charts/legend.h"
 #include "charts/plot.h"
 
 namespace kit {
@@ -11,7 +12,6 @@ namespace {
 
 constexpr int kLongestSide = 32767;
 constexpr int kMostSeries = 32;
-constexpr int kSwatch = 8;  // the side of a square in the legend
 
 bool is_visible(const orvel_canvas* canvas, const kit_box& box) {
     return box.w > 0 && box.h > 0 && box.x < orvel_canvas_width(canvas) &&
@@ -80,12 +80,37 @@ Extent extent_of(const kit_chart& chart) {
     return extent;
 }
 
-int most_ticks(const kit_chart& chart) {
-    return std::clamp(chart.box.h / (2 * kit_face_line(chart.face)), 1, 10);
+/// What stands above and below the room for the values, in rows. Labels keep clear of the lowest
+/// number at the left, whose middle is on the room's last row.
+struct Margins {
+    int top = 0, bottom = 0, to_labels = 0;
+};
+
+Margins margins_of(const kit_chart& chart, int legend) {
+    Margins margins;
+    const int cap = kit_face_cap(chart.face);
+    const int descent = kit_face_descent(chart.face);
+    margins.top = legend;
+    const int unit =
+        chart.unit && *chart.unit ? 1 : 0;  // digits end at the baseline, letters below
+    margins.to_labels = std::max(7, cap / 2 + descent + unit);
+    if (chart.parts & KIT_CHART_LABELS) {
+        margins.bottom = margins.to_labels + cap + descent;
+    } else if (chart.parts & KIT_CHART_AXES) {
+        margins.bottom = cap / 2 + std::max(1, unit * descent);
+    }
+    if (chart.parts & KIT_CHART_AXES) margins.top += cap / 2 + 1;
+    return margins;
+}
+
+int most_ticks(const kit_chart& chart, const Margins& margins) {
+    const int rows = chart.box.h - margins.top - margins.bottom;
+    const int apart = rows / (kit_face_cap(chart.face) + kNumberGap);
+    return std::clamp(std::min(chart.box.h / (2 * kit_face_line(chart.face)), apart), 1, 10);
 }
 
 /// The range that the values take, ending at ticks where these are shown.
-Range found_range(const kit_chart& chart) {
+Range found_range(const kit_chart& chart, int most) {
     Extent extent = extent_of(chart);
     Range range;
     if (extent.empty()) return range;
@@ -94,71 +119,36 @@ Range found_range(const kit_chart& chart) {
     range.low = extent.low;
     range.high = extent.high;
     if (!(chart.parts & KIT_CHART_AXES) || !std::isfinite(range.high - range.low)) return range;
-    range.ticks = ticks_around(range.low, range.high, most_ticks(chart));
+    range.ticks = ticks_around(range.low, range.high, most);
     if (range.ticks.first > range.ticks.last) return range;
     range.low = range.ticks.value(range.ticks.first);
     range.high = range.ticks.value(range.ticks.last);
     return range;
 }
 
-Range range_of(const kit_chart& chart) {
-    if (chart.low == chart.high) return found_range(chart);
+Range range_of(const kit_chart& chart, int most) {
+    if (chart.low == chart.high) return found_range(chart, most);
     Range range;
     range.low = chart.low;
     range.high = chart.high;
     if (chart.parts & KIT_CHART_AXES) {
-        range.ticks = ticks_inside(range.low, range.high, most_ticks(chart));
+        range.ticks = ticks_inside(range.low, range.high, most);
     }
     return range;
 }
 
-/// The widest of the numbers at the ticks.
-int tick_width(const kit_chart& chart, const Ticks& ticks) {
-    int widest = 0;
-    for (std::int64_t i = ticks.first; i <= ticks.last; ++i) {
-        const std::string text =
-            ticks.text(i, std::clamp(chart.decimals, 0, 9)) + (chart.unit ? chart.unit : "");
-        widest = std::max(widest, kit_text_width(chart.face, text.c_str()));
-    }
-    return widest;
-}
-
 /// What the box leaves for the values.
-kit_box room_of(const kit_chart& chart, const Range& range) {
-    kit_box room = chart.box;
-    const int cap = kit_face_cap(chart.face);
-    const auto take_top = [&](int rows) {
-        room.y += rows;
-        room.h -= rows;
-    };
-    if (chart.kind == KIT_CHART_SPARK) return {room.x + 2, room.y + 2, room.w - 4, room.h - 4};
-    if (chart.parts & KIT_CHART_LEGEND) take_top(cap + 8);
+kit_box room_of(const kit_chart& chart, const Range& range, const Margins& margins) {
+    const kit_box& box = chart.box;
+    int left = 0;
     if (chart.parts & KIT_CHART_AXES) {
-        const int left = tick_width(chart, range.ticks) + 6;
-        room.x += left;
-        room.w -= left;
-        take_top(cap / 2 + 1);
-        if (!(chart.parts & KIT_CHART_LABELS)) room.h -= cap / 2 + 1;
+        for (std::int64_t i = range.ticks.first; i <= range.ticks.last; ++i) {
+            const std::string text = tick_text(chart, range.ticks, i);
+            left = std::max(left, kit_text_width(chart.face, text.c_str()));
+        }
+        left += kFromNumbers;
     }
-    if (chart.parts & KIT_CHART_LABELS) room.h -= cap + 7 + kit_face_descent(chart.face);
-    return room;
-}
-
-void draw_legend(orvel_canvas* canvas, const orvel_theme& theme, const kit_chart& chart) {
-    const int cap = kit_face_cap(chart.face);
-    int right = chart.box.x + chart.box.w;
-    for (int i = chart.count - 1; i >= 0; --i) {
-        const char* name = chart.series[i].name;
-        if (!name || !*name) continue;
-        const int x = right - kit_text_width(chart.face, name);
-        const int swatch = x - kSwatch - 6;
-        if (swatch < chart.box.x) return;
-        const int top = chart.box.y + 2;
-        kit_text_draw(canvas, chart.face, name, x, top + cap, quiet(theme));
-        orvel_canvas_fill_rect(canvas, swatch, top + (cap - kSwatch + 1) / 2, kSwatch, kSwatch,
-                               series_color(theme, chart, i));
-        right = swatch - 16;
-    }
+    return {box.x + left, box.y + margins.top, box.w - left, box.h - margins.top - margins.bottom};
 }
 
 void draw_kind(const Plot& plot, int kind) {
@@ -197,24 +187,38 @@ bool is_valid(const kit_chart& chart) {
            chart.box.w <= kLongestSide && chart.box.h <= kLongestSide;
 }
 
+/// The values of a chart, and what its parts put around them.
+void draw_plot(orvel_canvas* canvas, const orvel_theme& theme, const kit_chart& chart) {
+    const Legend legend(chart);
+    const Margins margins = margins_of(chart, chart.parts & KIT_CHART_LEGEND ? legend.height() : 0);
+    const Range range = range_of(chart, most_ticks(chart, margins));
+    const kit_box room = room_of(chart, range, margins);
+    if (room.w < 1 || room.h < 1) return;
+    const Plot plot(canvas, theme, chart, room, range);
+    if (chart.parts & KIT_CHART_AXES) plot.grid();
+    if (chart.parts & KIT_CHART_LABELS) plot.labels(room.y + room.h + margins.to_labels);
+    if (chart.parts & KIT_CHART_LEGEND) legend.draw(canvas, theme);
+    draw_values(canvas, theme, chart, room, range);
+}
+
 /// The chart in coordinates of @p inside, which shows @p part of the canvas.
 void draw_on(orvel_canvas* inside, const orvel_theme& theme, const kit_chart& record,
              const kit_box& part) {
     kit_chart chart = record;
     chart.box.x -= part.x;
     chart.box.y -= part.y;
-    const Range range = range_of(chart);
-    if (chart.kind == KIT_CHART_GAUGE) return draw_gauge(inside, theme, chart, range);
-    const kit_box room = room_of(chart, range);
-    if (room.w < 1 || room.h < 1) return;
-    const Plot plot(inside, theme, chart, room, range);
-    const bool around = chart.kind != KIT_CHART_SPARK;
-    if (around && (chart.parts & KIT_CHART_AXES)) plot.grid(chart.box.x);
-    if (around && (chart.parts & KIT_CHART_LABELS)) {
-        plot.labels(chart.box.x, chart.box.x + chart.box.w, room.y + room.h + 7);
+    const kit_box& box = chart.box;
+    switch (chart.kind) {
+    case KIT_CHART_GAUGE:
+        return draw_gauge(inside, theme, chart, range_of(chart, most_ticks(chart, {})));
+    case KIT_CHART_SPARK: {
+        const kit_box room = {box.x + 2, box.y + 2, box.w - 4, box.h - 4};
+        if (room.w < 1 || room.h < 1) return;
+        const Range range = range_of(chart, most_ticks(chart, {}));
+        return draw_values(inside, theme, chart, room, range);
     }
-    if (around && (chart.parts & KIT_CHART_LEGEND)) draw_legend(inside, theme, chart);
-    draw_values(inside, theme, chart, room, range);
+    default: return draw_plot(inside, theme, chart);
+    }
 }
 
 }  // namespace

@@ -1,8 +1,11 @@
 // Three quarters of a ring, the number in its middle.
 #include <algorithm>
 #include <limits>
+#include <string>
+#include <string_view>
 
 #include "charts/plot.h"
+#include "words/items.h"
 
 namespace kit {
 namespace {
@@ -98,6 +101,39 @@ struct Ring {
         const int bottom = std::min(cy + outer, orvel_canvas_height(canvas));
         for (int y = std::max(cy - outer, 0); y < bottom; ++y) draw_row(canvas, y, empty);
     }
+
+    /// In the middle: with its unit, without it where that is too wide, an ellipsis in place of a
+    /// number that is too wide itself, and nothing where that has no room.
+    void write_number(orvel_canvas* canvas, const kit_chart& chart, double value,
+                      orvel_color color) const {
+        const int cap = kit_face_cap(chart.face);
+        int half = inner;  // of the room between the ends of the middle row's letters
+        while (half > 0 && half * half + cap * cap / 4 > inner * inner) --half;
+        const kit_box middle = {cx - half, cy - cap, 2 * half, 2 * cap};
+        const auto width = [&](const std::string& text) {
+            return kit_text_width(chart.face, text.c_str());
+        };
+        std::string text = number_text(value, chart.decimals);
+        if (is_there(value) && chart.unit && width(text + chart.unit) <= middle.w) {
+            text += chart.unit;
+        }
+        if (width(text) > middle.w) text = "\u2026";
+        if (width(text) > middle.w) return;
+        kit_text_box(canvas, chart.face, text.c_str(), middle, KIT_CENTRE, color);
+    }
+
+    void write_label(orvel_canvas* canvas, const kit_chart& chart, orvel_color color) const {
+        const int cap = kit_face_cap(chart.face);
+        const int descent = kit_face_descent(chart.face);
+        const kit_box& box = chart.box;
+        const int low_ends = cy + outer * 72 / 100;
+        const int row = std::min(low_ends, box.y + box.h - cap - 1 - descent);
+        const int half = row == low_ends ? box.w / 2 : inner * 7 / 10;  // else it is between them
+        std::string_view labels = chart.labels ? chart.labels : "";
+        kit_text_box(canvas, chart.face, next_item(&labels).c_str(),
+                     {cx - half, row - descent, 2 * half, cap + 2 + 2 * descent}, KIT_CENTRE,
+                     color);
+    }
 };
 
 /// The last value of the first series; NaN when it has none.
@@ -121,23 +157,14 @@ void draw_gauge(orvel_canvas* canvas, const orvel_theme& theme, const kit_chart&
     const double shown = there ? std::clamp(value, range.low, range.high) : range.low;
     const int sweep = scale.place(scale.units(shown), kSweep);
     const int cx = box.x + box.w / 2;
-    const int cy = box.y + (box.h - outer * 1720 / 1000) / 2 + outer;
+    const bool labelled = (chart.parts & KIT_CHART_LABELS) != 0;
+    const int label = labelled ? kit_face_cap(chart.face) + kit_face_descent(chart.face) + 2 : 0;
+    const int cy = box.y + std::max(0, box.h - outer * 1720 / 1000 - label) / 2 + outer;
     const orvel_color ink = chart.count > 0 ? series_color(theme, chart, 0) : theme.accent;
     const Ring ring = {cx, cy, outer, inner, sector(kSweep), sector(sweep), theme.border, ink};
     ring.draw(canvas, sweep == 0);
-
-    const int cap = kit_face_cap(chart.face);
-    const std::string unit = there && chart.unit ? chart.unit : "";
-    const std::string number = number_text(value, chart.decimals) + unit;
-    const kit_box middle = {cx - inner, cy - cap, 2 * inner, 2 * cap};
-    kit_text_box(canvas, chart.face, number.c_str(), middle, KIT_CENTRE, theme.text);
-    if (!(chart.parts & KIT_CHART_LABELS)) return;
-    const int opening = inner * 7 / 10;
-    const int descent = kit_face_descent(chart.face);
-    const int row = std::min(cy + outer * 7 / 10, box.y + box.h - cap - 1 - descent);
-    kit_text_box(canvas, chart.face, item(chart.labels, 0).c_str(),
-                 {cx - opening, row - descent, 2 * opening, cap + 2 + 2 * descent}, KIT_CENTRE,
-                 quiet(theme));
+    ring.write_number(canvas, chart, value, theme.text);
+    if (labelled) ring.write_label(canvas, chart, quiet(theme));
 }
 
 }  // namespace kit

@@ -55,8 +55,8 @@ void Plot::area(const kit_series& series, orvel_color ink) const {
 void Plot::areas() const {
     for (int i = 0; i < chart.count; ++i) {
         area(chart.series[i], kit_mix(color(i), T.surface, 65));
-        polyline(chart.series[i], color(i), 2);
     }
+    lines();  // over all of the areas, which hide each other
 }
 
 void Plot::spark() const {

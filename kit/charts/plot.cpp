@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <iterator>
+#include <string_view>
+
+#include "words/items.h"
 
 namespace kit {
 namespace {
@@ -29,15 +31,8 @@ orvel_color series_color(const orvel_theme& theme, const kit_chart& chart, int s
 
 orvel_color quiet(const orvel_theme& theme) { return kit_mix(theme.text, theme.surface, 40); }
 
-int item_count(const char* list) {
-    if (!list || !*list) return 0;
-    return static_cast<int>(1 + std::count(list, list + std::strlen(list), '|'));
-}
-
-std::string item(const char* list, int i) {
-    if (!list) return {};
-    for (; i > 0; --i) list = std::strchr(list, '|') + 1;
-    return std::string(list, std::strcspn(list, "|"));
+std::string tick_text(const kit_chart& chart, const Ticks& ticks, std::int64_t tick) {
+    return ticks.text(tick, std::clamp(chart.decimals, 0, 9)) + (chart.unit ? chart.unit : "");
 }
 
 Plot::Plot(orvel_canvas* to, const orvel_theme& theme, const kit_chart& record, kit_box inside,
@@ -70,39 +65,64 @@ int Plot::row(double value) const {
 
 int Plot::base_row() const { return row(std::clamp(0.0, scale.low, scale.high)); }
 
-void Plot::grid(int left) const {
+/// Of how many numbers at the ticks one is shown. In so many steps lies zero, if it is in range.
+std::int64_t Plot::numbers_apart() const {
+    if (ticks.first >= ticks.last) return 1;
+    const int rows = row(ticks.value(ticks.first)) - row(ticks.value(ticks.first + 1));
+    const int needed = kit_face_cap(chart.face) + kNumberGap;
+    return (needed + std::max(rows, 1) - 1) / std::max(rows, 1);
+}
+
+void Plot::grid() const {
     const int half = kit_face_cap(chart.face) / 2;
+    const std::int64_t apart = numbers_apart();
     for (std::int64_t i = ticks.first; i <= ticks.last; ++i) {
         const int y = row(ticks.value(i));
         orvel_canvas_fill_rect(canvas, room.x, y, room.w, 1, T.border);
-        const std::string text =
-            ticks.text(i, std::clamp(chart.decimals, 0, 9)) + (chart.unit ? chart.unit : "");
-        const int x = room.x - 6 - kit_text_width(chart.face, text.c_str());
-        kit_text_draw(canvas, chart.face, text.c_str(), std::max(x, left), y + half + 1, quiet(T));
+        if (i % apart != 0) continue;
+        const std::string text = tick_text(chart, ticks, i);
+        const int x = room.x - kFromNumbers - kit_text_width(chart.face, text.c_str());
+        kit_text_draw(canvas, chart.face, text.c_str(), x, y + half + 1, quiet(T));
     }
     if (ticks.last < ticks.first) {
         orvel_canvas_fill_rect(canvas, room.x, base_row(), room.w, 1, T.border);
     }
 }
 
-int Plot::label_places() const { return std::min(item_count(chart.labels), places); }
-
-void Plot::labels(int left, int right, int top) const {
+/// Each below the middle of its place, but inside the chart; those that are wider than it have
+/// none.
+std::vector<Plot::Label> Plot::placed_labels() const {
     const bool bars = chart.kind == KIT_CHART_BARS || chart.kind == KIT_CHART_STACKED;
-    const int count = label_places();
-    int widest = 0;
+    std::vector<Label> all;
+    if (!chart.labels || !*chart.labels) return all;
+    std::string_view rest = chart.labels;
+    const int count = std::min(items_in(rest), places);
     for (int i = 0; i < count; ++i) {
-        widest = std::max(widest, kit_text_width(chart.face, item(chart.labels, i).c_str()));
-    }
-    const int one = std::max(1, room.w / std::max(places, 1));
-    const int every = std::max(1, (widest + kLabelGap + one - 1) / one);
-    for (int i = 0; i < count; i += every) {
-        const std::string text = item(chart.labels, i);
-        const int w = kit_text_width(chart.face, text.c_str());
+        Label label = {next_item(&rest), 0, 0};
+        label.w = kit_text_width(chart.face, label.text.c_str());
+        if (label.w > chart.box.w) label = {};
         const int centre = bars ? (slot(i) + slot(i + 1)) / 2 : column(i);
-        const int x = std::max(left, std::min(centre - w / 2, right - w));
-        kit_text_draw(canvas, chart.face, text.c_str(), x, top + kit_face_cap(chart.face),
-                      quiet(T));
+        const int last = chart.box.x + chart.box.w - label.w;
+        label.x = std::max(chart.box.x, std::min(centre - label.w / 2, last));
+        all.push_back(label);
+    }
+    return all;
+}
+
+void Plot::labels(int top) const {
+    const std::vector<Label> all = placed_labels();
+    const auto fit = [&](std::size_t every) {
+        for (std::size_t i = every; i < all.size(); i += every) {
+            const Label& before = all[i - every];
+            if (before.x + before.w + kLabelGap > all[i].x) return false;
+        }
+        return true;
+    };
+    std::size_t every = 1;
+    while (!fit(every)) ++every;
+    for (std::size_t i = 0; i < all.size(); i += every) {
+        kit_text_draw(canvas, chart.face, all[i].text.c_str(), all[i].x,
+                      top + kit_face_cap(chart.face), quiet(T));
     }
 }
 

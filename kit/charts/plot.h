@@ -1,7 +1,9 @@
 // A chart being drawn: its record, its room, its range, and what its kinds are drawn with.
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
 #include "charts/scale.h"
 #include "orvel_kit.h"
@@ -26,12 +28,20 @@ public:
     void bars() const;
     void stacked() const;
 
-    /// Lines at the ticks, and the labels below. They belong around the room: the first at its
-    /// left, from @p left on, the others from the row @p top on.
-    void grid(int left) const;
-    void labels(int left, int right, int top) const;
+    /// Lines at the ticks with their numbers at the left of the room, every one of them or, where
+    /// they would touch, every second, third and so on.
+    void grid() const;
+    /// The labels below, from the row @p top on, chosen likewise.
+    void labels(int top) const;
 
 private:
+    struct Label {
+        std::string text;
+        int x, w;
+    };
+
+    std::int64_t numbers_apart() const;
+    std::vector<Label> placed_labels() const;
     int column(int i) const;      // of the point i
     int slot(int i) const;        // where the bars of the place i begin
     int row(double value) const;  // of a value, in the room or outside it
@@ -42,7 +52,6 @@ private:
     void area(const kit_series& series, orvel_color ink) const;
     void bar(int x, int w, std::int64_t from, std::int64_t to, orvel_color ink) const;
     void stack(int place) const;
-    int label_places() const;
 
     orvel_canvas* canvas;
     const orvel_theme& T;
@@ -52,6 +61,12 @@ private:
     Ticks ticks;
     int places;  // the longest series' count
 };
+
+constexpr int kFromNumbers = 6;  // from the numbers at the left to the room
+constexpr int kNumberGap = 3;    // between one number and the next below it, at least
+
+/// What stands at a tick: a number with its unit.
+std::string tick_text(const kit_chart& chart, const Ticks& ticks, std::int64_t tick);
 
 /// Whether a value is there: neither NaN nor infinite.
 bool is_there(double value);
@@ -65,11 +80,5 @@ orvel_color series_color(const orvel_theme& theme, const kit_chart& chart, int s
 
 /// The colour of what is said beside the values.
 orvel_color quiet(const orvel_theme& theme);
-
-/// The item @p i, below item_count(), of a list joined with "|"; empty for none at all.
-std::string item(const char* list, int i);
-
-/// How many items the list has; none when it is null or empty.
-int item_count(const char* list);
 
 }  // namespace kit

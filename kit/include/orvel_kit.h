@@ -324,7 +324,8 @@ ORVEL_API int kit_text_draw(orvel_canvas* canvas, const kit_face* face, const ch
 
 /**
  * Draws one line in a box, its capitals centred from top to bottom. A line wider than the box ends
- * in an ellipsis; no pixel outside the box changes, so a letter may lose what hangs over its sides.
+ * in an ellipsis, which comes before a whole number rather than inside it; no pixel outside the box
+ * changes, so a letter may lose what hangs over its sides.
  *
  * @return 0 when the line is no wider than the box, 1 when it was cut, -1 for a null canvas.
  */
@@ -382,7 +383,7 @@ typedef struct kit_widget {
     int amount KIT_ZERO;   /**< of steppers and badges; the selected item of tabs and menus */
     double value KIT_ZERO; /**< the fraction of sliders, progress bars, spinners and ratings */
     const double* data KIT_ZERO; /**< the values of bars, 0 to 1, @p count of them */
-    int count KIT_ZERO;          /**< how many values */
+    int count KIT_ZERO;          /**< how many values; below 1 none */
     int caret KIT_ZERO;  /**< of a text field with focus: the offset of the caret, in bytes */
     int anchor KIT_ZERO; /**< the other end of its selection, in bytes */
     const void* reserved[4] KIT_ZERO;
@@ -396,15 +397,15 @@ typedef struct kit_widget {
  * as large as the face or the box. Nothing is painted outside the box.
  *
  * @return 0, also where nothing of the box is on the canvas; -1 for null, an unknown kind, a
- *         negative size, an icon or image that cannot be drawn, and where memory runs out: what was
- *         drawn by then stays.
+ *         negative size, an icon or image that cannot be drawn (off the canvas that is told only of
+ *         an image whose own size counts), and where memory runs out: what was drawn by then stays.
  */
 ORVEL_API int kit_draw(orvel_canvas* canvas, const orvel_theme* theme, const kit_widget* widget);
 
 /**
- * The size that a widget wants with its words, face and value: sides that its box gives stay. The
- * size of an image is that of what shows of it, up to 4096 pixels to a side; finding it reads and
- * draws the file.
+ * The size that a widget wants with its words, face and value: sides above 0 that its box gives
+ * stay. The size of an image is that of what shows of it, up to 4096 pixels to a side, and 0 x 0
+ * for one that cannot be drawn; finding it reads and draws the file.
  *
  * @param w, h  written, in pixels; may be null.
  * @return 0; -1 for null, an unknown kind and where memory runs out, which want 0 x 0.
@@ -426,8 +427,8 @@ typedef enum kit_chart_kind {
 /** What a chart shows beside its values, to be added up. */
 typedef enum kit_chart_parts {
     KIT_CHART_AXES = 1,   /**< lines at round numbers, with labels at the left */
-    KIT_CHART_LABELS = 2, /**< the labels below, as many of them as fit */
-    KIT_CHART_LEGEND = 4  /**< the names of the series at the top right */
+    KIT_CHART_LABELS = 2, /**< the labels below, as many of them as fit; of a gauge the first */
+    KIT_CHART_LEGEND = 4  /**< the names of the series at the top right, in rows */
 } kit_chart_parts;
 
 /** One row of values. */
@@ -444,11 +445,11 @@ typedef struct kit_chart {
     int kind KIT_ZERO;    /**< a kit_chart_kind */
     kit_box box KIT_ZERO; /**< nothing is painted outside; the ground is left as it is */
     const kit_series* series KIT_ZERO; /**< @p count of them */
-    int count KIT_ZERO;                /**< how many series, 32 at most */
+    int count KIT_ZERO;                /**< how many series, 0 to 32 */
     double low KIT_ZERO;       /**< the range, a number; found from the values, with zero for */
     double high KIT_ZERO;      /**<   areas, bars and gauges, when it is the same number */
     unsigned parts KIT_ZERO;   /**< of kit_chart_parts */
-    int decimals KIT_ZERO;     /**< the number of digits of labels and gauge; ticks may need more */
+    int decimals KIT_ZERO;     /**< the number of digits, clamped to [0, 9]; ticks may need more */
     const char* unit KIT_ZERO; /**< put behind those numbers, " kW" for instance */
     const char* labels KIT_ZERO;   /**< of the places from left to right, joined with "|" */
     const kit_face* face KIT_ZERO; /**< of all its words */
@@ -456,11 +457,13 @@ typedef struct kit_chart {
 } kit_chart;
 
 /**
- * Draws a chart in the theme's colours.
+ * Draws a chart in the theme's colours. Numbers and labels are whole or left out; an ellipsis ends
+ * names that are too long, and stands for a gauge's number that has no room even without its unit.
  *
- * @return 0, also where there are no values to show; -1 for null, an unknown kind, a count below 0,
- *         more than 32 series, a box with a side below 0 or above 32767, a range that is upside
- *         down or whose ends or width are not finite, and where memory runs out.
+ * @return 0, also where there are no values to show, and where the box leaves them no room or lies
+ *         off the canvas; -1 for null, an array only where its count is above 0, an unknown kind,
+ *         a count below 0, more than 32 series, a box with a side below 0 or above 32767, a range
+ *         that is upside down or whose ends or width are not finite, and where memory runs out.
  */
 ORVEL_API int kit_chart_draw(orvel_canvas* canvas, const orvel_theme* theme,
                              const kit_chart* chart);

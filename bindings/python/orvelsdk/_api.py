@@ -576,7 +576,7 @@ class kit_widget(Structure):
     amount: of steppers and badges; the selected item of tabs and menus
     value: the fraction of sliders, progress bars, spinners and ratings
     data: the values of bars, 0 to 1, count of them
-    count: how many values
+    count: how many values; below 1 none
     caret: of a text field with focus: the offset of the caret, in bytes
     anchor: the other end of its selection, in bytes"""
     _fields_ = [("kind", c_int),
@@ -615,11 +615,11 @@ class kit_chart(Structure):
     kind: a kit_chart_kind
     box: nothing is painted outside; the ground is left as it is
     series: count of them
-    count: how many series, 32 at most
+    count: how many series, 0 to 32
     low: the range, a number; found from the values, with zero for
     high: areas, bars and gauges, when it is the same number
     parts: of kit_chart_parts
-    decimals: the number of digits of labels and gauge; ticks may need more
+    decimals: the number of digits, clamped to [0, 9]; ticks may need more
     unit: put behind those numbers, " kW" for instance
     labels: of the places from left to right, joined with "|"
     face: of all its words"""
@@ -882,7 +882,8 @@ kit_text_box = _function(
     _OrvelKit, "kit_text_box", c_int, [POINTER(orvel_canvas), POINTER(kit_face), c_char_p, kit_box,
                                        c_int, orvel_color],
     """Draws one line in a box, its capitals centred from top to bottom. A line wider than the box ends
-in an ellipsis; no pixel outside the box changes, so a letter may lose what hangs over its sides.
+in an ellipsis, which comes before a whole number rather than inside it; no pixel outside the box
+changes, so a letter may lose what hangs over its sides.
 
 Returns: 0 when the line is no wider than the box, 1 when it was cut, -1 for a null canvas.""")
 kit_text_wrap = _function(
@@ -917,13 +918,13 @@ face (bands, bubbles, boxes beside words) or more room than it uses (sliders, st
 as large as the face or the box. Nothing is painted outside the box.
 
 Returns: 0, also where nothing of the box is on the canvas; -1 for null, an unknown kind, a
-    negative size, an icon or image that cannot be drawn, and where memory runs out: what was
-    drawn by then stays.""")
+    negative size, an icon or image that cannot be drawn (off the canvas that is told only of
+    an image whose own size counts), and where memory runs out: what was drawn by then stays.""")
 kit_size = _function(
     _OrvelKit, "kit_size", c_int, [POINTER(kit_widget), POINTER(c_int), POINTER(c_int)],
-    """The size that a widget wants with its words, face and value: sides that its box gives stay. The
-size of an image is that of what shows of it, up to 4096 pixels to a side; finding it reads and
-draws the file.
+    """The size that a widget wants with its words, face and value: sides above 0 that its box gives
+stay. The size of an image is that of what shows of it, up to 4096 pixels to a side, and 0 x 0
+for one that cannot be drawn; finding it reads and draws the file.
 
 w: written, in pixels; may be null.
 h: written, in pixels; may be null.
@@ -931,11 +932,13 @@ Returns: 0; -1 for null, an unknown kind and where memory runs out, which want 0
 kit_chart_draw = _function(
     _OrvelKit, "kit_chart_draw", c_int, [POINTER(orvel_canvas), POINTER(orvel_theme),
                                          POINTER(kit_chart)],
-    """Draws a chart in the theme's colours.
+    """Draws a chart in the theme's colours. Numbers and labels are whole or left out; an ellipsis ends
+names that are too long, and stands for a gauge's number that has no room even without its unit.
 
-Returns: 0, also where there are no values to show; -1 for null, an unknown kind, a count below
-    0, more than 32 series, a box with a side below 0 or above 32767, a range that is upside
-    down or whose ends or width are not finite, and where memory runs out.""")
+Returns: 0, also where there are no values to show, and where the box leaves them no room or
+    lies off the canvas; -1 for null, an array only where its count is above 0, an unknown
+    kind, a count below 0, more than 32 series, a box with a side below 0 or above 32767, a
+    range that is upside down or whose ends or width are not finite, and where memory runs out.""")
 
 
 class kit_screen(Structure):

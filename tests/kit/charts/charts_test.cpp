@@ -1,6 +1,7 @@
 // Charts, from outside: pictures worked out by hand, and what holds for any chart.
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
@@ -251,6 +252,53 @@ TEST(ChartTest, WhatIsNoChartIsRefusedAndDrawsNothing) {
     EXPECT_EQ(kit_chart_draw(canvas.get(), &theme, nullptr), -1);
 }
 
+TEST(ChartTest, WhereNothingHasRoomNothingIsDrawnAndThatIsNoFailure) {
+    const std::vector<double> values = {1, 2};
+    const kit_series one = series(values);
+    for (int kind = KIT_CHART_LINE; kind <= KIT_CHART_GAUGE; ++kind) {
+        for (const auto& [x, y, w, h] : {kit_box{0, 0, 0, 0},
+                                         {0, 0, 0, 10},
+                                         {0, 0, 20, 0},
+                                         {0, 0, 3, 3},
+                                         {20, 0, 20, 10},
+                                         {-20, 0, 20, 10},
+                                         {0, INT_MAX, 32767, 32767},
+                                         {INT_MIN, INT_MIN, 32767, 32767}}) {
+            const kit_chart chart = {
+                .kind = kind, .box = {x, y, w, h}, .series = &one, .count = 1, .parts = 7};
+            const auto canvas = make_canvas(20, 10);
+            EXPECT_EQ(kit_chart_draw(canvas.get(), dark(), chart), 0);
+            EXPECT_EQ(orvel_test::checksum(canvas.get()),
+                      orvel_test::checksum(make_canvas(20, 10).get()))
+                << kind << ": " << x << ' ' << y << ' ' << w << ' ' << h;
+        }
+    }
+}
+
+TEST(ChartTest, AnArrayMayBeNullWhereItsCountIsZero) {
+    const orvel_theme theme = dark();
+    const kit_series none = {};
+    const auto canvas = make_canvas(20, 10);
+    for (int kind = KIT_CHART_LINE; kind <= KIT_CHART_GAUGE; ++kind) {
+        const kit_chart empty = {.kind = kind, .box = {0, 0, 20, 10}};
+        EXPECT_EQ(kit_chart_draw(canvas.get(), theme, empty), 0);
+        const kit_chart chart = {.kind = kind, .box = {0, 0, 20, 10}, .series = &none, .count = 1};
+        EXPECT_EQ(kit_chart_draw(canvas.get(), theme, chart), 0);
+    }
+}
+
+TEST(ChartTest, DecimalsAreClampedToNine) {
+    const std::vector<double> values = {1, 2};
+    const auto with = [&](int decimals) {
+        return drawn({.parts = KIT_CHART_AXES, .decimals = decimals}, {series(values)}, 160, 60);
+    };
+    EXPECT_EQ(with(-1), with(0));
+    EXPECT_EQ(with(INT_MIN), with(0));
+    EXPECT_EQ(with(10), with(9));
+    EXPECT_EQ(with(INT_MAX), with(9));
+    EXPECT_NE(with(8), with(9));
+}
+
 /// A chart of random values, some of them missing, huge, or outside its range.
 struct RandomChart {
     std::vector<std::vector<double>> values;
@@ -266,7 +314,9 @@ struct RandomChart {
                 value = random.one_in(8) ? kMissing : random.between(-1000, 1000) / 100.0 * size;
             }
             rows.push_back(series(row, {}));
-            rows.back().name = random.one_in(2) ? "Solar" : nullptr;
+            rows.back().name = random.one_in(2)   ? "Solar"
+                               : random.one_in(2) ? "Grid, bought"
+                                                  : nullptr;
         }
         chart.kind = random.between(KIT_CHART_LINE, KIT_CHART_GAUGE);
         chart.box = {random.between(-60, 120), random.between(-60, 90), random.between(0, 120),
@@ -279,7 +329,8 @@ struct RandomChart {
         chart.decimals = random.between(-1, 3);
         chart.unit = random.one_in(2) ? " kW" : nullptr;
         chart.labels = random.one_in(2) ? "Mon|Tue|Wed|Thu" : nullptr;
-        chart.face = random.one_in(2) ? kit_sans_11() : nullptr;
+        const kit_face* const faces[] = {nullptr, kit_sans_11(), kit_bold_14(), kit_sans_24()};
+        chart.face = faces[random.between(0, 3)];
         chart.series = rows.data();
         chart.count = static_cast<int>(rows.size());
     }
