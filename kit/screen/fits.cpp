@@ -113,21 +113,23 @@ bool shows_nothing(kit_chart chart) {
     return with == drawn(chart);
 }
 
-/// The last of the names of the series that the legend leaves out: as the kit does, from the right.
+/// The first of the names of the series that the legend does not show whole: a longer one looks the
+/// same.
 std::string name_left_out(kit_chart chart, std::vector<kit_series> all) {
     std::vector<std::string> names;
     for (kit_series& series : all) {
         names.emplace_back(series.name);
         series = {};
     }
+    for (std::size_t k = 0; k < all.size(); ++k) all[k].name = names[k].c_str();
     chart.series = all.data();
-    std::vector<unsigned char> before = drawn(chart);
-    for (std::size_t k = all.size(); k-- > 0;) {
+    const std::vector<unsigned char> before = drawn(chart);
+    for (std::size_t k = 0; k < all.size(); ++k) {
         if (names[k].empty()) continue;
+        const std::string longer = names[k] + 'M';
+        all[k].name = longer.c_str();
+        if (drawn(chart) == before) return names[k];
         all[k].name = names[k].c_str();
-        std::vector<unsigned char> now = drawn(chart);
-        if (now == before) return names[k];
-        before = std::move(now);
     }
     return "";
 }

@@ -250,9 +250,12 @@ TEST(ReportTest, ChartsAndLegendsThatDoNotFitAreTold) {
     const std::string cut = "scene:1:55: root.column[0]: cut: ";
     EXPECT_EQ(told(R"("line", )" + two + R"("width": 120)"), "");
     EXPECT_EQ(told(R"("line", )" + two + R"("width": 80)"),
-              cut + "\"Sun\" does not fit in the legend\n");
-    EXPECT_EQ(told(R"("bars", )" + two + R"("width": 40)"),
               cut + "\"Wind\" does not fit in the legend\n");
+    EXPECT_EQ(told(R"("bars", )" + two + R"("width": 40)"),
+              cut + "\"Sun\" does not fit in the legend\n");
+    EXPECT_EQ(told(R"("line", "series": [{"values": [1], "name": "Wind from the west"}],
+                      "legend": true, "height": 60, "width": 80)"),
+              cut + "\"Wind from the west\" does not fit in the legend\n");
     EXPECT_EQ(told(R"("spark", )" + two + R"("width": 40)"), "");  // it has none
     EXPECT_EQ(told(R"("gauge", )" + two + R"("width": 60)"), "");
     EXPECT_EQ(told(R"("line", )" + two + R"("width": 5000)"), "");
