@@ -161,7 +161,7 @@ ORVEL_API int orvel_set_resource_path(const char* path);
  */
 ORVEL_API orvel_canvas* orvel_canvas_create(int width, int height);
 
-/** Releases a canvas, @p canvas is taken. No widget made for it may be drawn afterwards. */
+/** Releases a canvas; @p canvas is taken. No widget made for it may be drawn afterwards. */
 ORVEL_API void orvel_canvas_destroy(orvel_canvas* canvas);
 
 ORVEL_API int orvel_canvas_width(const orvel_canvas* canvas);  /**< in pixels; 0 for null */
@@ -446,7 +446,7 @@ ORVEL_API orvel_widget* orvel_widget_tooltip(orvel_canvas* canvas, const orvel_t
 ORVEL_API orvel_widget* orvel_widget_statusbar(orvel_canvas* canvas, const orvel_theme* theme,
                                                const char* text, int x, int y, int w, int h);
 
-/** Releases a widget and its copies, @p widget is taken; not its canvas or theme. */
+/** Releases a widget and its copies, not its canvas or theme; @p widget is taken. */
 ORVEL_API void orvel_widget_destroy(orvel_widget* widget);
 
 /*

@@ -134,6 +134,8 @@ def function(header, each, rules, known, kinds):
         if not each["shown_by"]:
             raise Problem(f"{where}: nothing is said of the kinds that show it")
     each["comment"] = comments.plain(comments.about(text))
+    for key in ("comment", "arguments", "returns", "raises"):  # as one reads them
+        each[key] = each.pop(key)
     known[each["name"]] = each
 
 
@@ -190,7 +192,6 @@ def add_all(libraries):
         values = [value for enum in each["enums"] for value in enum["values"]]
         for item in (each, *each["objects"], *each["enums"], *values):
             item["comment"] = comments.plain(item["comment"])
-        for item in each["functions"]:
-            check_enums(f"{each['header']}: {item['name']}", [*item["arguments"], item["returns"]], enums)
-        for item in each["records"]:
-            check_enums(f"{each['header']}: {item['name']}", item["fields"], enums)
+        for item in (*each["functions"], *each["records"]):
+            things = item["fields"] if "fields" in item else [*item["arguments"], item["returns"]]
+            check_enums(f"{each['header']}: {item['name']}", things, enums)

@@ -170,8 +170,10 @@ def stub_classes(library):
         rows = "".join(f"    {each['name']}: {stub_field(each)}\n" for each in record["fields"])
         words = [f"{each['name']}: Any = ..." for each in record["fields"]]
         taken = any(each["name"] == "self" for each in record["fields"])
-        yield f"\nclass {record['name']}(Structure):\n{rows}" + textwrap.indent(
-            wrapped("def __init__(", ["this" if taken else "self", *words], ") -> None: ..."), "    ") + "\n"
+        words = ["this" if taken else "self", *words]
+        start = wrapped("def __init__(", words, ") -> None: ...")
+        yield (f"\nclass {record['name']}(Structure):\n{rows}"
+               f"{textwrap.indent(start, '    ')}\n")
 
 
 def stub(description):

@@ -128,7 +128,7 @@ Returns: the caller's, for orvel_canvas_destroy(), or null.
 Where it raises, the process ends: call kit_canvas().""")
 orvel_canvas_destroy = _function(
     _OrvelSDK, "orvel_canvas_destroy", None, [POINTER(orvel_canvas)],
-    """Releases a canvas, canvas is taken. No widget made for it may be drawn afterwards.""")
+    """Releases a canvas; canvas is taken. No widget made for it may be drawn afterwards.""")
 orvel_canvas_width = _function(
     _OrvelSDK, "orvel_canvas_width", c_int, [POINTER(orvel_canvas)],
     """in pixels; 0 for null""")
@@ -450,7 +450,7 @@ orvel_widget_statusbar = _function(
 Where it raises, the process ends.""")
 orvel_widget_destroy = _function(
     _OrvelSDK, "orvel_widget_destroy", None, [POINTER(orvel_widget)],
-    """Releases a widget and its copies, widget is taken; not its canvas or theme.""")
+    """Releases a widget and its copies, not its canvas or theme; widget is taken.""")
 orvel_widget_set_hover = _function(
     _OrvelSDK, "orvel_widget_set_hover", None, [POINTER(orvel_widget), c_int],
     """The pointer is over the widget. Shown by button, slider, textbox.""")
