@@ -75,7 +75,23 @@ install(FILES ${PROJECT_SOURCE_DIR}/cmake/OrvelSDKConfig.cmake
               ${PROJECT_SOURCE_DIR}/cmake/RunScreens.cmake
               ${PROJECT_BINARY_DIR}/OrvelSDKConfigVersion.cmake
         DESTINATION ${orvel_package_dir} COMPONENT liborvelsdk-dev)
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/share/themes ${PROJECT_SOURCE_DIR}/share/schemas
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/share/themes
         DESTINATION ${CMAKE_INSTALL_DATADIR}/orvelsdk COMPONENT liborvelsdk-dev)
+
+# The scenes, which name the schema by the way to it, that is shorter in an installed tree.
+set(scenes ${PROJECT_SOURCE_DIR}/scenes)
+file(GLOB_RECURSE scene_files CONFIGURE_DEPENDS RELATIVE ${scenes} ${scenes}/*.json)
+foreach(file IN LISTS scene_files)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${scenes}/${file})
+    file(READ ${scenes}/${file} scene)
+    string(REPLACE "\"../../share/schemas/" "\"../../schemas/" scene "${scene}")
+    file(WRITE ${PROJECT_BINARY_DIR}/scenes-to-install/${file} "${scene}")
+endforeach()
+install(DIRECTORY ${scenes} DESTINATION ${CMAKE_INSTALL_DATADIR}/orvelsdk COMPONENT orvelsdk-tools
+        PATTERN *.json EXCLUDE)
+install(DIRECTORY ${PROJECT_BINARY_DIR}/scenes-to-install/
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/orvelsdk/scenes COMPONENT orvelsdk-tools)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/share/schemas
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/orvelsdk COMPONENT orvelsdk-tools)
 install(FILES ${PROJECT_SOURCE_DIR}/bindings/orvel_api.json
         DESTINATION ${CMAKE_INSTALL_DATADIR}/orvelsdk COMPONENT liborvelsdk-dev)

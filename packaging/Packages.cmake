@@ -152,7 +152,7 @@ if(ORVEL_BUILD_TOOLS)
         DEPENDS "liborvelsdk0 (>= ${PROJECT_VERSION})"
         COMPILED_IN CLI11 "${CLI11_VERSION}" BSD-3-Clause ${CMAKE_CURRENT_LIST_DIR}/licences/CLI11
                     ${letters} ${reader}
-        HOLDS "the programs that draw scenes, compare and convert\npictures and check theme files.")
+        HOLDS "the programs that draw scenes, compare and convert\npictures and check theme files, and scenes to copy.")
     file(GLOB pages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tools/man/*.1)
     foreach(page IN LISTS pages)
         if(CPACK_GENERATOR STREQUAL "DEB")

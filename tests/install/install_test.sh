@@ -201,6 +201,30 @@ screens_are_tested_by_one_line_of_cmake)
     if run_screens failing; then fail "a program that fails passes"; fi
     grep -q "The program failed: 1" screens.log || fail "$(cat screens.log)"
     ;;
+scenes_that_are_installed_are_drawn_and_name_their_schema)
+    moved_tree "$work/a folder with spaces"
+    use_prefix "$work/a folder with spaces"
+    PATH="$work/a folder with spaces/bin:$PATH"
+    cp -R "$work/a folder with spaces/share/orvelsdk/scenes" .
+    drawn=0
+    while read -r line; do
+        (cd scenes && eval "$line") >drawing.log 2>&1 || fail "$line: $(cat drawing.log)"
+        picture=scenes/${line##* }
+        orvel-compare "$source_folder/tests/golden/scenes/${line##* }" "$picture" >drawing.log ||
+            fail "$(cat drawing.log)"
+        drawn=$((drawn + 1))
+    done < <(sed -n 's/^    \(orvel-render \)/\1/p' scenes/README.md)
+    [ $drawn -ge 6 ] || fail "only $drawn scenes are drawn by the lines of the README"
+    named=0
+    for file in "$work/a folder with spaces"/share/orvelsdk/scenes/*/*.json; do
+        schema=$(sed -n 's/^ *"[$]schema": "\(.*\)",$/\1/p' "$file")
+        [ -n "$schema" ] || continue
+        cmp "$(dirname "$file")/$schema" "$source_folder/share/schemas/orvel-scene-1.json" ||
+            fail "$file: no $schema"
+        named=$((named + 1))
+    done
+    [ $named -ge 6 ] || fail "only $named scenes name their schema"
+    ;;
 scenes_are_tested_by_one_line_of_cmake)
     moved_tree "$work/a folder with spaces"
     use_prefix "$work/a folder with spaces"
