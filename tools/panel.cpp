@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 #include <iterator>
 
 namespace orvel_tools {
@@ -121,7 +122,14 @@ std::optional<Picture> panel_picture(const orvel_canvas* canvas, const Outlet& o
     Picture picture;
     picture.width = sides.width;
     picture.height = sides.height;
-    picture.pixels.reserve(std::size_t(sides.width) * std::size_t(sides.height));
+    const std::size_t count = std::size_t(sides.width) * std::size_t(sides.height);
+    if (panel.layout == KIT_RGBA) {
+        static_assert(sizeof(orvel_color) == 4, "rows of pixels are rows of bytes");
+        picture.pixels.resize(count);
+        std::memcpy(picture.pixels.data(), bytes.data(), 4 * count);
+        return picture;
+    }
+    picture.pixels.reserve(count);
     const std::size_t stride = kit_pixels_stride(&format, sides.width);
     for (int y = 0; y < sides.height; ++y) {
         const Byte* const row = bytes.data() + stride * std::size_t(y);

@@ -83,7 +83,7 @@ std::optional<Bytes> encoded(const Picture& picture, const std::string& format,
     if (format == "ppm") return ppm_of(picture);
     if (format == "pbm") return pbm_of(picture);
     Bytes bytes;
-    error = encode_png(picture, bytes);
+    error = encode_png(picture, bytes, Use::Shown);
     if (!error.empty()) return std::nullopt;
     return bytes;
 }

@@ -190,7 +190,7 @@ struct Stored {
     Bytes pixels;
 };
 
-bool write_rows(Writer& writer, const Picture& picture, Stored& stored) {
+bool write_rows(Writer& writer, const Picture& picture, Stored& stored, Use use) {
     // NOLINTNEXTLINE(cert-err52-cpp): see the top
     if (setjmp(png_jmpbuf(writer.png))) return false;
     const bool indexed = stored.type == PNG_COLOR_TYPE_PALETTE;
@@ -212,7 +212,7 @@ bool write_rows(Writer& writer, const Picture& picture, Stored& stored) {
             png_set_tRNS(writer.png, writer.info, alphas.data(), stored.palette.size, nullptr);
         }
         png_set_filter(writer.png, PNG_FILTER_TYPE_BASE, PNG_FILTER_NONE);
-        png_set_compression_level(writer.png, 9);
+        png_set_compression_level(writer.png, use == Use::Kept ? 9 : 6);
     }
     png_write_info(writer.png, writer.info);
     if (stored.depth < 8) png_set_packing(writer.png);
@@ -301,14 +301,14 @@ std::string decode_png(const Bytes& bytes, Picture& picture) {
     return lookup.largest < lookup.count ? "" : "a colour that is not in the palette";
 }
 
-std::string encode_png(const Picture& picture, Bytes& bytes) {
+std::string encode_png(const Picture& picture, Bytes& bytes, Use use) {
     Writer writer(bytes);
     if (!writer.info) return "no memory";
     if (picture.width > kLongestSide || picture.height > kLongestSide) {
         return "a side of more than 1000000 pixels does not fit into a PNG file";
     }
     Stored stored = stored_form(picture);
-    return write_rows(writer, picture, stored) ? "" : writer.stream.reason.data();
+    return write_rows(writer, picture, stored, use) ? "" : writer.stream.reason.data();
 }
 
 }  // namespace orvel_tools

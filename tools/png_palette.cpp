@@ -1,6 +1,6 @@
 #include "png_palette.h"
 
-#include <cstring>
+#include <optional>
 
 namespace orvel_tools {
 namespace {
@@ -34,7 +34,11 @@ Palette palette_of(const Picture& picture) {
     Palette palette;
     Table table;
     int size = 0;
+    std::optional<std::uint32_t> last;  // screens have long runs of one colour
     for (const orvel_color& pixel : picture.pixels) {
+        const std::uint32_t number = number_of(pixel);
+        if (number == last) continue;
+        last = number;
         palette.opaque = palette.opaque && pixel.a == 255;
         if (size > 256) continue;
         int& place = table.place(pixel);
@@ -51,8 +55,13 @@ Bytes Palette::indices(const Picture& picture) const {
     for (int i = 0; i < size; ++i) table.place(colors[std::size_t(i)]) = i + 1;
     Bytes numbers;
     numbers.reserve(picture.pixels.size());
+    std::optional<std::uint32_t> last;
     for (const orvel_color& pixel : picture.pixels) {
-        numbers.push_back(static_cast<unsigned char>(table.place(pixel) - 1));
+        const std::uint32_t number = number_of(pixel);
+        const bool known = number == last;
+        last = number;
+        numbers.push_back(known ? numbers.back()
+                                : static_cast<unsigned char>(table.place(pixel) - 1));
     }
     return numbers;
 }
