@@ -108,6 +108,11 @@ def environment(tree, tools):
     }
 
 
+def python(sources):
+    """Where Python finds the module, as if its wheel was installed."""
+    return {"PYTHONPATH": str(sources / "bindings/python"), "PYTHONDONTWRITEBYTECODE": "1"}
+
+
 def run(page, sources, tree, work):
     """Runs the blocks of @p page in the folder @p work, made afresh."""
     with tempfile.TemporaryDirectory() as folder:
@@ -139,7 +144,8 @@ def run_blocks(page, sources, tree, work):
         elif block.language == "sh":
             commands, left_out = without(skipping, block.text)
             skipped |= left_out
-            printed = run_commands(commands, where, work, environment(tree, tools), sys.platform)
+            printed = run_commands(commands, where, work, environment(tree, tools) | python(sources),
+                                   sys.platform)
         elif block.language == "text":
             if printed is None:
                 raise Failure(f"{where}: output without commands before it")

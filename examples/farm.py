@@ -88,22 +88,26 @@ def draw_all(client, folder, jobs, batch=50, ahead=200):
     """
     if __name__ != "__main__":
         cloudpickle.register_pickle_by_value(sys.modules[__name__])  # workers do not have this file
-    scenes = client.scatter(packed(folder), broadcast=True)
+    # As a piece of work, not as scattered data: it is made anew when all who held it are lost.
+    scenes = client.submit(bytes, packed(folder))
     work = batches_of(jobs, batch)
+    held = {}  # the jobs of what runs
 
-    def next_one():
-        for jobs_of_one in itertools.islice(work, 1):
-            return client.submit(draw_batch, scenes, jobs_of_one, pure=False, retries=3)
-        return None
+    def begin(count):
+        for some in itertools.islice(work, count):
+            future = client.submit(draw_batch, scenes, some, pure=False, retries=3)
+            held[future.key] = some
+            yield future
 
-    running = as_completed([future for future in (next_one() for _ in range(ahead)) if future],
-                           with_results=True)
+    running = as_completed(begin(ahead), with_results=True, raise_errors=False)
     for future, results in running:
+        some = held.pop(future.key)
+        if future.status == "finished":
+            yield from results
+        else:  # it ended several workers, for instance
+            yield from ((job["name"], None, repr(future.exception())) for job in some)
         future.release()
-        following = next_one()
-        if following is not None:
-            running.add(following)
-        yield from results
+        running.update(list(begin(1)))
 
 
 def example_jobs(folder, count):
