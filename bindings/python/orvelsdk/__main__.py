@@ -38,8 +38,10 @@ class _Parser(argparse.ArgumentParser):
 
 def _parser() -> _Parser:
     parser = _Parser(prog="python -m orvelsdk", allow_abbrev=False,
-                     description="Draws a scene, a screen described in a JSON file, with the values given.",
-                     epilog="Exit status: 0 when all is well, 1 when --check found something, 2 on an error.")
+                     description="Draws a scene, a screen described in a JSON file, with the "
+                                 "values given.",
+                     epilog="Exit status: 0 when all is well, 1 when --check found something, 2 on "
+                            "an error.")
     add = parser.add_argument
     add("scene", nargs="?", metavar="SCENE", help="the scene file; - is the standard input")
     add("--data", action="append", default=[], metavar="FILE",
@@ -194,7 +196,8 @@ def _screen(wishes: argparse.Namespace, path: Optional[str]) -> Tuple[Screen, Sc
 def _drawn(screen: Screen) -> Canvas:
     width, height = screen.size
     if width * height > MOST_PIXELS:
-        raise Failure(f"a screen of {width} x {height} pixels is too large: 16 million are the most")
+        raise Failure(f"a screen of {width} x {height} pixels is too large: 16 million are the "
+                      "most")
     return screen.render()
 
 

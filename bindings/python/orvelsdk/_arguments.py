@@ -1,6 +1,6 @@
 """What callers pass, checked before it becomes a number or bytes of C.
 
-ctypes cuts numbers that are too large and stops texts at a NUL without a word; here both are errors.
+ctypes cuts numbers that are too large and ends texts at a NUL without a word; here both are errors.
 """
 
 from __future__ import annotations

@@ -49,5 +49,6 @@ def encode(pixels: Pixels) -> bytes:
             packed[2 - channel::3] = row[channel::4]
         at = stride * (height - 1 - y)
         out[at:at + 3 * width] = packed
-    head = struct.pack("<2sIIIIIIHH", b"BM", _HEADER + len(out), 0, _HEADER, 40, width, height, 1, 24)
+    head = struct.pack("<2sIIIIIIHH", b"BM", _HEADER + len(out), 0, _HEADER, 40, width, height,
+                       1, 24)
     return head + bytes(24) + bytes(out)

@@ -30,10 +30,10 @@ def _align(name: str) -> int:
 
 
 class Canvas(Owner):
-    """A picture of so many pixels, opaque black, or all of one colour: ``Canvas(320, 240, "#1e1e2e")``.
+    """A picture of so many pixels, opaque black or all of one colour.
 
-    What lies outside is dropped, and nothing is blended. Where a colour is asked for, ``"#rrggbb"``,
-    three or four numbers, a Color and a role of the canvas's theme such as ``"accent"`` will do.
+    What lies outside is dropped, and nothing is blended. Where a colour is asked for, three or four
+    numbers, ``"#rrggbb"``, a Color and a role of the canvas's theme such as ``"accent"`` will do.
     ``with Canvas(...) as canvas:`` gives its memory back at the end of the block.
     """
 
@@ -71,7 +71,7 @@ class Canvas(Owner):
 
     @classmethod
     def open(cls, path: Path, *, theme: ThemeLike = "dark") -> "Canvas":
-        """A canvas that shows a PNG file of up to 8 bits a channel, or a BMP file of the library's."""
+        """A canvas that shows a PNG file of up to 8 bits a channel, or a BMP of the library's."""
         return cls.from_pixels(*read_picture(os.fsdecode(path_of(path))), theme=theme)
 
     @property
@@ -173,7 +173,7 @@ class Canvas(Owner):
 
     def paste(self, other: "Canvas", x: int, y: int, part: Optional[BoxLike] = None, *,
               stamp: bool = False) -> None:
-        """Copies another canvas, or a part of it, to (x, y); as a stamp, what has alpha 0 stays out."""
+        """Copies another canvas, or a part of it, to (x, y); as a stamp, what has alpha above 0."""
         if not isinstance(other, Canvas):
             raise TypeError(f"what is pasted is a Canvas, not {type(other).__name__}")
         box = None if part is None else ctypes.byref(_api.kit_box(*box_of(part)))
@@ -248,7 +248,7 @@ class Canvas(Owner):
         return _png.encode(self.width, self.height, rows, level)
 
     def save(self, path: Path, format: Optional[str] = None) -> None:
-        """Writes a file: .png, .bmp (24 bits), .ppm or .raw (RGBA) as its name or the format says."""
+        """Writes .png, .bmp (24 bits), .ppm or .raw (RGBA), as the name or the format says."""
         name = path_of(path)
         kind = format if format is not None else os.path.splitext(os.fsdecode(name))[1][1:].lower()
         if kind == "bmp":

@@ -41,7 +41,8 @@ class Color(NamedTuple):
 
     def mix(self, to: "ColorLike", percent: int) -> "Color":
         """The colour that far on the way to another one, in percent."""
-        return _color(_api.kit_mix(_record(self), _record(to), within(percent, 0, 100, "a percent")))
+        part = within(percent, 0, 100, "a percent")
+        return _color(_api.kit_mix(_record(self), _record(to), part))
 
     @property
     def grey(self) -> int:
@@ -80,8 +81,8 @@ def _color(record: Any) -> Color:
 class Theme:
     """Nine colours that widgets, charts and screens are drawn in.
 
-    ``Theme()`` is the dark one. Each colour is an attribute, ``theme.accent = "#fe640b"`` sets one, as
-    a keyword does: ``Theme.light(accent="#fe640b")``.
+    ``Theme()`` is the dark one. Each colour is an attribute, ``theme.accent = "#fe640b"`` sets one,
+    as a keyword does: ``Theme.light(accent="#fe640b")``.
     """
 
     __slots__ = ("_record",)
@@ -158,7 +159,7 @@ class Theme:
 
     @classmethod
     def load(cls, name: str) -> "Theme":
-        """Reads a file of the resource folder "UI", as orvel_theme_load() does, over the dark theme."""
+        """Reads a file of the resource folder "UI" over the dark theme, as orvel_theme_load()."""
         theme = cls()
         if _api.kit_theme_load(theme._record, path_of(name)) != 0:
             raise Error(f"there is no theme {name!r} in the resource folder UI")

@@ -17,7 +17,7 @@ FACES = ("sans 11", "sans 12", "sans 14", "sans 18", "sans 24", "sans 40", "bold
 
 
 class Face(Owner):
-    """Letters of one design in one size: ``Face("bold 18")``, or a font in a file by Face.open()."""
+    """Letters of one design in one size: ``Face("bold 18")``, or a font's by Face.open()."""
 
     _what = "face"
 

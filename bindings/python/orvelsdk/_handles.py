@@ -14,7 +14,7 @@ class Handle:
     meanwhile. What the object borrows is kept with it.
     """
 
-    __slots__ = ("_as_parameter_", "_release", "kept")
+    __slots__ = ("_as_parameter_", "_release", "kept", "__weakref__")
 
     def __init__(self, pointer: Any, release: Callable[[Any], Any], *kept: Any) -> None:
         self._as_parameter_ = pointer

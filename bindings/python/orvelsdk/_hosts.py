@@ -16,7 +16,7 @@ class Host:
     no such thing: ``Host(picture=pictures.get)``. A subclass may have them as methods.
 
     They must not call the screen, which is an Error. What they raise comes out of the call that led
-    to it.
+    to it. What they return is kept until the screen is closed, so the same name best gets the same.
     """
 
     def __init__(self, *, picture: Optional[Callable[[str], Optional[Canvas]]] = None,

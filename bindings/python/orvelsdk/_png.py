@@ -1,4 +1,5 @@
-"""PNG files by the standard library alone: written as they come out, read in all forms of 8 bits."""
+"""PNG files by the standard library alone: written as they come out, read in all forms of 8 bits.
+"""
 
 from __future__ import annotations
 
@@ -29,7 +30,7 @@ def _chunk(kind: bytes, data: bytes) -> bytes:
 
 
 def encode(width: int, height: int, rows: bytes, level: int = 1) -> bytes:
-    """A file of RGBA from rows that each begin with a byte 0, the filter that leaves them as they are."""
+    """A file of RGBA from rows that each begin with a byte 0, the filter that changes nothing."""
     header = struct.pack(">IIBBBBB", width, height, 8, 6, 0, 0, 0)
     return b"".join((SIGNATURE, _chunk(b"IHDR", header),
                      _chunk(b"IDAT", zlib.compress(rows, level)), _chunk(b"IEND", b"")))
@@ -146,8 +147,8 @@ class _Colors:
                 raise Error("a palette that PNG does not have")
             alphas = (clear or b"") + b"\xff" * 256
             self.count = len(palette) // 3
-            self.tables = tuple(bytes(palette[channel::3]).ljust(256, b"\0") for channel in range(3))
-            self.tables += (alphas[:256],)
+            colors = [palette[channel::3].ljust(256, b"\0") for channel in range(3)]
+            self.tables = (*colors, alphas[:256])
         elif clear is not None and header.color in (0, 2):
             count = _CHANNELS[header.color]
             if len(clear) != 2 * count:
@@ -196,7 +197,7 @@ def _rows(header: _Header, colors: _Colors, data: bytes) -> bytes:
 
 
 def decode(data: bytes, most: int = MOST_PIXELS) -> Pixels:
-    """Reads a still picture of up to 8 bits a channel. Raises Error with the reason for any other."""
+    """Reads a still picture of up to 8 bits a channel. Raises Error with the reason for others."""
     if data[:8] != SIGNATURE:
         raise Error("not a PNG file")
     header: Optional[_Header] = None
@@ -223,4 +224,5 @@ def decode(data: bytes, most: int = MOST_PIXELS) -> Pixels:
     size = sum(height * (1 + header.row_bytes(width))
                for _, _, _, _, width, height in header.passes())
     colors = _Colors(header, palette, clear)
-    return Pixels(header.width, header.height, _rows(header, colors, _inflate(b"".join(parts), size)))
+    rows = _rows(header, colors, _inflate(b"".join(parts), size))
+    return Pixels(header.width, header.height, rows)

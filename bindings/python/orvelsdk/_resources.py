@@ -20,7 +20,7 @@ def play_sound(name: str) -> None:
 
 
 def play_music(name: str) -> None:
-    """Plays a file of the resource folder "Music" in a process of its own, in place of any other."""
+    """Plays a file of the resource folder "Music" in a process, in place of any other."""
     if _api.kit_play_music(path_of(name)) != 0:
         raise Error(f"the music {name!r} cannot be played")
 

@@ -6,7 +6,9 @@ import ctypes
 import json
 import os
 import threading
-from typing import Any, Dict, Iterable, Iterator, List, Mapping, Optional, Sequence, Tuple, Union
+import weakref
+from typing import (Any, Callable, Dict, Iterable, Iterator, List, Mapping, Optional, Sequence,
+                    Tuple, Union)
 
 from . import _api
 from ._arguments import Box, Path, path as path_of, whole, words
@@ -34,6 +36,10 @@ def as_json(value: Any) -> bytes:
         return json.dumps(value, allow_nan=False, default=_plain).encode()
     except RecursionError:
         raise ValueError("a value with too many lists in each other") from None
+
+
+def _nothing() -> None:
+    """The canvas before the first one."""
 
 
 class Screen(Owner):
@@ -77,7 +83,7 @@ class Screen(Owner):
             raise TypeError(f"a host is a Host, not {type(host).__name__}")
         self._turn, self._inside = threading.RLock(), False
         self._canvas: Optional[Canvas] = None
-        self._shown: Optional[Handle] = None
+        self._shown: Callable[[], Optional[Handle]] = _nothing  # a weak one, of the last canvas
         lender = self._lender = Lender(host)
         why = ctypes.create_string_buffer(_REASON)
         memory: Any = text
@@ -162,7 +168,8 @@ class Screen(Owner):
     # ---- The tree
 
     def add(self, parent: str, node: Mapping[str, Any], at: int = -1) -> None:
-        """Adds a node, written as in a scene, to a row, column or stack, at the end or before a child."""
+        """Adds a node, written as in a scene, to a row, column or stack, before its child number
+        at, or at the end."""
         self._try(_api.kit_screen_add, words(parent, "an id"), whole(at, "a place"), as_json(node))
 
     def remove(self, id: str) -> None:
@@ -189,12 +196,12 @@ class Screen(Owner):
         nothing did. On another canvas than the last time, it draws everything."""
         with self._turn:
             target = (self.canvas if canvas is None else canvas)._handle
-            if self._shown is not target:
+            if self._shown() is not target:
                 self.expose()
             record = _api.kit_box()
             if self._call(_api.kit_screen_draw, target, ctypes.byref(record)) != 0:
                 raise OutOfMemory("the memory is too small to draw the screen")
-            self._shown = target
+            self._shown = weakref.ref(target)
         drawn = Box(record.x, record.y, record.w, record.h)
         return drawn if drawn.w > 0 and drawn.h > 0 else None
 
@@ -234,7 +241,8 @@ class Screen(Owner):
                palette: Optional[Sequence[ColorLike]] = None) -> List[str]:
         """What a careful look would find wrong, one line for each; empty when there is nothing.
 
-        Contrast is that of the colours of a panel, which takes this format as Canvas.pixels() writes it.
+        Contrast is that of the colours of a panel, which takes what Canvas.pixels() writes in this
+        format.
         """
         panel = format_of(format, dither=dither, palette=palette)
         return self._told(_api.kit_screen_report_on, ctypes.byref(panel)).splitlines()

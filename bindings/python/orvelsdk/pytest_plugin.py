@@ -3,10 +3,10 @@
     def test_the_panel(orvel_screen):
         orvel_screen.check(Screen.open("panel.json").render({"target": 21}), "panel")
 
-compares with screens/panel.png beside the test's file, pixel by pixel, without a tolerance: the library
-draws the same everywhere. With --orvel-approve, what differs becomes the expected picture. At the end
-pytest names the files of all that differed. The option orvel_screens of pytest's configuration is
-another name for the folder.
+compares with screens/panel.png beside the test's file, pixel by pixel, without a tolerance: the
+library draws the same everywhere. With --orvel-approve, what differs becomes the expected picture.
+At the end pytest names the files of all that differed. The option orvel_screens of pytest's
+configuration is another name for the folder.
 """
 
 from __future__ import annotations
@@ -99,7 +99,8 @@ class OrvelScreen:
         pairs = zip(memoryview(before.rgba).cast("I"), memoryview(now.rgba).cast("I"))
         count = sum(a != b for a, b in pairs)
         x, y, w, h = changed(before, now, PANELS[""])
-        return f"{count} of {now.width * now.height} pixels differ, in the box {x},{y} {w}x{h}", before
+        differ = f"{count} of {now.width * now.height} pixels differ"
+        return f"{differ}, in the box {x},{y} {w}x{h}", before
 
 
 def _marked(before: Pixels, now: Pixels) -> Pixels:

@@ -3,6 +3,7 @@
 import gc
 import json
 import random
+import weakref
 
 import pytest
 from conftest import SOURCES
@@ -79,6 +80,15 @@ def test_render_gives_a_canvas_of_its_own():
     one, other = screen.render(), screen.render({"power": 7})
     assert one.checksum() != other.checksum() == meter(7).render().checksum()
     assert screen.draw() == Box(0, 0, 240, 80)  # another canvas than the last time
+
+
+def test_a_screen_does_not_keep_the_canvases_that_it_drew_on():
+    screen = meter()
+    canvas = screen.render()
+    memory = weakref.ref(canvas._handle)
+    del canvas
+    assert memory() is None
+    assert screen.draw() == Box(0, 0, 240, 80)
 
 
 def test_expose_draws_again_what_the_canvas_lost():
