@@ -30,6 +30,13 @@ int kerning(const kit_face* face, char32_t left, char32_t right) {
     return kit::kerning(kit::find_glyph(*face, left), kit::find_glyph(*face, right));
 }
 
+TEST(FaceTest, TheManualListsEveryName) {
+    const std::string page = read_file(ORVEL_SOURCE_DIR "/docs/pages/text.md");
+    for (const std::string& name : face_names()) {
+        EXPECT_NE(page.find('`' + name + '`'), std::string::npos) << name;
+    }
+}
+
 TEST(FaceTest, EveryFaceIsFoundByItsName) {
     std::set<const kit_face*> different;
     for (const std::string& name : face_names()) {
