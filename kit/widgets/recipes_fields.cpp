@@ -21,7 +21,7 @@ void Painter::search() {
     ground.library(orvel_widget_textbox(canvas, &T, "", x, y, w, h));
     ring(all(), T.accent);
     const int side = std::min({m.icon, h - 4, w - 2 * m.pad});
-    icon("search", x + m.pad, y + (h - side) / 2, side, T.border);
+    icon("search", x + m.pad, y + (h - side) / 2, side, quiet());
     field(between(2 * m.pad + std::max(side, 0), m.pad));
 }
 
