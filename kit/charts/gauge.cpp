@@ -113,10 +113,10 @@ struct Ring {
         const auto width = [&](const std::string& text) {
             return kit_text_width(chart.face, text.c_str());
         };
-        std::string text = number_text(value, chart.decimals);
-        if (is_there(value) && chart.unit && width(text + chart.unit) <= middle.w) {
-            text += chart.unit;
-        }
+        const char* const unit = is_there(value) && chart.unit ? chart.unit : "";
+        const std::string number = number_text(value, chart.decimals);
+        std::string text = number + unit;
+        if (width(text) > middle.w) text = number;
         if (width(text) > middle.w) text = "\u2026";
         if (width(text) > middle.w) return;
         kit_text_box(canvas, chart.face, text.c_str(), middle, KIT_CENTRE, color);

@@ -34,8 +34,8 @@ int Legend::height() const { return std::max(1, static_cast<int>(rows.size())) *
 
 void Legend::add(const Entry& entry) {
     if (rows.empty() || rows.back().width + kApart + entry.width > chart.box.w) {
-        rows.push_back({{entry}, entry.width});
-        return;
+        rows.emplace_back();
+        rows.back().width = -kApart;
     }
     rows.back().entries.push_back(entry);
     rows.back().width += kApart + entry.width;

@@ -25,7 +25,7 @@ private:
     };
     struct Row {
         std::vector<Entry> entries;
-        int width;
+        int width = 0;
     };
 
     int row_height() const;

@@ -254,6 +254,7 @@ TEST(ChartWordsTest, UnitsAreWholeBelowTheBaselineToo) {
         kit_text_draw(alone.get(), face, "g", 10, 50, quiet());
         const int below = runs(alone.get(), {0, 0, 60, 100}, true).back().second - 50;
         EXPECT_EQ(ink("g") - ink("H"), below);
+        EXPECT_EQ(ink(""), ink(nullptr));
     }
 }
 

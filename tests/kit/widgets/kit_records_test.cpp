@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "kit/widgets/kit_samples.h"
+#include "kit/words/tiny_face.h"
 #include "support/bitmap_files.h"
 #include "system/allocations.h"
 #include "widgets/distinct_theme.h"
@@ -270,6 +271,22 @@ TEST_F(KitRecordsTest, ACaretHasAColumnOfAirOnBothSidesWhereThereIsRoom) {
             EXPECT_LT(at, right - (right - left > 1 ? 1 : 0)) << caret;
         }
     }
+}
+
+TEST_F(KitRecordsTest, ACaretKeepsFromTheHollowBoxOfWhatIsMissing) {
+    kit_widget widget = {.kind = ORVEL_WIDGET_TEXTBOX,
+                         .box = {0, 0, 60, 30},
+                         .text = "Z",
+                         .face = bare_face(),
+                         .state = KIT_FOCUS,
+                         .caret = 1,
+                         .anchor = 1};
+    EXPECT_EQ(draw(widget), 0);
+    std::string row;  // of the box's sides and the caret
+    for (int x = 4; x < 14; ++x) {
+        row += orvel_canvas_pixel_get(canvas_.get(), x, 15) == theme_.text ? '#' : '.';
+    }
+    EXPECT_EQ(row, ".#..#.#...");
 }
 
 TEST_F(KitRecordsTest, WithoutFocusThereIsNoCaretOrSelection) {

@@ -235,6 +235,21 @@ TEST(TextLineTest, NoNumberIsCutIntoAnotherOne) {
     EXPECT_TRUE(shown("11.. 1111", "11.."));
 }
 
+TEST(TextLineTest, APointThatEndsTheTextIsNoPartOfANumber) {
+    // A point that is wider than the ellipsis, or it would fit where the ellipsis does.
+    const std::string file =
+        "STARTFONT 2.1\nFONT wide\nSIZE 8 72 72\nFONTBOUNDINGBOX 1 1 0 0\n"
+        "STARTPROPERTIES 2\nFONT_ASCENT 6\nFONT_DESCENT 2\nENDPROPERTIES\nCHARS 3\n"
+        "STARTCHAR 1\nENCODING 49\nDWIDTH 2 0\nBBX 1 1 0 0\nBITMAP\n80\nENDCHAR\n"
+        "STARTCHAR .\nENCODING 46\nDWIDTH 9 0\nBBX 1 1 0 0\nBITMAP\n80\nENDCHAR\n"
+        "STARTCHAR e\nENCODING 8230\nDWIDTH 3 0\nBBX 1 1 0 0\nBITMAP\n80\nENDCHAR\nENDFONT\n";
+    kit_face* const face = kit_face_read(file.data(), file.size(), nullptr, 0);
+    ASSERT_NE(face, nullptr);
+    EXPECT_EQ(boxed("11.", 12, 1, {0, -5, 12, 8}, KIT_LEFT, face), "#.#.#.......\n");
+    EXPECT_EQ(boxed("11.1", 12, 1, {0, -5, 12, 8}, KIT_LEFT, face), "#...........\n");
+    kit_face_close(face);
+}
+
 TEST(TextLineTest, AnEllipsisThatDoesNotFitIsCutAtTheBox) {
     EXPECT_EQ(boxed("HHH", 8, 5, {1, 0, 4, 5}),
               "........\n........\n........\n........\n.#.#....\n");
