@@ -1,7 +1,6 @@
 // One function per icon, in catalogue order, one line per step. Later steps paint over earlier
 // ones.
-#include <cmath>
-
+#include "icons/directions.h"
 #include "icons/icon.h"
 
 namespace orvel {
@@ -22,9 +21,8 @@ void Icon::file() const {
 void Icon::settings() const {
     ring(cx, cy, s / 3);
     const double R = s / 3 + 1;
-    for (int i = 0; i <= 14; i += 2) {  // teeth
-        const double t = i * 3.14159265358979 * 0.125;
-        fill(cx - 1 + whole(std::cos(t) * R), cy - 1 + whole(std::sin(t) * R), 3, 3, c);
+    for (const Direction& tooth : kEighths) {
+        fill(cx - 1 + whole(tooth.cosine * R), cy - 1 + whole(tooth.sine * R), 3, 3, c);
     }
     disc(cx, cy, s / 9, b);  // hub hole
 }
@@ -223,10 +221,9 @@ void Icon::cloud() const {
 void Icon::sun() const {
     disc(cx, cy, s / 4, c);
     const double R1 = s / 4 + s / 12, R2 = s / 3;
-    for (int i = 0; i <= 14; i += 2) {  // rays
-        const double t = i * 3.14159265358979 * 0.125;
-        line(cx + whole(std::cos(t) * R1), cy + whole(std::sin(t) * R1),
-             cx + whole(std::cos(t) * R2), cy + whole(std::sin(t) * R2), c);
+    for (const Direction& ray : kEighths) {
+        line(cx + whole(ray.cosine * R1), cy + whole(ray.sine * R1), cx + whole(ray.cosine * R2),
+             cy + whole(ray.sine * R2), c);
     }
 }
 

@@ -1,7 +1,8 @@
 #include "icons/icon.h"
 
 #include <algorithm>
-#include <cmath>
+
+#include "icons/directions.h"
 
 namespace orvel {
 namespace {
@@ -63,14 +64,9 @@ void Icon::thick_line(unsigned x0, unsigned y0, unsigned x1, unsigned y1, orvel_
 void Icon::fill_star(unsigned px, unsigned py, unsigned r, orvel_color k) const {
     const double R = as_int(r);
     const double Ri = R * 0.42;
-    for (int i = 0; i <= 8; i += 2) {
-        // Deliberate: these digits, not a better pi; the first tip points straight up.
-        const double tip = (i * 3.14159265358979) / 5.0 + (-1.570796326794895);
-        const double notch = tip + 0.628318530717958;
-        const double next = tip + 1.256637061435916;
-        tri(px + whole(std::cos(tip) * R), py + whole(std::sin(tip) * R),
-            px + whole(std::cos(notch) * Ri), py + whole(std::sin(notch) * Ri),
-            px + whole(std::cos(next) * R), py + whole(std::sin(next) * R), k);
+    for (const auto& [tip, notch, next] : kStar) {
+        tri(px + whole(tip.cosine * R), py + whole(tip.sine * R), px + whole(notch.cosine * Ri),
+            py + whole(notch.sine * Ri), px + whole(next.cosine * R), py + whole(next.sine * R), k);
     }
 }
 

@@ -1,7 +1,6 @@
 #include "sound/tone.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdint>
 #include <cstdio>
 
@@ -10,6 +9,7 @@
 #include "orvel.h"
 #include "sound/player.h"
 #include "sound/tone_file.h"
+#include "sound/tone_samples.h"
 
 namespace orvel {
 namespace {
@@ -27,19 +27,10 @@ constexpr unsigned char kFormat[] = {
 };
 static_assert(sizeof kFormat == 28);
 
-constexpr int kFadeSamples = 441;  // 10 ms
-
 int sample_count(int duration_ms) {
     // Deliberate: the product wraps, so that 97392 ms make 19 samples.
     const std::uint32_t thousandths = static_cast<std::uint32_t>(duration_ms) * 44100u;
     return std::max(1, trunc(thousandths / 1000.0));
-}
-
-double gain_at(int i, int count) {
-    // Deliberate: the fade-in is tested first; a tone of at most 441 samples has no fade-out.
-    if (i < kFadeSamples) return i / 441.0;
-    if (i <= count - kFadeSamples) return 1.0;
-    return (count - i) / 441.0;
 }
 
 void put_header(unsigned char* wav, std::uint32_t data_size) {
@@ -58,15 +49,7 @@ std::vector<unsigned char> tone_wav(double frequency_hz, int duration_ms) {
     std::vector<unsigned char> wav(kHeaderSize + data_size);
     put_header(wav.data(), data_size);
 
-    const double step = (frequency_hz * 6.283185307179586) / 44100.0;
-    double phase = 0.0;
-    unsigned char* sample = wav.data() + kHeaderSize;
-    for (int i = 0; i < count; ++i) {
-        const int value = trunc((std::sin(phase) * 19660.2) * gain_at(i, count));
-        put_u16(sample, static_cast<std::uint32_t>(value));
-        sample += 2;
-        phase += step;  // Deliberate: accumulated, never formed anew from i.
-    }
+    put_tone(wav.data() + kHeaderSize, count, (frequency_hz * 6.283185307179586) / 44100.0);
     return wav;
 }
 

@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "core/numbers.h"
+#include "core/sine.h"
 #include "widgets/painter.h"
 #include "widgets/split.h"
 
@@ -62,10 +63,8 @@ void Painter::spinner() const {
     const int cy = y + h / 2;
     const int r = w / 2 - 2;
     circle(cx, cy, r, T.border);
-    const double a = value * 6.283185307179586;
-    const int dx = trunc(std::cos(a) * r);
-    const int dy = trunc(std::sin(a) * r);
-    disc(cx + dx, cy + dy, r / 3 + 1, T.accent);
+    const Offset dot = offset(value * 6.283185307179586, r);
+    disc(cx + dot.x, cy + dot.y, r / 3 + 1, T.accent);
 }
 
 void Painter::rating() const {
