@@ -42,6 +42,17 @@ bool count_in_steps(double low, double high, int most, Ticks& ticks, double& fro
     return std::max(std::fabs(from), std::fabs(to)) <= 1e12;
 }
 
+/// The multiples in a range, and those beyond its ends where these are none and @p around is set.
+Ticks ticks(double low, double high, int most, bool around) {
+    Ticks found;
+    double from = 0;
+    double to = 0;
+    if (!count_in_steps(low, high, most, found, from, to)) return {};
+    found.first = static_cast<std::int64_t>(around ? std::floor(from) : std::ceil(from));
+    found.last = static_cast<std::int64_t>(around ? std::ceil(to) : std::floor(to));
+    return found;
+}
+
 std::string digits_text(bool negative, std::int64_t whole, std::int64_t fraction, int decimals) {
     std::string text = std::to_string(whole);
     if (decimals > 0) {
@@ -94,25 +105,9 @@ std::string Ticks::text(std::int64_t multiple, int decimals) const {
     return digits_text(multiple < 0, whole, fraction, digits);
 }
 
-Ticks ticks_inside(double low, double high, int most) {
-    Ticks ticks;
-    double from = 0;
-    double to = 0;
-    if (!count_in_steps(low, high, most, ticks, from, to)) return {};
-    ticks.first = static_cast<std::int64_t>(std::ceil(from));
-    ticks.last = static_cast<std::int64_t>(std::floor(to));
-    return ticks;
-}
+Ticks ticks_inside(double low, double high, int most) { return ticks(low, high, most, false); }
 
-Ticks ticks_around(double low, double high, int most) {
-    Ticks ticks;
-    double from = 0;
-    double to = 0;
-    if (!count_in_steps(low, high, most, ticks, from, to)) return {};
-    ticks.first = static_cast<std::int64_t>(std::floor(from));
-    ticks.last = static_cast<std::int64_t>(std::ceil(to));
-    return ticks;
-}
+Ticks ticks_around(double low, double high, int most) { return ticks(low, high, most, true); }
 
 std::string number_text(double value, int decimals) {
     decimals = std::clamp(decimals, 0, 9);

@@ -21,19 +21,23 @@ using namespace orvel_test;
 struct Stage {
     Stage() {
         orvel_theme_default(&theme);
-        series.values = values;
-        series.count = 3;
-        chart.box = {0, 0, 64, 32};
-        chart.series = &series;
-        chart.count = 1;
+        for (kit_series& one : series) {
+            one.values = values;
+            one.count = 3;
+            one.name = "Not in a row";
+        }
+        chart.box = {0, 0, 160, 90};
+        chart.series = series;
+        chart.count = 4;  // of which the last ones are counted in the legend
+        chart.unit = " kilowatt-hours";
         chart.parts = KIT_CHART_AXES | KIT_CHART_LABELS | KIT_CHART_LEGEND;
         chart.labels = "Mon|Tue|Wed";
     }
-    CanvasPtr canvas = make_canvas(64, 32);
+    CanvasPtr canvas = make_canvas(64, 32), wide = make_canvas(160, 90);
     orvel_theme theme = {};
     unsigned char bytes[64 * 32 * 4] = {};
     const double values[3] = {1.0, 3.0, 2.0};
-    kit_series series = {};
+    kit_series series[4] = {};
     kit_chart chart = {};
 };
 
@@ -132,7 +136,7 @@ const Row kRows[] = {
          int status = 0;
          for (int kind = 0; kind <= KIT_CHART_GAUGE && status == 0; ++kind) {
              stage.chart.kind = kind;
-             status = kit_chart_draw(stage.canvas.get(), &stage.theme, &stage.chart);
+             status = kit_chart_draw(stage.wide.get(), &stage.theme, &stage.chart);
          }
          return status;
      }},
