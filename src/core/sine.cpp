@@ -114,6 +114,34 @@ std::uint32_t two_over_pi(int place) {
     return static_cast<std::uint32_t>(both >> (32 - bits));
 }
 
+/// 416 bits of 2 / pi times a mantissa of 53.
+using Product = std::array<std::uint32_t, 15>;
+constexpr std::size_t kWindow = 13;
+
+/// The bits of 2 / pi from @p skipped on, times @p mantissa.
+Product product_of(std::uint64_t mantissa, int skipped) {
+    Product product{};
+    for (std::size_t i = kWindow; i-- > 0;) {
+        const std::uint64_t limb = two_over_pi(skipped + 32 * static_cast<int>(i));
+        const std::uint64_t low = limb * (mantissa & 0xffffffff) + product[i + 2];
+        product[i + 2] = static_cast<std::uint32_t>(low);
+        const std::uint64_t high = limb * (mantissa >> 32) + product[i + 1] + (low >> 32);
+        product[i + 1] = static_cast<std::uint32_t>(high);
+        product[i] = static_cast<std::uint32_t>(high >> 32);
+    }
+    return product;
+}
+
+/// 32 bits of it, the first at the place @p first from the top; what is above the top is 0.
+std::uint32_t bits_at(const Product& product, int first) {
+    std::uint32_t word = 0;
+    for (int place = first; place < first + 32; ++place) {
+        const std::uint32_t limb = place < 0 ? 0 : product[static_cast<std::size_t>(place / 32)];
+        word = word << 1 | (limb >> (31 - (place & 31)) & 1);
+    }
+    return word;
+}
+
 /// Of an angle that is positive, normal and finite: its product with 2 / pi. Of that number only
 /// such bits are multiplied as make no whole turns (M. Payne and R. Hanek, Radian reduction for
 /// trigonometric functions, 1983).
@@ -123,33 +151,12 @@ Reduced reduced(double angle) {
     const std::uint64_t mantissa = (bits & 0xfffffffffffff) | 0x10000000000000;
     const int exponent = static_cast<int>(bits >> 52) - 1075;  // of the mantissa's lowest bit
     const int skipped = exponent > 2 ? exponent - 2 : 0;
+    const Product product = product_of(mantissa, skipped);
+    const int point = 64 + exponent - skipped;  // the place behind it
 
-    // The window holds kLimbs * 32 bits of 2 / pi; the product, 64 more.
-    constexpr int kLimbs = 13;
-    std::array<std::uint32_t, kLimbs + 2> product{};
-    for (std::size_t i = kLimbs; i-- > 0;) {
-        const std::uint64_t limb = two_over_pi(skipped + 32 * static_cast<int>(i));
-        const std::uint64_t low = limb * (mantissa & 0xffffffff) + product[i + 2];
-        product[i + 2] = static_cast<std::uint32_t>(low);
-        const std::uint64_t high = limb * (mantissa >> 32) + product[i + 1] + (low >> 32);
-        product[i + 1] = static_cast<std::uint32_t>(high);
-        product[i] = static_cast<std::uint32_t>(high >> 32);
-    }
-
-    // The last bit of the product counts 2 to the power exponent - skipped - 32 * kLimbs.
-    const int point =
-        32 * (kLimbs + 2) - (32 * kLimbs + skipped - exponent);  // its place from the top
-    const auto from = [&product](int place) {
-        std::uint32_t word = 0;
-        for (int i = place; i < place + 32; ++i) {
-            word = word << 1 |
-                   (i < 0 ? 0 : product[static_cast<std::size_t>(i / 32)] >> (31 - i % 32) & 1);
-        }
-        return word;
-    };
-    Reduced result{from(point - 32) & 3, false, {}};
+    Reduced result{bits_at(product, point - 32) & 3, false, {}};
     for (std::size_t i = 0; i < result.rest.size(); ++i) {
-        result.rest[i] = from(point + 32 * static_cast<int>(i));
+        result.rest[i] = bits_at(product, point + 32 * static_cast<int>(i));
     }
     if (result.rest[0] >> 31) {
         result.quarters = (result.quarters + 1) & 3;
@@ -191,7 +198,7 @@ Rest rest_of(double angle) {
             (place.rest[0] * 0x1p-32 + place.rest[1] * 0x1p-64) * 0x1.921fb54442d18p0;
         return {place.quarters, place.negative ? -rest : rest};
     }
-    const auto quarters = static_cast<unsigned>(angle * 0x1.45f306dc9c883p-1 + 0.5);
+    const auto quarters = static_cast<unsigned>((angle * 0x1.45f306dc9c883p0 + 1.0) / 2);
     // pi / 2 in parts: the products of the first three with any such multiple are exact (W. Cody
     // and W. Waite, Software manual for the elementary functions, 1980).
     const double n = quarters;
