@@ -144,6 +144,7 @@ const orvel_theme* SceneFolder::theme(const std::string& name) {
 
 const kit_face* SceneFolder::face(const std::string& name) {
     if (const kit_face* known = kit_face_named(name.c_str())) return known;
+    if (name.find('.') == std::string::npos) return nullptr;  // a file's name has one
     const auto [at, made] = faces_.try_emplace(name);
     const std::string path = made ? resolved(name) : "";
     if (path.empty()) return at->second.get();

@@ -123,7 +123,7 @@ void Checker::node(const Trail& trail, const Value& node) {
         } else {
             refuse(inner, value.key_place,
                    "unknown key of a " + std::string(kind->name) +
-                       did_you_mean(value.key, key_names(kind->keys)));
+                       what_was_meant(value.key, key_names(kind->keys)));
         }
     }
     check_beside(trail, node);
@@ -240,7 +240,7 @@ const Value& kind_of(const Trail& trail, const Value& node, const KindSpec*& kin
     }
     if (kinds.empty() && stranger) {
         refuse(trail.into(stranger->key), stranger->key_place,
-               "unknown kind" + did_you_mean(stranger->key, kind_names()));
+               "unknown kind" + what_was_meant(stranger->key, kind_names()));
     }
     if (kinds.empty()) refuse(trail, node.place, "found a node without a kind, like \"row\"");
     refuse(trail.into(kinds[1]->key), kinds[1]->key_place,

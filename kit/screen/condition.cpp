@@ -80,7 +80,11 @@ bool read_condition(std::string_view text, Condition& result, std::string& why) 
         result.negated = true;
         left.remove_prefix(1);
     }
-    return read_path(left, result.path, why);
+    if (read_path(left, result.path, why)) return true;
+    why = "found " + in_quotes(text) +
+          ", expected a name, alone, with ! before it, or compared with one value: battery < 20, "
+          "!open, sky == 'Fog'";
+    return false;
 }
 
 bool holds(const Condition& condition, const Scope& scope) {

@@ -139,7 +139,7 @@ std::string_view nearest(std::string_view word, const std::vector<std::string_vi
     for (const std::string_view one : known) {
         if (word.size() > kLongestWord || one.size() > kLongestWord) continue;
         const std::size_t far = distance(word, one);
-        if (far >= least || far >= std::min(word.size(), one.size())) continue;
+        if (far >= least || 2 * far > std::min(word.size(), one.size())) continue;
         least = far;
         best = one;
     }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "orvel_kit.h"
+#include "screen/document.h"
 
 namespace kit {
 namespace {
@@ -98,7 +99,32 @@ constexpr KeySpec kKeys[] = {
     {"with", Key::With, Type::With, kInclude},
 };
 
+/// What people write who know other notations for screens.
+struct OtherWord {
+    std::string_view word, ours;
+};
+
+constexpr OtherWord kOtherWords[] = {
+    {"background", "ground"}, {"border", "edge"},      {"checked", "on"},
+    {"divider", "separator"}, {"enabled", "disabled"}, {"flex", "grow"},
+    {"font", "face"},         {"gauge", "chart"},      {"graph", "chart"},
+    {"grid", "row"},          {"hbox", "row"},         {"hidden", "if"},
+    {"img", "picture"},       {"input", "textbox"},    {"margin", "pad"},
+    {"outline", "edge"},      {"padding", "pad"},      {"paragraph", "text"},
+    {"placeholder", "hint"},  {"repeat", "each"},      {"select", "dropdown"},
+    {"spacing", "gap"},       {"switch", "toggle"},    {"vbox", "column"},
+    {"visible", "if"},
+};
+
 }  // namespace
+
+std::string what_was_meant(std::string_view word, const std::vector<std::string_view>& known) {
+    for (const OtherWord& other : kOtherWords) {
+        const bool is_known = std::find(known.begin(), known.end(), other.ours) != known.end();
+        if (other.word == word && is_known) return did_you_mean(other.ours, known);
+    }
+    return did_you_mean(word, known);
+}
 
 const KindSpec* kind_named(std::string_view name) {
     for (const KindSpec& kind : kKinds) {

@@ -1,6 +1,7 @@
 // The kinds of node, the keys that each may have, and what a key's value may be.
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -145,6 +146,10 @@ struct KeySpec {
 const KindSpec* kind_named(std::string_view name);
 /// The key of that name that nodes with these groups may have; null when there is none.
 const KeySpec* key_named(std::string_view name, unsigned keys);
+
+/// "; did you mean "pad"?" for a kind or a key that there is not: by what other notations call it,
+/// or that of @p known which is spelled most like it; nothing where neither helps.
+std::string what_was_meant(std::string_view word, const std::vector<std::string_view>& known);
 
 std::vector<std::string_view> kind_names();
 /// The keys that nodes with these groups may have.

@@ -53,7 +53,7 @@ class SceneFolder(Host):
         return self._once("theme", name, self._read_theme)  # type: ignore[no-any-return]
 
     def face(self, name: str) -> Optional[Face]:
-        if _api.kit_face_named(words(name)):
+        if _api.kit_face_named(words(name)) or "." not in name:  # as the names of files have
             return None
         return self._once("face", name, Face.open)  # type: ignore[no-any-return]
 
