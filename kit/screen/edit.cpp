@@ -58,7 +58,7 @@ void remove_member(Value& object, std::string_view key) {
     const Value* member = object.find(key);
     if (!member) return;
     const auto number = static_cast<std::uint32_t>(member - object.items.data());
-    object.items.erase(object.items.begin() + number);
+    object.items.erase(object.items.begin() + static_cast<std::ptrdiff_t>(number));
     auto& sorted = object.sorted;
     sorted.erase(std::find(sorted.begin(), sorted.end(), number));
     for (std::uint32_t& other : sorted) other -= other > number ? 1 : 0;
