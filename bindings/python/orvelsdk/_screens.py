@@ -195,7 +195,10 @@ class Screen(Owner):
         """Draws what changed since the last time, and returns the box that holds it; None where
         nothing did. On another canvas than the last time, it draws everything."""
         with self._turn:
-            target = (self.canvas if canvas is None else canvas)._handle
+            on = self.canvas if canvas is None else canvas
+            if not isinstance(on, Canvas):
+                raise TypeError(f"what is drawn on is a Canvas, not {type(on).__name__}")
+            target = on._handle
             if self._shown() is not target:
                 self.expose()
             record = _api.kit_box()

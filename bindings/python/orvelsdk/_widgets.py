@@ -51,6 +51,13 @@ def _face(face: Optional[FaceLike]) -> Tuple[Any, Any]:
     return (None if handle is None else handle._as_parameter_), handle
 
 
+def _target(canvas: Any) -> Any:
+    """What to draw on. The module of canvases is one of those that need this one."""
+    if getattr(canvas, "_what", None) != "canvas":
+        raise TypeError(f"what is drawn on is a Canvas, not {type(canvas).__name__}")
+    return canvas._handle
+
+
 class Widget:
     """One widget: what it is, where it is, its words and its state.
 
@@ -106,9 +113,9 @@ class Widget:
 
     def draw(self, canvas: Any, theme: Any = None) -> None:
         """Draws it on a canvas, in the canvas's theme unless another one is given."""
-        record, kept = self._made()
+        target, (record, kept) = _target(canvas), self._made()
         colors = canvas.theme if theme is None else Theme.of(theme)
-        if _api.kit_draw(canvas._handle, ctypes.byref(colors._record), ctypes.byref(record)) != 0:
+        if _api.kit_draw(target, ctypes.byref(colors._record), ctypes.byref(record)) != 0:
             raise Error(f"this {self.kind} cannot be drawn: a negative size, an icon or image that "
                         "there is not, or too little memory")
         del kept
@@ -179,10 +186,10 @@ class Chart:
 
     def draw(self, canvas: Any, theme: Any = None) -> None:
         """Draws it on a canvas, in the canvas's theme unless another one is given."""
+        target = _target(canvas)
         colors = canvas.theme if theme is None else Theme.of(theme)
         record, kept = self._made(colors)
-        if _api.kit_chart_draw(canvas._handle, ctypes.byref(colors._record),
-                               ctypes.byref(record)) != 0:
+        if _api.kit_chart_draw(target, ctypes.byref(colors._record), ctypes.byref(record)) != 0:
             raise Error("this chart cannot be drawn: a box with a side below 0 or above 32767, a "
                         "range that is upside down or not finite, or too little memory")
         del kept

@@ -337,6 +337,15 @@ def test_what_is_closed_says_so(kind):
             pass
 
 
+def test_what_is_drawn_on_is_a_canvas():
+    screen = Screen('{"orvel": 1, "root": {"row": []}}')
+    for bad in (screen, Face(), Theme(), Widget("button"), None, 5, "canvas"):
+        for draw in (Widget("button").draw, Chart("line", [[1]], 0, 0, 9, 9).draw,
+                     lambda it, theme=None: screen.draw(it or 0)):
+            with pytest.raises(TypeError, match="what is drawn on is a Canvas"):
+                draw(bad, Theme())
+
+
 def test_objects_of_the_library_are_neither_copied_nor_pickled():
     for made in (canvas(), Face(), Screen('{"orvel": 1, "root": {"row": []}}')):
         with pytest.raises(TypeError):
