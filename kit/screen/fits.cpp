@@ -53,12 +53,14 @@ std::string lost_words(const Node& node) {
         Node whole = node;
         whole.lines = 0;
         const int height = want_of(whole, kDown);
-        return height > node.inside().h || height > want_of(node, kDown) ? cut : "";
+        if (height > node.inside().h || height > want_of(node, kDown)) return cut;
+        return "";
     }
     const bool scrolls =
         node.is_widget(ORVEL_WIDGET_TEXTBOX) || node.is_widget(ORVEL_WIDGET_SEARCH);
     if (!scrolls && want_of(node, kAcross) > node.inside().w) return cut;
-    return is_too_high(node) ? in_quotes(node.text) + " is higher than its box" : "";
+    if (is_too_high(node)) return in_quotes(node.text) + " is higher than its box";
+    return "";
 }
 
 /* Pictures and shapes. */
@@ -67,13 +69,6 @@ std::string lost_pixels(const Node& node, int w, int h) {
     const kit_box room = node.inside();
     if (w <= room.w && h <= room.h) return "";
     return times(std::min(w, room.w), std::min(h, room.h)) + " of " + times(w, h) + " pixels show";
-}
-
-std::string lost_image(const Node& node) {
-    const kit_widget image = widget_of(node);
-    int w = 0, h = 0;
-    if (kit_size(&image, &w, &h) != 0) throw std::bad_alloc();
-    return lost_pixels(node, w, h);
 }
 
 std::string lost_size(const Node& node) {
@@ -144,14 +139,17 @@ std::string lost_chart(const Node& node) {
     if (is_empty(chart.box) || shows_nothing(chart)) return "nothing of the chart fits";
     const bool has_legend = !is_wide && node.shape != KIT_CHART_SPARK &&
                             node.shape != KIT_CHART_GAUGE && (node.parts & KIT_CHART_LEGEND) != 0;
-    const std::string name = has_legend ? name_left_out(chart, series) : "";
-    return name.empty() ? "" : in_quotes(name) + " does not fit in the legend";
+    if (!has_legend) return "";
+    const std::string name = name_left_out(chart, series);
+    if (!name.empty()) return in_quotes(name) + " does not fit in the legend";
+    return "";
 }
 
 }  // namespace
 
 std::string lost(const Node& node) {
-    if (node.frames() || node.holds_nodes() || node.unknown) return "";
+    const bool has_words = node.is(Sort::Text) || node.is(Sort::Widget);
+    if (node.holds_nodes() || node.unknown || (has_words && node.text.empty())) return "";
     switch (node.kind->sort) {
     case Sort::Picture:
         return lost_pixels(node, orvel_canvas_width(node.picture),
@@ -159,10 +157,10 @@ std::string lost(const Node& node) {
     case Sort::Icon:
     case Sort::Circle: return lost_size(node);
     case Sort::Chart: return lost_chart(node);
-    case Sort::Text: return node.text.empty() ? "" : lost_words(node);
+    case Sort::Text: return lost_words(node);
     case Sort::Widget:
-        if (node.is_widget(ORVEL_WIDGET_IMAGE)) return lost_image(node);
-        return node.text.empty() ? "" : lost_words(node);
+        if (!node.is_widget(ORVEL_WIDGET_IMAGE)) return lost_words(node);
+        return lost_pixels(node, want_of(node, kAcross), want_of(node, kDown));
     default: return "";
     }
 }

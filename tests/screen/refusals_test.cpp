@@ -126,6 +126,8 @@ const Row kRows[] = {
      "scene:1:65: root.series[0].name: found true, expected a text"},
     {R"({"orvel":1,"root":{"chart":"line","series":[{"values":[],"color":"acent"}]}})",
      R"(scene:1:66: root.series[0].color: found "acent", expected a colour, "#rrggbb" or a role of the theme; did you mean "accent"?)"},
+    {R"({"orvel":1,"root":{"chart":"line","series":[{"values":[1],"colour":"text"}]}})",
+     R"(scene:1:59: root.series[0].colour: unknown key of a series; did you mean "color"?)"},
     {R"({"orvel":1,"root":{"chart":"line","series":[3]}})",
      "scene:1:45: root.series[0]: found 3, expected an object with values, name and color"},
     {R"({"orvel":1,"root":{"chart":"line","series":3}})",

@@ -1,5 +1,6 @@
 // What a screen says of itself: descriptions, reports, boxes.
 #include "screens.h"
+#include "support/bitmap_files.h"
 
 namespace {
 
@@ -121,6 +122,8 @@ TEST(ReportTest, WordsThatDoNotStandOutAreTold) {
     EXPECT_EQ(contrast(R"({"text": "A", "color": "#ffffff", "ground": "#000000"})"), "");
     EXPECT_EQ(contrast(R"({"panel": {"text": "A", "color": "#000000"}, "theme": "dark"})"),
               "contrast: 1.4 to 1, 4.5 is the least\n");
+    EXPECT_EQ(contrast(R"({"label": "A", "theme": {"text": "#dddddd"}})"),
+              "contrast: 1.3 to 1, 4.5 is the least\n");
     // In a stack, what is below counts, as far as it is of one colour.
     EXPECT_EQ(contrast(R"({"stack": [{"rect": "#000000"}, {"text": "A", "color": "#ffffff"}],
                            "height": 20})"),
@@ -241,6 +244,16 @@ TEST(ReportTest, PicturesAndShapesThatDoNotFitAreTold) {
                  "scene:3:1: root.row[6]: cut: drawn with 8 pixels, not 9\n");
 }
 
+using ReportOfImagesTest = BitmapTest;
+
+TEST_F(ReportOfImagesTest, ThoseThatDoNotFitAreTold) {
+    const CanvasPtr red = make_canvas(8, 6);
+    orvel_canvas_clear(red.get(), {255, 0, 0, 255});
+    ASSERT_EQ(orvel_canvas_save_bmp_rgba(red.get(), path("red.bmp").c_str()), 0);
+    EXPECT_EQ(reported(R"({"row": [{"image": "red"}, {"image": "red", "width": 5}]})"),
+              "scene:1:69: root.row[1]: cut: 5 x 6 of 8 x 6 pixels show\n");
+}
+
 TEST(ReportTest, ChartsAndLegendsThatDoNotFitAreTold) {
     const auto told = [](const std::string& keys) {
         return reported(R"({"column": [{"chart": )" + keys + "}]}", "\"size\": [5000, 100], ");
@@ -259,7 +272,7 @@ TEST(ReportTest, ChartsAndLegendsThatDoNotFitAreTold) {
     EXPECT_EQ(told(R"("spark", )" + two + R"("width": 40)"), "");  // it has none
     EXPECT_EQ(told(R"("gauge", )" + two + R"("width": 60)"), "");
     EXPECT_EQ(told(R"("line", )" + two + R"("width": 5000)"), "");
-    EXPECT_EQ(told(R"("line", "values": [1, 2], "legend": true, "height": 60)"), "");
+    EXPECT_EQ(told(R"("line", "values": [1, 2], "legend": true, "height": 60, "width": 90)"), "");
     EXPECT_EQ(told(R"("line", "values": [1], "height": 12, "width": 5000, "labels": ["a"])"),
               cut + "nothing of the chart fits\n");
     EXPECT_EQ(told(R"("line", "values": [1], "height": 12, "pad": 6)"),
@@ -409,6 +422,11 @@ TEST(ReportTest, ContrastIsThatOfThePanelsColours) {
         EXPECT_EQ(contrast("#404000", panel(layout, KIT_DITHER_ORDERED)),
                   "contrast: #404000 is no colour of the panel, and becomes dots\n");
         EXPECT_EQ(contrast("#000000", panel(layout, KIT_DITHER_DIFFUSED)), "");
+        for (const char* color : {"#fff000", "#ffff10"}) {
+            EXPECT_EQ(contrast(color, panel(layout, KIT_DITHER_ORDERED)),
+                      std::string("contrast: ") + color +
+                          " is no colour of the panel, and becomes dots\n");
+        }
     }
     EXPECT_EQ(contrast("#404040", panel(KIT_GREY1, KIT_DITHER_ORDERED)),
               "contrast: #404040 is no colour of the panel, and becomes dots\n");
