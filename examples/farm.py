@@ -84,18 +84,22 @@ def draw_all(client, folder, jobs, batch=50, ahead=200):
     """Yields what draw() returns for every job, in the order in which they are done.
 
     No more than so many batches wait at once, so that a million jobs fit into the memory. What a
-    worker held when it was lost is drawn again by another one.
+    worker held when it was lost is drawn again by another one. What was held by several that were lost
+    is drawn in the end, one at a time, since only one of it may have ended them.
     """
     if __name__ != "__main__":
         cloudpickle.register_pickle_by_value(sys.modules[__name__])  # workers do not have this file
     # As a piece of work, not as scattered data: it is made anew when all who held it are lost.
     scenes = client.submit(bytes, packed(folder))
     work = batches_of(jobs, batch)
-    held = {}  # the jobs of what runs
+    held, suspects = {}, []  # the jobs of what runs, and of what was lost with several workers
+
+    def submitted(some):
+        return client.submit(draw_batch, scenes, some, pure=False, retries=3)
 
     def begin(count):
         for some in itertools.islice(work, count):
-            future = client.submit(draw_batch, scenes, some, pure=False, retries=3)
+            future = submitted(some)
             held[future.key] = some
             yield future
 
@@ -104,10 +108,14 @@ def draw_all(client, folder, jobs, batch=50, ahead=200):
         some = held.pop(future.key)
         if future.status == "finished":
             yield from results
-        else:  # it ended several workers, for instance
-            yield from ((job["name"], None, repr(future.exception())) for job in some)
+        else:
+            suspects += some
         future.release()
         running.update(list(begin(1)))
+    for job in suspects:
+        future = submitted([job])
+        reason = future.exception()
+        yield (job["name"], None, repr(reason)) if reason else future.result()[0]
 
 
 def example_jobs(folder, count):

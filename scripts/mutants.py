@@ -10,7 +10,7 @@ TOKEN = re.compile(r"""
     (?P<skipped>//[^\n]*|/\*.*?\*/|^[ ]*\#[^\n]*|\s+)
   | (?P<string>"(?:\\.|[^"\\])*")
   | (?P<char>'(?:\\.|[^'\\])')
-  | (?P<number>0x[0-9a-fA-F']+[uUlL]*|(?:\d[\d']*\.?\d*)[uUlL]*)
+  | (?P<number>0x[0-9a-fA-F'.]+(?:p[+-]?\d+)?[uUlL]*|(?:\d[\d']*\.?\d*(?:e[+-]?\d+)?)[uUlL]*)
   | (?P<word>[A-Za-z_]\w*)
   | (?P<operator><<=|>>=|->|::|\+\+|--|<<|>>|<=|>=|==|!=|&&|\|\||[-+*/%&|^]=|.)
 """, re.VERBOSE | re.MULTILINE | re.DOTALL)
@@ -31,7 +31,9 @@ def other_number(text):
     """The numbers beside a number, in its own notation."""
     digits = text.rstrip("uUlL").replace("'", "")
     suffix = text[len(text.rstrip("uUlL")):]
-    if "." in digits:
+    if re.match("0x.*p", digits):
+        return [(float.fromhex(digits) + 1).hex()]
+    if "." in digits or re.match("[0-9]+e", digits):
         return [repr(float(digits) + 1)]
     value = int(digits, 8 if re.fullmatch("0[0-7]+", digits) else 0)
     return [f"{near}{suffix}" for near in (value + 1, value - 1) if near >= 0]
