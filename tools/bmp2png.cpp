@@ -101,5 +101,5 @@ int main(int argc, char** argv) {
         }
         all = done(program, in, to.of(in), scale) && all;
     }
-    return all ? 0 : 2;
+    return program.end(all ? 0 : 2);
 }

@@ -1,6 +1,7 @@
 #include "command_line.h"
 
 #include <CLI/CLI.hpp>
+#include <cstdio>
 #include <iostream>
 
 #include "completion.h"
@@ -93,7 +94,7 @@ std::optional<int> CommandLine::parse(int argc, const char* const* argv) {
     try {
         app_->parse(argc, argv);
     } catch (const CLI::Success& help) {
-        return app_->exit(help);
+        return end(app_->exit(help));
     } catch (const CLI::ParseError& error) {
         mistake = in_one_line(error.what());
         const std::string stranger = unknown(*app_);
@@ -105,7 +106,7 @@ std::optional<int> CommandLine::parse(int argc, const char* const* argv) {
     if (!mistake.empty()) return misused(mistake);
     if (shell_->empty()) return std::nullopt;
     std::cout << completion(*app_, *shell_);
-    return 0;
+    return end(0);
 }
 
 bool CommandLine::given() const { return app_->parsed(); }
@@ -121,6 +122,12 @@ int CommandLine::misused(const std::string& message) const {
     const CLI::App* program = app_.get();
     while (program->get_parent()) program = program->get_parent();
     return fail(message + " (" + program->get_name() + " --help tells more)");
+}
+
+int CommandLine::end(int status) const {
+    const bool written = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+    // After an error there is a line already.
+    return written || status == kError ? status : fail("standard output: it cannot be written");
 }
 
 }  // namespace orvel_tools

@@ -46,6 +46,8 @@ public:
     int fail(const std::string& message) const;
     /// The same for a mistake in the arguments.
     int misused(const std::string& message) const;
+    /// The status to end with: @p status, unless the standard output has lost what was printed.
+    int end(int status) const;
 
 private:
     std::shared_ptr<CLI::App> app_;

@@ -234,7 +234,7 @@ int main(int argc, char** argv) {
     describe_options(program, wishes);
     if (const auto done = program.parse(argc, argv)) return *done;
     try {
-        return run(program, wishes);
+        return program.end(run(program, wishes));
     } catch (const std::bad_alloc&) {
         return program.fail("the memory is too small");
     }

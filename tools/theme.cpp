@@ -131,6 +131,6 @@ int main(int argc, char** argv) {
                    "Write a PNG of widgets in the theme and its nine colours");
     const CommandLine path(program, "path", "Print the folder of the delivered theme files");
     if (const auto done = program.parse(argc, argv)) return *done;
-    if (path.given()) return print_path(program, argv[0]);
-    return check_all(program, files, wanted, preview);
+    if (path.given()) return program.end(print_path(program, argv[0]));
+    return program.end(check_all(program, files, wanted, preview));
 }

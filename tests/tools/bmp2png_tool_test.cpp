@@ -214,4 +214,12 @@ TEST_F(Bmp2PngTool, HelpNamesTheOption) {
     EXPECT_EQ(done.error, "");
 }
 
+TEST_F(Bmp2PngTool, OutputThatIsLostIsAnError) {
+    if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "this system has no /dev/full";
+    ASSERT_EQ(orvel_canvas_save_bmp(make_canvas(1, 1).get(), bmp.c_str()), 0);
+    const Finished done = run({"sh", "-c", "exec \"$0\" \"$1\" >/dev/full", kBmp2Png, bmp});
+    EXPECT_EQ(done.status, 2);
+    EXPECT_EQ(done.error, "orvel-bmp2png: standard output: it cannot be written\n");
+}
+
 }  // namespace

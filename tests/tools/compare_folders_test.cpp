@@ -301,6 +301,15 @@ TEST_F(CompareMasks, AMaskForNoPictureIsTold) {
               "orvel-compare: note: " + (folder / "masks") + ":2: no picture is called hmoe\n");
 }
 
+TEST_F(CompareMasks, AMaskOutsideOfAllItsPicturesIsTold) {
+    const Finished done = with_masks("** 5 2 3 1 all\nhome 20 0 5 5 right\n** 0 12 5 5 below\n");
+    EXPECT_EQ(done.status, 0);
+    const std::string note = "orvel-compare: note: " + (folder / "masks");
+    EXPECT_EQ(done.error, note + ":2: it is outside of all pictures called home\n" + note +
+                              ":3: it is outside of all pictures called **\n");
+    EXPECT_EQ(with_masks("** 5 2 3 1 all\nhome 19 11 5 5 corner\n").error, "");
+}
+
 TEST_F(CompareMasks, LinesThatAreNoMasksAreRefusedByTheirNumbers) {
     const std::string numbers =
         "not a picture, LEFT TOP WIDTH HEIGHT in whole pixels, and a reason";
@@ -418,6 +427,11 @@ TEST_F(CompareApprove, TwoFilesAreApprovedLikeFolders) {
               "(orvel-compare --help tells more)\n");
     EXPECT_EQ(run({program, one, now, "--prune"}).status, 2);
     EXPECT_EQ(run({program, "-", now, "--approve"}).status, 2);
+    const std::string none = folder / "none";
+    for (const std::string& to : {expected, folder / "new"}) {
+        EXPECT_EQ(run({program, to, none, "--approve"}).error,
+                  "orvel-compare: " + none + ": No such file or directory\n");
+    }
 }
 
 TEST_F(CompareApprove, FifteenScreensTakeAHundredthOfTheirSizeAsBmp) {

@@ -203,4 +203,16 @@ TEST_F(CompareTool, HelpAndVersionExitWith0) {
     EXPECT_EQ(version.output, std::string(orvel_version()) + "\n");
 }
 
+TEST_F(CompareTool, OutputThatIsLostIsAnError) {
+    if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "this system has no /dev/full";
+    const std::string good = save("good.bmp", make_canvas(1, 1));
+    for (const std::string& arguments : {"'" + good + "' '" + good + "'", std::string("--help"),
+                                         std::string("--completion bash")}) {
+        const Finished done =
+            run({"sh", "-c", "exec \"$0\" " + arguments + " >/dev/full", kCompare});
+        EXPECT_EQ(done.status, 2) << arguments;
+        EXPECT_EQ(done.error, "orvel-compare: standard output: it cannot be written\n");
+    }
+}
+
 }  // namespace

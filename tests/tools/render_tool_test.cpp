@@ -504,4 +504,12 @@ TEST_F(RenderTool, ScenesWithAnyByteChangedAreDrawnOrRefused) {
     }
 }
 
+TEST_F(RenderTool, OutputThatIsLostIsAnError) {
+    if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "this system has no /dev/full";
+    const Finished done =
+        orvel_test::run({"sh", "-c", "exec \"$0\" \"$1\" >/dev/full", kRender, "--help"});
+    EXPECT_EQ(done.status, 2);
+    EXPECT_EQ(done.error, "orvel-render: standard output: it cannot be written\n");
+}
+
 }  // namespace

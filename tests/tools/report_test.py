@@ -199,10 +199,14 @@ class Report(unittest.TestCase):
         self.assertAlmostEqual(frame[1] - image[1], 60, delta=0.1)
 
     def test_it_fits_a_telephone_and_its_buttons_a_finger(self):
-        self.open(390, 844)
-        self.assertLessEqual(self.ask("document.documentElement.scrollWidth"), 390)
-        self.assertEqual(self.ask("""[...document.querySelectorAll('button')].filter(b =>
-            b.getBoundingClientRect().height < 40 || b.getBoundingClientRect().width < 40).length"""), 0)
+        for width in (390, 360, 320):
+            self.open(width, 844)
+            self.assertLessEqual(self.ask("document.documentElement.scrollWidth"), width)
+            self.assertEqual(self.ask("""[...document.querySelectorAll('button')].map(b =>
+                b.getBoundingClientRect()).filter(b => b.height < 40 || b.width < 40).length"""), 0)
+            # Nor is a word of theirs broken.
+            self.assertEqual(self.ask("""[...document.querySelectorAll('button')].filter(b =>
+                b.offsetHeight > 42 || b.scrollWidth > b.clientWidth).length"""), 0)
 
     def test_words_are_readable_dark_and_light(self):
         script = """(() => {

@@ -416,4 +416,11 @@ TEST_F(ThemeTool, HelpAndVersionExitWith0) {
     EXPECT_EQ(run({kTheme, "--version"}).output, std::string(orvel_version()) + "\n");
 }
 
+TEST_F(ThemeTool, OutputThatIsLostIsAnError) {
+    if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "this system has no /dev/full";
+    const Finished done = run({"sh", "-c", "exec \"$0\" \"$1\" >/dev/full", kTheme, "path"});
+    EXPECT_EQ(done.status, 2);
+    EXPECT_EQ(done.error, "orvel-theme: standard output: it cannot be written\n");
+}
+
 }  // namespace

@@ -1,4 +1,5 @@
 // orvel-compare: are these the pictures that are expected, and if not, where do they differ?
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <new>
@@ -38,8 +39,10 @@ const char* contradiction(const Given& given) {
     if (!given.approve) return nullptr;
     std::error_code failed;
     if (given.expected == "-") return "--approve cannot write over the standard input";
-    const bool folder = fs::is_directory(given.actual, failed);
-    if (!folder && fs::path(given.expected).extension() != ".png") {
+    const bool folders =
+        fs::is_directory(given.actual, failed) || fs::is_directory(given.expected, failed);
+    const bool there = given.actual == "-" || fs::exists(given.actual, failed);
+    if (there && !folders && fs::path(given.expected).extension() != ".png") {
         return "--approve writes PNG files: let the name of EXPECTED end in .png";
     }
     return nullptr;
@@ -55,19 +58,33 @@ bool read_masks(const std::string& path, std::vector<Mask>& masks, std::string& 
     return false;
 }
 
-/// A mask that is for no picture hides nothing, but was meant to.
+/// Whether a picture holds some of the mask; of one that was not compared, that is not known.
+bool reaches(const Mask& mask, const Result& result) {
+    const orvel_tools::Difference& sizes = result.difference;
+    const bool compared = result.outcome == Outcome::equal || result.outcome == Outcome::different;
+    return !compared || (mask.box.left < std::max(sizes.width, sizes.actual_width) &&
+                         mask.box.top < std::max(sizes.height, sizes.actual_height));
+}
+
+/// Why a mask hides nothing, although it was meant to; empty when it does.
+std::string why_unused(const Mask& mask, const Comparison& comparison) {
+    bool called = false;
+    for (const Result& result : comparison.results) {
+        if (!orvel_tools::fits(mask.pattern, result.pair.name)) continue;
+        if (reaches(mask, result)) return "";
+        called = true;
+    }
+    return (called ? "it is outside of all pictures called " : "no picture is called ") +
+           shown_name(mask.pattern);
+}
+
 void tell_unused(const CommandLine& program, const Given& given, const std::vector<Mask>& masks,
                  const Comparison& comparison) {
     for (const Mask& mask : masks) {
-        bool used = false;
-        for (const Result& result : comparison.results) {
-            used = used || orvel_tools::fits(mask.pattern, result.pair.name);
-        }
-        if (!used) {
-            program.fail("note: " + orvel_tools::shown_path(given.mask, "standard input") + ":" +
-                         std::to_string(mask.line) + ": no picture is called " +
-                         shown_name(mask.pattern));
-        }
+        const std::string why = why_unused(mask, comparison);
+        if (why.empty()) continue;
+        program.fail("note: " + orvel_tools::shown_path(given.mask, "standard input") + ":" +
+                     std::to_string(mask.line) + ": " + why);
     }
 }
 
@@ -175,7 +192,7 @@ int main(int argc, char** argv) {
     declare(program, given);
     if (const auto done = program.parse(argc, argv)) return *done;
     try {
-        return run(program, given);
+        return program.end(run(program, given));
     } catch (const std::bad_alloc&) {
         return program.fail("too large for the memory");
     }
