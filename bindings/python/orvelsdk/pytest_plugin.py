@@ -5,8 +5,9 @@
 
 compares with screens/panel.png beside the test's file, pixel by pixel, without a tolerance: the
 library draws the same everywhere. With --orvel-approve, what differs becomes the expected picture.
-At the end pytest names the files of all that differed. The option orvel_screens of pytest's
-configuration is another name for the folder.
+At the end pytest names the files of all that differed, and the report of orvel-compare where that
+program is on the path. The option orvel_screens of pytest's configuration is another name for the
+folder.
 """
 
 from __future__ import annotations
@@ -14,6 +15,8 @@ from __future__ import annotations
 import os
 import pathlib
 import re
+import shutil
+import subprocess
 from typing import Any, List, NamedTuple, Optional, Union
 
 import pytest
@@ -122,8 +125,31 @@ def _save(path: pathlib.Path, pixels: Pixels) -> None:
 @pytest.fixture
 def orvel_screen(request: Any, tmp_path_factory: Any) -> OrvelScreen:
     """check(canvas, name) compares a canvas with the picture of that name beside the test."""
-    folder = pathlib.Path(str(tmp_path_factory.getbasetemp())) / "orvel_screens"
-    return OrvelScreen(request, folder / request.node.name.replace("/", "_"))
+    folder = pathlib.Path(str(tmp_path_factory.getbasetemp()))
+    request.config.__dict__["_orvel_report"] = folder / "orvel_report"
+    return OrvelScreen(request, folder / "orvel_screens" / request.node.name.replace("/", "_"))
+
+
+def _report(found: List[_Finding], config: Any) -> Optional[pathlib.Path]:
+    """The page that orvel-compare writes of what failed; None where there is no such program."""
+    program = shutil.which("orvel-compare")
+    failed = [each for each in found if each.actual is not None]
+    if program is None or not failed:
+        return None
+    folder = config.__dict__["_orvel_report"]
+    # Tests in several folders may have screens of one name.
+    common = os.path.commonpath([each.expected.parent for each in failed])
+    for each in failed:
+        name = each.expected.relative_to(common)
+        for side, file in (("expected", each.expected), ("actual", each.actual)):
+            copy = folder / side / name
+            copy.parent.mkdir(parents=True, exist_ok=True)
+            if file and file.exists():
+                shutil.copyfile(file, copy)
+    report = folder / "report.html"
+    subprocess.run([program, str(folder / "expected"), str(folder / "actual"), "--report",
+                    str(report)], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, check=False)
+    return report if report.exists() else None
 
 
 def pytest_terminal_summary(terminalreporter: Any, config: Any) -> None:
@@ -138,5 +164,8 @@ def pytest_terminal_summary(terminalreporter: Any, config: Any) -> None:
             terminalreporter.write_line(f"  actual      {each.actual}")
         if each.difference is not None:
             terminalreporter.write_line(f"  difference  {each.difference}")
+    report = _report(found, config)
+    if report is not None:
+        terminalreporter.write_line(f"The report: {report}")
     if any(each.actual is not None for each in found):
         terminalreporter.write_line("--orvel-approve makes what is actual the expected picture")

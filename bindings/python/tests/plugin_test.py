@@ -1,9 +1,11 @@
 """The fixture orvel_screen, in runs of pytest of its own."""
 
+import os
 import subprocess
 import sys
 
 import pytest
+from conftest import BUILD
 from orvelsdk import Canvas
 
 TEST = """
@@ -33,11 +35,12 @@ def test_kinds(orvel_screen):
 
 @pytest.fixture
 def run_tests(tmp_path):
-    def run(*options, dot="3, 4"):
+    def run(*options, dot="3, 4", path=""):
         (tmp_path / "dots_test.py").write_text(TEST.replace("DOT", dot))
         done = subprocess.run([sys.executable, "-m", "pytest", "-p", "orvelsdk.pytest_plugin", "-p",
                                "no:cacheprovider", "-q", "--basetemp", str(tmp_path / "work"),
-                               *options, "dots_test.py"], cwd=tmp_path, capture_output=True, text=True)
+                               *options, "dots_test.py"], cwd=tmp_path, capture_output=True, text=True,
+                              env=os.environ | {"PATH": str(path)})
         return done.returncode, done.stdout
 
     return run
@@ -97,3 +100,18 @@ def test_the_folder_has_the_name_that_the_configuration_says(run_tests, tmp_path
     (tmp_path / "pytest.ini").write_text("[pytest]\norvel_screens = pictures\n")
     run_tests("--orvel-approve")
     assert (tmp_path / "pictures/dot.png").exists()
+
+
+def test_the_report_is_written_where_its_program_is_on_the_path(run_tests, tmp_path):
+    run_tests("--orvel-approve")
+    (tmp_path / "screens/deep/screen-1.png").unlink()
+    assert "The report" not in run_tests(dot="7, 4")[1]
+    status, told = run_tests(dot="7, 4", path=BUILD)
+    assert status == 1
+    report = told.split("The report: ")[1].splitlines()[0]
+    page = open(report, encoding="utf-8").read()
+    assert "<h1>2 of 2 pictures not as expected</h1>" in page
+    assert "<h2>dot</h2>" in page and "<h2>deep/screen-1</h2>" in page
+    assert page.count("2 of 200 pixels differ") == 1 and "unexpected: there, but not" in page
+    assert "The report" not in run_tests("--orvel-approve", dot="7, 4", path=BUILD)[1]
+    assert "The report" not in run_tests(dot="7, 4", path=BUILD)[1]
