@@ -47,7 +47,9 @@ double error(Function function, double angle, double found) {
 
 /// Any double, one of a few turns, one near to a multiple of a quarter turn, or a small one.
 double random_angle(Random& random) {
-    const double part = random.between(0, 1 << 30) + random.between(0, 1 << 22) * 0x1p-22;
+    // One after the other, since compilers differ in the order of operands.
+    const int high = random.between(0, 1 << 30), low = random.between(0, 1 << 22);
+    const double part = high + low * 0x1p-22;
     switch (random.between(0, 3)) {
     case 0: return std::ldexp(part, random.between(-1100, 993));
     case 1: return part * 0x1p-24;

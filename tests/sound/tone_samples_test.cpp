@@ -44,15 +44,16 @@ double phase_of(double step, int i) {
 /// Steps of audible tones, of any size, with few bits (whose sums are often halfway between two
 /// doubles), and such as meet the same phases again and again.
 double random_step(Random& random) {
-    const double part =
-        (random.between(1, 1 << 30) + random.between(0, 1 << 22) * 0x1p-22) * 0x1p-30;
+    // One after the other, since compilers differ in the order of operands.
+    const int high = random.between(1, 1 << 30), low = random.between(0, 1 << 22);
+    const int few = random.between(1, 255), last = random.between(-60, -20);
+    const double part = (high + low * 0x1p-22) * 0x1p-30;
     switch (random.between(0, 4)) {
     case 0: return part * 2.9;
     case 1: return std::ldexp(part, random.between(-1100, 1023));
-    case 2: return std::ldexp(random.between(1, 255), random.between(-30, 4));
+    case 2: return std::ldexp(few, random.between(-30, 4));
     case 3: return 6.283185307179586 / random.between(1, 1000);
-    default:
-        return std::ldexp(1.0, random.between(-20, 5)) + std::ldexp(1.0, random.between(-60, -20));
+    default: return std::ldexp(1.0, random.between(-20, 5)) + std::ldexp(1.0, last);
     }
 }
 

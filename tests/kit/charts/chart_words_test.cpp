@@ -57,11 +57,12 @@ CanvasPtr drawn(kit_chart chart, const Named& series, int w, int h) {
 
 /// The ink of words in a box, as a picture.
 std::string words_in(const orvel_canvas* canvas, const kit_box& box) {
+    const orvel_color ink = dark().text, quiet_ink = quiet();
     std::string text;
     for (int y = box.y; y < box.y + box.h; ++y) {
         for (int x = box.x; x < box.x + box.w; ++x) {
             const orvel_color pixel = orvel_canvas_pixel_get(canvas, x, y);
-            text += pixel == quiet() || pixel == dark().text ? '#' : '.';
+            text += pixel == quiet_ink || pixel == ink ? '#' : '.';
         }
         text += '\n';
     }
