@@ -169,6 +169,34 @@ TEST_F(CompareResults, AResultThatCannotBeWrittenIsTrouble) {
     }
 }
 
+TEST_F(CompareResults, NoneIsWrittenOverWhatIsCompared) {
+    const std::string picture = expected + "/gone]]>.png";
+    const std::string bytes = read_file(picture);
+    const std::string mask = folder / "masks";
+    write_file(mask, "gone 0 0 1 1 a reason\n");
+    const std::string program = ORVEL_BINARY_DIR "/orvel-compare";
+    const std::string other = actual + "/equal.bmp";
+    for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
+             {program, expected, actual, "--diff", expected + "/."},
+             {program, expected, actual, "--diff", actual},
+             {program, picture, other, "--diff", picture},
+             {program, picture, other, "--mask", mask, "--json", mask}}) {
+        const Finished done = run(arguments);
+        EXPECT_EQ(done.status, 2);
+        EXPECT_EQ(done.error,
+                  "orvel-compare: a result would be written over what is compared "
+                  "(orvel-compare --help tells more)\n");
+    }
+    EXPECT_EQ(read_file(picture), bytes);
+}
+
+TEST_F(CompareResults, TwoDoNotFitIntoTheStandardOutput) {
+    const Finished done = compare({"--json", "-", "--junit", "-"});
+    EXPECT_EQ(done.status, 2);
+    EXPECT_EQ(done.output, "");
+    EXPECT_NE(done.error.find("the standard output can take one result only"), std::string::npos);
+}
+
 TEST_F(CompareResults, ACodeHostGetsAnnotations) {
     const std::string lines = on_host("GITHUB_ACTIONS");
     EXPECT_EQ(count(lines, "::error title=orvel-compare,file="), 4);

@@ -4,22 +4,18 @@
 #include <filesystem>
 #include <sstream>
 
-#include "picture_file.h"
 #include "support/files.h"
-#include "support/picture.h"
 #include "support/process.h"
-#include "tools/png.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 using orvel_test::read_file;
-using orvel_test::read_png;
-using orvel_tools::Picture;
 
 constexpr const char* kRender = ORVEL_BINARY_DIR "/orvel-render";
 constexpr const char* kScenes = ORVEL_SOURCE_DIR "/scenes";
-constexpr const char* kGolden = ORVEL_SOURCE_DIR "/tests/golden/scenes/";
+constexpr const char* kCompare = ORVEL_BINARY_DIR "/orvel-compare";
+constexpr const char* kGolden = ORVEL_SOURCE_DIR "/tests/golden/scenes";
 
 /// The lines of the README that draw, as words.
 std::vector<std::vector<std::string>> lines() {
@@ -44,17 +40,15 @@ std::vector<fs::path> scene_files() {
 }
 
 /// Runs a line of the README in the folder of the scenes; its picture goes to @p folder.
-Picture drawn(std::vector<std::string> command, const std::string& folder) {
-    const std::string picture = folder + "/" + command.back();
+void draw(std::vector<std::string> command, const std::string& folder) {
+    command.back() = folder + "/" + command.back();
     for (std::string& word : command) {
         if (fs::exists(fs::path(kScenes) / word)) word = std::string(kScenes) + "/" + word;
     }
     command.front() = kRender;
-    command.back() = picture;
     const orvel_test::Finished done = orvel_test::run(command);
     EXPECT_EQ(done.status, 0);
     EXPECT_EQ(done.output + done.error, "");
-    return read_png(picture);
 }
 
 TEST(ScenesTest, EachIsDrawnByALineOfTheReadme) {
@@ -68,25 +62,17 @@ TEST(ScenesTest, EachIsDrawnByALineOfTheReadme) {
     EXPECT_GE(lines().size(), 6u);
 }
 
-// ORVEL_UPDATE_GOLDEN=scenes draws the golden pictures anew: look at them.
+// What was drawn stays there together with the report, so that it can be approved.
 TEST(ScenesTest, TheyLookAsTheyDid) {
-    const char* const update = std::getenv("ORVEL_UPDATE_GOLDEN");
-    const std::string wanted = update ? update : "";
-    const orvel_test::TempFolder folder;
-    for (const auto& line : lines()) {
-        const Picture picture = drawn(line, folder.path());
-        const std::string golden = kGolden + line.back();
-        if (wanted == "1" || wanted == "scenes") {
-            orvel_test::write_file(golden, read_file(folder / line.back()));
-        }
-        const Picture expected = read_png(golden);
-        EXPECT_EQ(picture.width, expected.width) << golden;
-        const bool same = picture.pixels == expected.pixels;
-        if (!same)
-            orvel_test::write_file(ORVEL_BINARY_DIR "/scenes/" + line.back(),
-                                   read_file(folder / line.back()));
-        EXPECT_TRUE(same) << golden << " is not what " ORVEL_BINARY_DIR "/scenes shows";
-    }
+    const std::string folder = ORVEL_BINARY_DIR "/golden-scenes", actual = folder + "/actual",
+                      report = folder + "/report.html";
+    fs::remove_all(folder);
+    fs::create_directories(actual);
+    for (const auto& line : lines()) draw(line, actual);
+    const auto done = orvel_test::run({kCompare, kGolden, actual, "--report", report});
+    EXPECT_EQ(done.status, 0) << done.output << done.error << "The report: " << report
+                              << "\nTo approve what was drawn: '" << kCompare
+                              << "' --approve --prune '" << kGolden << "' '" << actual << "'";
 }
 
 TEST(ScenesTest, NothingIsWrongWithThemWithEitherData) {

@@ -33,8 +33,23 @@ struct Given {
     bool taken() const { return report == "-" || junit == "-" || json == "-" || diff == "-"; }
 };
 
+/// Why the results cannot go where they shall; null when they can.
+const char* misdirected(const Given& given) {
+    int printed = 0;
+    for (const std::string& to : {given.report, given.junit, given.json, given.diff}) {
+        if (to == "-") ++printed;
+        for (const std::string& from : {given.expected, given.actual, given.mask}) {
+            std::error_code failed;
+            if (!fs::equivalent(to, from, failed) || fs::is_character_file(to, failed)) continue;
+            return "a result would be written over what is compared";
+        }
+    }
+    return printed > 1 ? "the standard output can take one result only" : nullptr;
+}
+
 /// What is wrong with the options beside each other; null when nothing is.
 const char* contradiction(const Given& given) {
+    if (const char* wrong = misdirected(given)) return wrong;
     if (given.prune && !given.approve) return "--prune is for --approve";
     if (!given.approve) return nullptr;
     std::error_code failed;
