@@ -69,6 +69,8 @@ def reals(values: Iterable[Any], what: str) -> Tuple[float, ...]:
     """Several numbers; None is NaN, a missing one."""
     if isinstance(values, (str, bytes)):
         raise TypeError(f"{what} are numbers, not {type(values).__name__}")
+    if not isinstance(values, Iterable):
+        raise TypeError(f"{what} are several numbers, not one {type(values).__name__}")
     return tuple(float("nan") if value is None else real(value, what) for value in values)
 
 

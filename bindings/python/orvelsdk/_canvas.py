@@ -41,7 +41,7 @@ class Canvas(Owner):
 
     def __init__(self, width: int, height: int, ground: Optional[ColorLike] = None, *,
                  theme: ThemeLike = "dark") -> None:
-        self.theme = Theme.of(theme)
+        self._theme = Theme.of(theme)
         width, height = whole(width, "the width"), whole(height, "the height")
         if width < 1 or height < 1:
             raise ValueError(f"a canvas has at least one pixel, not {width} x {height}")
@@ -53,8 +53,7 @@ class Canvas(Owner):
         if not pointer:
             raise OutOfMemory("the memory is too small for the canvas")
         self._own = Handle(pointer, _api.orvel_canvas_destroy)
-        self.width = int(_api.orvel_canvas_width(pointer))
-        self.height = int(_api.orvel_canvas_height(pointer))
+        self._size = (int(_api.orvel_canvas_width(pointer)), int(_api.orvel_canvas_height(pointer)))
 
     @classmethod
     def from_pixels(cls, width: int, height: int, rgba: Any, *,
@@ -75,9 +74,28 @@ class Canvas(Owner):
         return cls.from_pixels(*read_picture(os.fsdecode(path_of(path))), theme=theme)
 
     @property
+    def width(self) -> int:
+        """How many pixels lie side by side."""
+        return self._size[0]
+
+    @property
+    def height(self) -> int:
+        """How many pixels lie above each other."""
+        return self._size[1]
+
+    @property
     def size(self) -> Tuple[int, int]:
         """The width and the height."""
-        return self.width, self.height
+        return self._size
+
+    @property
+    def theme(self) -> Theme:
+        """What is drawn in; it can be set to another Theme, or to a name."""
+        return self._theme
+
+    @theme.setter
+    def theme(self, theme: ThemeLike) -> None:
+        self._theme = Theme.of(theme)
 
     def copy(self) -> "Canvas":
         """Another canvas with the same pixels and theme."""
@@ -197,7 +215,7 @@ class Canvas(Owner):
             yield None
             return
         inside = _Clip.__new__(_Clip)
-        inside.theme, inside.origin = self.theme, (record.x, record.y)
+        inside._theme, inside.origin = self._theme, (record.x, record.y)
         inside._take(found)
         with inside:
             yield inside

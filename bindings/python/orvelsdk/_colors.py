@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 import json
+import os
 from functools import lru_cache
 from typing import Any, Dict, Iterator, NamedTuple, Tuple, Union
 
@@ -133,7 +134,7 @@ class Theme:
         """Reads a theme file: a JSON object with the nine colours as ``"#rrggbb"``."""
         with open(path_of(path), "rb") as file:
             text = file.read(_LARGEST + 1)
-        return cls.read(text, name=str(path))
+        return cls.read(text, name=os.fsdecode(path_of(path)))
 
     @classmethod
     def read(cls, text: Union[str, bytes], name: str = "theme") -> "Theme":

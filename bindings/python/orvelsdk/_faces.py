@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 import ctypes
+import os
 from functools import lru_cache
 from typing import Any, Optional, Union
 
@@ -25,7 +26,7 @@ class Face(Owner):
         found = _api.kit_face_named(words(name, "a face's name"))
         if not found:
             raise Error(f"there is no face {name!r}; there are {', '.join(FACES)}")
-        self._own = Handle(found, _nothing)  # the library's own, for as long as it is loaded
+        self._own = Handle(found, None)  # the library's own, for as long as it is loaded
         self._name = name
 
     @classmethod
@@ -49,14 +50,14 @@ class Face(Owner):
         """Reads a bitmap font in the format BDF."""
         why = ctypes.create_string_buffer(512)
         found = _api.kit_face_open(path_of(path), why, len(why))
-        return cls._made(_or_raise(found, why), str(path))
+        return cls._made(_or_raise(found, why), os.fsdecode(path_of(path)))
 
     @classmethod
     def read(cls, font: bytes) -> "Face":
         """As open(), from memory."""
         if not isinstance(font, (bytes, bytearray)):
             raise TypeError(f"a font is bytes, not {type(font).__name__}")
-        memory: Any = bytes(font)
+        memory: Any = bytes(memoryview(font))
         why = ctypes.create_string_buffer(512)
         found = _api.kit_face_read(memory, len(memory), why, len(why))
         return cls._made(_or_raise(found, why), "font")
@@ -119,11 +120,6 @@ class Face(Owner):
 
 
 FaceLike = Union[str, Face]
-
-
-def _nothing(pointer: Any) -> None:
-    """Releases a face of the library's own, which stays."""
-
 
 
 def _or_raise(found: Any, why: Any) -> Any:

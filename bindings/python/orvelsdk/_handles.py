@@ -2,29 +2,53 @@
 
 from __future__ import annotations
 
-from typing import Any, Callable
+import ctypes
+from typing import Any, Callable, Dict, Optional, Type
 
 from ._errors import Closed
+
+
+class _Address(int):
+    """Where an object of the library lies, which ends with this.
+
+    The collector of cycles is kept from seeing it. So it goes when what refers to it is taken
+    apart, which is after every ``__del__`` that could still call with it.
+    """
+
+    __slots__ = ()
+
+
+def _address(pointer: Any, release: Callable[[Any], Any]) -> _Address:
+    kind, cast = type(pointer), ctypes.cast
+    if kind not in _kinds:
+        def end(self: int) -> None:
+            release(cast(int(self), kind))
+
+        _kinds[kind] = type("_Address", (_Address,), {"__slots__": (), "__del__": end})
+    address = _kinds[kind](ctypes.addressof(pointer.contents))
+    _untrack(address)
+    return address
+
+
+_untrack = ctypes.pythonapi["PyObject_GC_UnTrack"]
+_untrack.argtypes, _untrack.restype = [ctypes.py_object], None
+_kinds: Dict[type, Type[_Address]] = {}  # by the object's, for each of which there is one release
 
 
 class Handle:
     """Owns an object of the library, and releases it when nobody refers to this any more.
 
     Whoever calls with it holds it for as long as the call lasts, whatever other threads close
-    meanwhile. What the object borrows is kept with it.
+    meanwhile. What the object borrows is kept with it. Without ``release`` it owns nothing.
     """
 
-    __slots__ = ("_as_parameter_", "_release", "kept", "__weakref__")
+    __slots__ = ("_address", "_as_parameter_", "kept", "__weakref__")
 
-    def __init__(self, pointer: Any, release: Callable[[Any], Any], *kept: Any) -> None:
+    def __init__(self, pointer: Any, release: Optional[Callable[[Any], Any]], *kept: Any) -> None:
         self._as_parameter_ = pointer
-        self._release = release
-        self.kept = kept
-
-    def __del__(self) -> None:
-        release = getattr(self, "_release", None)
         if release is not None:
-            release(self._as_parameter_)
+            self._address = _address(pointer, release)
+        self.kept = kept
 
     def __reduce__(self) -> Any:
         raise TypeError("an object of the library can be neither copied nor pickled")
@@ -51,6 +75,9 @@ class Owner:
     def close(self) -> None:
         """Gives the memory back, at once unless something still borrows it. Twice does no harm."""
         self._own = None
+
+    def __reduce__(self) -> Any:  # what the module copy asks for, too
+        raise TypeError(f"a {self._what} can be neither pickled nor copied by the module copy")
 
     def __enter__(self) -> Any:
         self._handle  # noqa: B018  (closed ones raise)

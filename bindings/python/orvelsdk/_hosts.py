@@ -3,7 +3,10 @@
 from __future__ import annotations
 
 import ctypes
-from typing import Any, Callable, Dict, Optional, Union
+import functools
+import sys
+import threading
+from typing import Any, Callable, Dict, List, Optional, Union
 
 from . import _api
 from ._canvas import Canvas
@@ -53,30 +56,68 @@ class Lender:
     def __init__(self, host: Host) -> None:
         self._host = host
         self._lent: Dict[int, Any] = {}
+        self._inner: List[Any] = []
         self._caught: Optional[BaseException] = None
         self.record = _api.kit_screen_host()
         for name, lend in (("picture", self._picture), ("theme", self._theme),
                            ("face", self._face), ("include", self._include)):
-            kind: Any = getattr(self.record, name)
-            setattr(self.record, name, type(kind)(lend))
+            kind: Any = type(getattr(self.record, name))
+            setattr(self.record, name, kind(self._answering(lend, kind._argtypes_)))
 
-    def raise_caught(self) -> None:
-        """Raises what a function of the host raised since the last time."""
+    def _answering(self, lend: Any, kinds: Any) -> Any:
+        """What ctypes shall call in place of lend.
+
+        What a function of C returns where Python raises is anything. An interrupt raises before the
+        first line of any function of Python, where it cannot be caught. So the answer is left in a
+        cell, and what reads it afterwards is not a line of Python: getattr(cell, "value").
+        """
+        cell, form = ctypes.c_void_p(), ctypes.PYFUNCTYPE(ctypes.c_int, *kinds)
+
+        def answer(*arguments: Any) -> int:
+            try:
+                cell.value = None
+                cell.value = lend(*arguments)
+            except BaseException as error:  # it must not pass through the library
+                self._caught = error
+            return 0
+
+        inner = form(answer)
+        address: Any = ctypes.cast(inner, ctypes.c_void_p).value
+        asked: Any = form(address)
+        asked.restype = functools.partial(getattr, cell, "value")
+        self._inner.append(inner)
+        return asked
+
+    def call(self, function: Any, *arguments: Any) -> Any:
+        """Calls the library, and raises what a function of the host raised meanwhile."""
+        before = sys.unraisablehook
+        listens = threading.current_thread() is threading.main_thread()  # others see no interrupt
+
+        def unraisable(about: Any) -> None:
+            if "Lender._answering" in f"{about.object} {about.err_msg}":
+                self._caught = about.exc_value or about.exc_type()
+            else:
+                before(about)
+
+        try:
+            if listens:
+                sys.unraisablehook = unraisable
+            result = function(*arguments)
+        finally:
+            if listens:
+                sys.unraisablehook = before
         caught, self._caught = self._caught, None
         if caught is not None:
             raise caught
+        return result
 
     def _ask(self, what: str, name: Optional[bytes], wanted: Any) -> Any:
-        try:
-            found = getattr(self._host, what)((name or b"").decode("utf-8", "replace"))
-            if found is not None and not isinstance(found, wanted):
-                kind = wanted if isinstance(wanted, type) else wanted[0]
-                raise TypeError(f"a host's {what} is a {kind.__name__} or None, "
-                                f"not {type(found).__name__}")
-            return found
-        except BaseException as error:  # it must not pass through the library
-            self._caught = error
-            return None
+        found = getattr(self._host, what)((name or b"").decode("utf-8", "replace"))
+        if found is not None and not isinstance(found, wanted):
+            kind = wanted if isinstance(wanted, type) else wanted[0]
+            raise TypeError(f"a host's {what} is a {kind.__name__} or None, "
+                            f"not {type(found).__name__}")
+        return found
 
     def _keep(self, lent: Any) -> Any:
         self._lent[id(lent)] = lent

@@ -11,7 +11,7 @@ from typing import (Any, Callable, Dict, Iterable, Iterator, List, Mapping, Opti
                     Tuple, Union)
 
 from . import _api
-from ._arguments import Box, Path, path as path_of, whole, words
+from ._arguments import Box, BoxLike, Path, box as box_of, path as path_of, whole, words
 from ._canvas import Canvas
 from ._colors import ColorLike
 from ._errors import Error, OutOfMemory, refusal
@@ -63,7 +63,7 @@ class Screen(Owner):
             text = text.encode("utf-8", "surrogatepass")
         if not isinstance(text, (bytes, bytearray)):
             raise TypeError(f"a scene is a mapping, str or bytes, not {type(scene).__name__}")
-        self._read(bytes(text), None if data is None else as_json(data), name,
+        self._read(bytes(memoryview(text)), None if data is None else as_json(data), name,
                    Host() if host is None else host)
 
     @classmethod
@@ -87,11 +87,11 @@ class Screen(Owner):
         lender = self._lender = Lender(host)
         why = ctypes.create_string_buffer(_REASON)
         memory: Any = text
-        found = _api.kit_screen_read(memory, len(text), words(name),
-                                     None if data is None else words(data, "the data"),
-                                     ctypes.byref(lender.record), why, len(why))
+        self._own = None
+        found = lender.call(_api.kit_screen_read, memory, len(text), words(name),
+                            None if data is None else words(data, "the data"),
+                            ctypes.byref(lender.record), why, len(why))
         self._own = Handle(found, _api.kit_screen_close, lender) if found else None
-        lender.raise_caught()
         if not found:
             raise refusal(why, "the scene was refused")
 
@@ -101,11 +101,9 @@ class Screen(Owner):
                 raise Error("the function of a host must not call the screen that asks it")
             self._inside = True
             try:
-                result = function(self._handle, *arguments)
+                return self._lender.call(function, self._handle, *arguments)
             finally:
                 self._inside = False
-            self._lender.raise_caught()
-            return result
 
     def _try(self, function: Any, *arguments: Any) -> None:
         why = ctypes.create_string_buffer(_REASON)
@@ -229,9 +227,9 @@ class Screen(Owner):
             if box is not None:
                 yield box
 
-    def expose(self, box: Optional[Box] = None) -> None:
+    def expose(self, box: Optional[BoxLike] = None) -> None:
         """Has the next draw() draw this box, too; everything when there is none."""
-        record = None if box is None else ctypes.byref(_api.kit_box(*map(whole, box)))
+        record = None if box is None else ctypes.byref(_api.kit_box(*box_of(box)))
         self._call(_api.kit_screen_expose, record)
 
     # ---- What is there

@@ -3,7 +3,7 @@
 from __future__ import annotations
 
 import ctypes
-from typing import Any, Dict, Iterable, List, NamedTuple, Optional, Sequence, Tuple, Union
+from typing import Any, Dict, Iterable, Iterator, List, NamedTuple, Optional, Sequence, Tuple, Union
 
 from . import _api
 from ._arguments import Box, Text, box as box_of, real, reals, whole, within, words
@@ -58,6 +58,13 @@ def _target(canvas: Any) -> Any:
     return canvas._handle
 
 
+def _lasting(values: Any) -> Any:
+    """What can be looked at each time that it is drawn, as an iterator cannot."""
+    if isinstance(values, Series):
+        return values._replace(values=_lasting(values.values))
+    return list(values) if isinstance(values, Iterator) else values
+
+
 class Widget:
     """One widget: what it is, where it is, its words and its state.
 
@@ -85,6 +92,7 @@ class Widget:
 
     def _made(self) -> Tuple[Any, Any]:
         """The record, and what it borrows."""
+        self.text, self.data = _lasting(self.text), _lasting(self.data)
         record = _api.kit_widget()
         record.kind = _kind(self.kind, KINDS, "widget")
         record.box = _api.kit_box(*box_of(self.box))
@@ -166,6 +174,7 @@ class Chart:
         self._made(Theme())  # what cannot be drawn is told at once
 
     def _made(self, theme: Theme) -> Tuple[Any, Any]:
+        self.series[:], self.labels = map(_lasting, self.series), _lasting(self.labels)
         rows = [_series(row, theme) for row in self.series]
         if len(rows) > _MOST_SERIES:
             raise ValueError(f"a chart has {_MOST_SERIES} series at the most, not {len(rows)}")

@@ -373,3 +373,37 @@ def test_hosts_are_hosts():
     for bad in (lambda: Host(movie=None), lambda: Screen({"orvel": 1, "root": {"row": []}}, host=5)):
         with pytest.raises((TypeError, AttributeError)):
             bad()
+
+
+def test_iterators_are_drawn_more_than_once():
+    drawn = Canvas(90, 60)
+    drawn.chart("line", [[1, 2, 3]], 0, 0, 90, 60, axes=True, labels=["a", "b"])
+    chart = Chart("line", iter([map(float, "123")]), 0, 0, 90, 60, axes=True, labels=iter("ab"))
+    named = Chart("line", [Series(iter([1, 2, 3]))], 0, 0, 90, 60, axes=True, labels=iter("ab"))
+    for each in (chart, chart, named):
+        canvas = Canvas(90, 60)
+        canvas.draw(each)
+        assert canvas.checksum() == drawn.checksum()
+    bars, tabs = Widget("bars", data=map(float, "123")), Widget("tabs", text=iter(["a", "b"]))
+    for _ in range(2):
+        assert bars.size() == Widget("bars", data=[1, 2, 3]).size()
+        assert tabs.size() == Widget("tabs", text=["a", "b"]).size()
+    bars.draw(drawn)
+    assert bars.data == [1, 2, 3] and tabs.text == ["a", "b"]
+
+
+def test_one_number_is_no_row_of_a_chart():
+    with pytest.raises(TypeError, match="several numbers, not one int"):
+        Chart("line", [1, 2, 3], 0, 0, 90, 60)
+
+
+def test_the_theme_of_a_canvas_can_be_set_and_its_size_cannot():
+    canvas = Canvas(9, 9)
+    canvas.theme = "light"
+    canvas.clear()
+    assert canvas.theme == Theme.light() and canvas[0, 0] == Theme.light().background
+    with pytest.raises(TypeError):
+        canvas.theme = 5
+    for name in ("width", "height", "size"):
+        with pytest.raises(AttributeError):
+            setattr(canvas, name, 5)

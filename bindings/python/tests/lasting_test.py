@@ -1,6 +1,8 @@
 """Nothing ends the interpreter: collection in any order, threads, too little memory; nothing leaks."""
 
+import copy
 import gc
+import pickle
 import random
 import threading
 
@@ -40,6 +42,45 @@ def test_collection_in_any_order():
                 things["screen"].render()
         gc.collect(0)
     gc.collect()
+
+
+def test_a_del_in_a_cycle_draws_on_what_is_collected_with_it(run):
+    assert run("""
+import gc
+from orvelsdk import Canvas, Face, Host, Screen
+scene = {"orvel": 1, "size": [64, 48], "root": {"picture": "red"}}
+red = Canvas(64, 48, "#ff0000")
+class Panel:
+    def __init__(self, *parts):
+        self.parts, self.me = parts, self
+    def __del__(self):
+        canvas, chain, screen = self.parts
+        canvas.text("late", 2, 20, chain)
+        told.append((canvas[299, 199], screen.render().checksum() == red.checksum()))
+class Reborn(Canvas):
+    def __del__(self):
+        kept.append(self)
+told, kept = [], []
+for i in range(30):
+    Panel(Canvas(300, 200, "#00ff00"), Face("sans 12").fallback("bold 12"),
+          Screen(scene, host=Host(picture={"red": red.copy()}.get)))
+    canvas = Reborn(300, 200, "#00ff00")
+    canvas.me = canvas
+    del canvas
+    gc.collect()
+    others = [Canvas(300, 200) for _ in range(3)]
+    assert kept[-1][299, 199] == (0, 255, 0, 255), kept[-1][299, 199]
+    kept[-1].fill(0, 0, 300, 200)
+print(len(told), set(told) == {((0, 255, 0, 255), True)}, len(kept))
+""") == "30 True 30\n"
+
+
+def test_what_the_library_holds_is_not_copied_by_the_module_copy():
+    screen = Screen({"orvel": 1, "root": {"row": []}})
+    for thing in (Canvas(3, 3), Face("sans 12"), screen):
+        for make in (copy.copy, copy.deepcopy, pickle.dumps):
+            with pytest.raises(TypeError, match="neither pickled nor copied"):
+                make(thing)
 
 
 def test_a_widget_outlives_its_canvas_and_says_so():
@@ -249,6 +290,40 @@ except KeyboardInterrupt:
     pass
 Screen(scene, {}).render()
 """)
+
+
+def test_interrupts_at_any_time_come_out_of_the_call(run):
+    told = run("""
+import json, random, signal, sys
+from orvelsdk import Canvas, Host, Screen
+class Stop(BaseException):
+    pass
+def stop(*about):
+    if armed:
+        raise Stop
+def unraisable(about):
+    ignored.append(about)
+signal.signal(signal.SIGALRM, stop)
+sys.unraisablehook = unraisable
+numbers, red, done, ignored, before = random.Random(5), Canvas(4, 4), [0, 0], [], unraisable
+rows = [{"text": f"words {i}", "face": "sans 12"} for i in range(200)] + [{"picture": "red"}]
+scene = json.dumps({"orvel": 1, "size": [64, 48], "root": {"column": rows}})
+for _ in range(600):
+    try:
+        armed = True
+        signal.setitimer(signal.ITIMER_REAL, numbers.random() * 1e-3 + 1e-5)
+        Screen(scene, host=Host(picture=lambda name: red)).render()
+        armed = False
+        done[0] += 1
+    except Stop:
+        armed = False
+        done[1] += 1
+    signal.setitimer(signal.ITIMER_REAL, 0)
+assert sys.unraisablehook is unraisable
+assert not [about for about in ignored if "callback" in (about.err_msg or "")]
+print(sum(done), done[1] > 50)
+""")
+    assert told == "600 True\n"
 
 
 def test_a_fork_draws_on(run):

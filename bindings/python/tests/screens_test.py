@@ -264,3 +264,37 @@ def test_hostile_scenes_are_errors():
     for bad in (None, 5, [1]):
         with pytest.raises(TypeError):
             Screen(bad)
+
+
+def test_whatever_a_host_lends_raises_comes_out():
+    class Odd(Canvas):
+        @property
+        def closed(self):
+            raise KeyError("odd")
+
+    scene = {"orvel": 1, "size": [9, 9], "root": {"picture": "odd"}}
+    with pytest.raises(KeyError, match="odd"):
+        Screen(scene, host=Host(picture=lambda name: Odd(5, 5)))
+
+
+def test_bytes_are_as_long_as_their_memory():
+    class Long(bytes):
+        def __len__(self):
+            return 1 << 40
+
+    class Odd(bytes):
+        def __bytes__(self):
+            return Long(b"{}")
+
+    for read in (Screen, Face.read):
+        with pytest.raises(Error) as of_odd:
+            read(Odd(b"{}"))
+        with pytest.raises(Error) as of_plain:
+            read(b"{}")
+        assert str(of_odd.value) == str(of_plain.value)
+
+
+def test_a_box_to_expose_has_four_numbers():
+    screen = Screen({"orvel": 1, "root": {"row": []}})
+    with pytest.raises(TypeError, match="four whole numbers"):
+        screen.expose((1, 2))
