@@ -35,16 +35,16 @@ struct Given {
 
 /// Why the results cannot go where they shall; null when they can.
 const char* misdirected(const Given& given) {
-    int printed = 0;
+    int to_stdout = 0;
     for (const std::string& to : {given.report, given.junit, given.json, given.diff}) {
-        if (to == "-") ++printed;
+        if (to == "-") ++to_stdout;
         for (const std::string& from : {given.expected, given.actual, given.mask}) {
             std::error_code failed;
             if (!fs::equivalent(to, from, failed) || fs::is_character_file(to, failed)) continue;
             return "a result would be written over what is compared";
         }
     }
-    return printed > 1 ? "the standard output can take one result only" : nullptr;
+    return to_stdout > 1 ? "the standard output can take one result only" : nullptr;
 }
 
 /// What is wrong with the options beside each other; null when nothing is.
