@@ -33,7 +33,8 @@ def _plain(value: Any) -> Any:
 def as_json(value: Any) -> bytes:
     """A value as the library takes it. NaN and infinities, which JSON lacks, are a ValueError."""
     try:
-        return json.dumps(value, allow_nan=False, default=_plain).encode()
+        text = json.dumps(value, allow_nan=False, default=_plain, ensure_ascii=False)
+        return words(text)  # with U+FFFD for lone surrogates
     except RecursionError:
         raise ValueError("a value with too many lists in each other") from None
 

@@ -298,3 +298,10 @@ def test_a_box_to_expose_has_four_numbers():
     screen = Screen({"orvel": 1, "root": {"row": []}})
     with pytest.raises(TypeError, match="four whole numbers"):
         screen.expose((1, 2))
+
+
+def test_a_lone_surrogate_among_values_shows_as_elsewhere():
+    screen = Screen({"orvel": 1, "size": [99, 20], "root": {"text": "${a} ${b}"}},
+                    {"a": 1, "b": 2})
+    screen["a"], screen["b"] = "\ud800!", "\U0001f600 \x7f\\"
+    assert screen["a"] == "\ufffd!" and screen["b"] == "\U0001f600 \x7f\\"
