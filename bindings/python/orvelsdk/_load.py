@@ -4,6 +4,7 @@ from __future__ import annotations
 
 import ctypes
 import ctypes.util
+import importlib
 import os
 import pathlib
 import sys
@@ -39,6 +40,17 @@ def _places(name: str) -> Iterator[str]:
             yield found
 
 
+def _in_the_main_interpreter() -> bool:
+    """Whether this is no subinterpreter: ctypes answers C's calls back in the main one."""
+    for module in ("_interpreters", "_xxsubinterpreters"):  # from 3.13 on, and before
+        try:
+            interpreters = importlib.import_module(module)
+        except ImportError:
+            continue
+        return bool(interpreters.get_current() == interpreters.get_main())
+    return True
+
+
 def load(name: str) -> ctypes.CDLL:
     """The library ``OrvelSDK``, ``OrvelKit`` or ``OrvelScreen``.
 
@@ -50,6 +62,8 @@ def load(name: str) -> ctypes.CDLL:
     """
     if not getattr(sys, "_is_gil_enabled", lambda: True)():
         raise ImportError("orvelsdk relies on the interpreter's lock: start it as python -X gil=1")
+    if not _in_the_main_interpreter():
+        raise ImportError("orvelsdk works in the main interpreter alone")
     if name in _loaded:
         return _loaded[name]
     reasons = []

@@ -351,3 +351,25 @@ except Exception as reason:
 
 def test_errors_are_what_python_calls_them():
     assert issubclass(Closed, (Error, ValueError)) and issubclass(Closed, Error)
+
+
+def test_a_subinterpreter_is_refused(run):
+    told = run("""
+import sys
+try:
+    import _interpreters as interpreters
+except ImportError:
+    import _xxsubinterpreters as interpreters
+code = f'''
+import sys
+sys.path[:] = {sys.path!r}
+try:
+    import orvelsdk
+    print("imported")
+except ImportError as reason:
+    print(reason)
+'''
+run = getattr(interpreters, "run_string", None) or interpreters.exec
+run(interpreters.create(), code)
+""")
+    assert "orvelsdk works in the main interpreter alone" in told
