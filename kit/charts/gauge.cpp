@@ -1,5 +1,6 @@
 // Three quarters of a ring, the number in its middle.
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <string>
 #include <string_view>
@@ -113,7 +114,8 @@ struct Ring {
         const auto width = [&](const std::string& text) {
             return kit_text_width(chart.face, text.c_str());
         };
-        const char* const unit = is_there(value) && chart.unit ? chart.unit : "";
+        const bool counted = is_there(value) && std::fabs(value) <= 1e15;
+        const char* const unit = counted && chart.unit ? chart.unit : "";
         const std::string number = number_text(value, chart.decimals);
         std::string text = number + unit;
         if (width(text) > middle.w) text = number;

@@ -112,7 +112,8 @@ Ticks ticks_around(double low, double high, int most) { return ticks(low, high, 
 std::string number_text(double value, int decimals) {
     decimals = std::clamp(decimals, 0, 9);
     const double size = std::fabs(value);
-    if (!(size <= 1e15)) return value < 0 ? "-\u221e" : value > 0 ? "\u221e" : "\u2013";
+    if (!std::isfinite(value)) return "\u2013";
+    if (size > 1e15) return "\u2026";
     auto whole = static_cast<std::int64_t>(size);
     const std::int64_t tens = power_of_ten(decimals);
     const double rest = (size - static_cast<double>(whole)) * static_cast<double>(tens);

@@ -178,9 +178,10 @@ typedef enum kit_dither {
                                  colours stay; others are moved by up to half of the largest gap
                                  that the palette has in a channel */
     KIT_DITHER_DIFFUSED = 2 /**< errors to neighbours (Floyd and Steinberg, Proc. SID 17(2), 1976),
-                                 from the box's top left along its rows, in sixteenths: 7, 3 and 5
-                                 of 16 parts cut toward zero, the rest to the lower right; what
-                                 a pixel then wants is clamped to black and white */
+                                 from the box's top left along its rows. Colours and errors are
+                                 counted in sixteenths of a step: 7, 3 and 5 of 16 parts, cut
+                                 toward zero, the rest to the lower right; what a pixel then
+                                 wants is clamped to black and white */
 } kit_dither;
 
 /** How pixels come out. */

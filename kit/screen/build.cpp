@@ -52,6 +52,7 @@ private:
     const Sources& sources_;
     Names* names_;
     Budget budget_;
+    int asked_ = 0;  // how many nodes
 };
 
 void Builder::scene(const Source& source, const Around& around) {
@@ -96,6 +97,9 @@ void Builder::repeated(const Trail& trail, const Value& written, const Value& pa
 }
 
 void Builder::one(const Trail& trail, const Value& written, const Around& around) {
+    if (++asked_ > kMostAsked) {
+        refuse(trail, written.place, "found more than 1000000 nodes with those that are left out");
+    }
     if (const Value* text = written.find("if")) {
         Condition condition;
         std::string why;

@@ -186,6 +186,21 @@ TEST(BoundsTest, TenThousandNodesAreTheMost) {
               "scene:1:52: root.column[0]: found more than 10000 nodes");
 }
 
+TEST(BoundsTest, AMillionNodesAreTheMostThatCanBeLeftOut) {
+    const std::string text = scene(R"({"column": [{"each": "list", "as": "a", "column": [
+        {"each": "list", "as": "b", "if": "b", "rect": "accent"}]}]})",
+                                   "\"size\": [10, 10], ");
+    const auto data = [](int count) {
+        std::string list = "{\"list\": [false";
+        for (int i = 1; i < count; ++i) list += ",false";
+        return list + "]}";
+    };
+    EXPECT_EQ(refusal(text, data(999).c_str()), "");
+    EXPECT_EQ(refusal(text, data(1000).c_str()),
+              "scene:1:52: root.column[0]: found more than 1000000 nodes with those that are left "
+              "out");
+}
+
 TEST(BoundsTest, WhatWouldBePaintedForMinutesIsRefused) {
     const std::string text =
         scene(R"({"stack": [{"each": "list", "rect": "accent"}]})", "\"size\": [4096, 4096], ");

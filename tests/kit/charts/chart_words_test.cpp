@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <set>
 #include <string>
 #include <vector>
@@ -278,6 +279,15 @@ bool shows(const char* text, double value, const kit_chart& chart, int side) {
                  dark().text);
     return words_in(canvas.get(), {0, 0, side, side}) ==
            words_in(expected.get(), {0, 0, side, side});
+}
+
+TEST(GaugeTest, WhatIsMissingIsADashAndWhatIsTooLargeAnEllipsis) {
+    const kit_chart chart = {.decimals = 1, .unit = " kW"};
+    for (const double missing : {std::nan(""), HUGE_VAL, -HUGE_VAL}) {
+        EXPECT_TRUE(shows("\u2013", missing, chart, 120)) << missing;
+    }
+    EXPECT_TRUE(shows("\u2026", 1.1e15, chart, 120));
+    EXPECT_TRUE(shows("\u2026", -1e300, chart, 120));
 }
 
 TEST(GaugeTest, ANumberThatIsTooWideLosesItsUnitAndThenIsAnEllipsis) {
