@@ -45,8 +45,8 @@ Ticks ticks_inside(double low, double high, int most);
 /// As ticks_inside(), with one more at either end where the range does not end at a tick.
 Ticks ticks_around(double low, double high, int most);
 
-/// @p value with @p decimals (0 to 9) digits after the point, halves away from zero; a dash for what
-/// is missing, an ellipsis for what is beyond 10^15.
+/// @p value with @p decimals (0 to 9) digits after the point, halves away from zero; a dash for
+/// what is missing, an ellipsis for what is beyond 10^15.
 std::string number_text(double value, int decimals);
 
 }  // namespace kit

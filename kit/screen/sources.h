@@ -13,7 +13,7 @@ namespace kit {
 
 constexpr int kMostNodes = 10000;
 constexpr int kMostAsked = 1000000;  // nodes that come or are left out
-constexpr int kDeepest = 8;  // includes in each other
+constexpr int kDeepest = 8;          // includes in each other
 
 class Sources {
 public:
