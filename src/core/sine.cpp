@@ -243,7 +243,7 @@ Direction direction(double angle) {
     if (!finite(angle)) return {angle - angle, angle - angle};
     const Rest rest = rest_of(absolute(angle));
     const double r = rest.angle, q = r * r;
-    // Taylor's series; what is left out is below 2 to the power of -58.
+    // Taylor's series; what is left out is below 2 to the power of -54.
     const double s =
         r +
         r * q *

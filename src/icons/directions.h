@@ -1,5 +1,5 @@
-// The directions that recipes go in, by their angles in radians: angles as the recipes form them,
-// from less than all digits of pi, and the sines and cosines nearest to those.
+// The directions that recipes go in: the sines and cosines nearest to those of their angles.
+// Deliberate: the angles are formed from these digits, not from a better pi.
 #pragma once
 
 #include "core/sine.h"

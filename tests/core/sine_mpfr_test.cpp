@@ -3,7 +3,6 @@
 #include <mpfr.h>
 
 #include <cmath>
-#include <cstring>
 
 #include "core/sine.h"
 #include "support/cases.h"

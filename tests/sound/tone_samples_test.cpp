@@ -72,9 +72,8 @@ TEST(ToneSamplesTest, AnyToneEqualsThePlainRule) {
     }
 }
 
-/// That the sample @p i is decided rightly in a tone whose value there is one of the five nearest
-/// to
-/// @p whole.
+/// That the sample @p i is decided rightly in a tone whose value there is so near to @p whole that
+/// the rule itself must decide; how near, the roundings of its phases say.
 void expect_decided(int whole, int i, int count, double more_turns) {
     const double height = whole / (19660.2 * model_gain(i, count));
     const double angle = std::asin(height) + more_turns * 6.283185307179586;
