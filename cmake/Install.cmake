@@ -81,6 +81,7 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/share/themes
 # The scenes, which name the schema by the way to it, that is shorter in an installed tree.
 set(scenes ${PROJECT_SOURCE_DIR}/scenes)
 file(GLOB_RECURSE scene_files CONFIGURE_DEPENDS RELATIVE ${scenes} ${scenes}/*.json)
+file(REMOVE_RECURSE ${PROJECT_BINARY_DIR}/scenes-to-install)
 foreach(file IN LISTS scene_files)
     set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${scenes}/${file})
     file(READ ${scenes}/${file} scene)
