@@ -66,8 +66,8 @@ def draw(scenes, job):
     try:
         canvas = drawn(scenes, job["scene"], job["data"])
         return job["name"], canvas.checksum(), canvas.png()
-    except (orvelsdk.Error, OSError, ValueError) as reason:
-        return job["name"], None, str(reason)
+    except (orvelsdk.Error, OSError, ValueError, KeyError, TypeError) as reason:
+        return job["name"], None, str(reason) or repr(reason)
 
 
 def draw_batch(scenes, jobs):
@@ -95,7 +95,7 @@ def draw_all(client, folder, jobs, batch=50, ahead=200):
     held, suspects = {}, []  # the jobs of what runs, and of what was lost with several workers
 
     def submitted(some):
-        return client.submit(draw_batch, scenes, some, pure=False, retries=3)
+        return client.submit(draw_batch, scenes, some, pure=False)
 
     def begin(count):
         for some in itertools.islice(work, count):

@@ -32,7 +32,7 @@ class Rules:
 
 
 def need(where, thing, found, keys):
-    """@p thing with what is found of @p keys; all but the last ones, after None, must be there."""
+    """@p thing with what is found of @p keys: those that must be there, and those that may."""
     required, optional = keys
     for key in required:
         if key not in found:

@@ -11,8 +11,7 @@ from . import _api
 from ._arguments import Path, path as path_of, within
 from ._errors import Error
 
-ROLES = ("background", "surface", "text", "accent", "border", "button", "button_hover",
-         "button_text", "error")
+ROLES = tuple(field[0] for field in _api.orvel_theme._fields_)
 
 
 class Color(NamedTuple):
