@@ -4,7 +4,7 @@ import comments
 
 MEMORY = ("buffer", "bytes", "memory")
 POINTERS = ("object", "pointer", "text", "function", *MEMORY)
-NUMBERS = ("int", "unsigned", "size", "double")
+NUMBERS = ("int", "unsigned", "size", "int64", "double")
 WRITES = ("written", "changed")
 
 

@@ -16,8 +16,8 @@ LIBRARIES = (("OrvelSDK", "include/orvel.h", "orvel_"),
 TARGETS = {"64": "x86_64-unknown-linux-gnu", "wasm32": "wasm32-unknown-unknown"}
 # All that the headers take from elsewhere, so that no target needs headers of its own.
 STDDEF = "typedef __SIZE_TYPE__ size_t;\n"
-NUMBERS = {TypeKind.INT: "int", TypeKind.UINT: "unsigned", TypeKind.DOUBLE: "double",
-           TypeKind.UCHAR: "byte", TypeKind.VOID: "void"}
+NUMBERS = {TypeKind.INT: "int", TypeKind.UINT: "unsigned", TypeKind.LONGLONG: "int64",
+           TypeKind.DOUBLE: "double", TypeKind.UCHAR: "byte", TypeKind.VOID: "void"}
 
 
 def parsed(root, header, target):

@@ -2,12 +2,12 @@
 import keyword
 import textwrap
 
-TYPES = {"int": "c_int", "unsigned": "c_uint", "size": "c_size_t", "double": "c_double",
-         "byte": "c_ubyte", "enum": "c_int", "text": "c_char_p", "buffer": "POINTER(c_char)",
-         "bytes": "c_void_p", "memory": "c_void_p", "void": "None"}
+TYPES = {"int": "c_int", "unsigned": "c_uint", "size": "c_size_t", "int64": "c_longlong",
+         "double": "c_double", "byte": "c_ubyte", "enum": "c_int", "text": "c_char_p",
+         "buffer": "POINTER(c_char)", "bytes": "c_void_p", "memory": "c_void_p", "void": "None"}
 # What a caller may pass, and what comes back.
-TAKES = {"int": "int", "unsigned": "int", "size": "int", "double": "float", "byte": "int",
-         "enum": "int", "text": "bytes | None", "buffer": "_Memory | None",
+TAKES = {"int": "int", "unsigned": "int", "size": "int", "int64": "int", "double": "float",
+         "byte": "int", "enum": "int", "text": "bytes | None", "buffer": "_Memory | None",
          "bytes": "_Memory | bytes | None", "memory": "_Memory | None"}
 GIVES = {**TAKES, "bytes": "int | None", "memory": "int | None", "buffer": "_Pointer[c_char]",
          "void": "None"}
@@ -20,7 +20,7 @@ Structure without fields, handled by its POINTER alone. None is null.
 """
 '''
 IMPORTS = '''from ctypes import (CFUNCTYPE, POINTER, Structure, c_char, c_char_p, c_double, c_int,
-                    c_size_t, c_ubyte, c_uint, c_void_p)
+                    c_longlong, c_size_t, c_ubyte, c_uint, c_void_p)
 
 from ._load import load
 

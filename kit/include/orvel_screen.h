@@ -157,6 +157,164 @@ ORVEL_API int kit_screen_draw(kit_screen* screen, orvel_canvas* canvas, kit_box*
 /** Has the next kit_screen_draw() draw a box, too; @p box may be null, which is everything. */
 ORVEL_API void kit_screen_expose(kit_screen* screen, const kit_box* box);
 
+/* ---- Input ---- */
+/*
+ * Events and the host's time go in; changes and, by kit_screen_draw(), pictures come out. The same
+ * events at the same times give the same changes and pictures everywhere. Times are in milliseconds
+ * from any start of the host's; one before the last one counts as the last one.
+ *
+ * What can be used are the controls that have an id or a value of the data, and are not disabled.
+ * One whose value is exactly "${name}" sets that value, as kit_screen_set() does. Any other keeps
+ * the value that it has: its change tells the one that it would get, and the host may give it that
+ * by kit_screen_change().
+ */
+
+/** What happened. */
+typedef enum kit_event_kind {
+    KIT_EVENT_TIME = 0,    /**< nothing but that time has passed */
+    KIT_EVENT_MOVE = 1,    /**< the pointer is at x, y */
+    KIT_EVENT_PRESS = 2,   /**< a button of it, or a finger, went down at x, y */
+    KIT_EVENT_RELEASE = 3, /**< and up */
+    KIT_EVENT_LEAVE =
+        4, /**< the pointer left the screen; what is pressed is let go without effect */
+    KIT_EVENT_WHEEL = 5,   /**< it was turned at x, y by dx, dy */
+    KIT_EVENT_KEY = 6,     /**< a key went down, or repeats */
+    KIT_EVENT_TEXT = 7,    /**< a text was typed, or its composition has ended */
+    KIT_EVENT_COMPOSE = 8, /**< an input method composes a text; an empty one: no longer */
+    KIT_EVENT_PASTE = 9,   /**< the clipboard's text, which KIT_CHANGE_PASTE asked for */
+    KIT_EVENT_BLUR = 10,   /**< the window lost the keyboard */
+    KIT_EVENT_FOCUS = 11   /**< and has it again */
+} kit_event_kind;
+
+/** Keys without a character. Others are told by the character (Unicode) that they give without
+ *  modifiers: 'a', ' ', 0xE4. */
+typedef enum kit_key {
+    KIT_KEY_ENTER = 0x110000,     /**< also that of the number pad */
+    KIT_KEY_TAB = 0x110001,       /**< the next control; with shift the one before */
+    KIT_KEY_ESCAPE = 0x110002,    /**< closes what is open, ends a drag */
+    KIT_KEY_BACKSPACE = 0x110003, /**< deletes to the left */
+    KIT_KEY_DELETE = 0x110004,    /**< deletes to the right */
+    KIT_KEY_LEFT = 0x110005,      /**< an arrow */
+    KIT_KEY_RIGHT = 0x110006,     /**< an arrow */
+    KIT_KEY_UP = 0x110007,        /**< an arrow */
+    KIT_KEY_DOWN = 0x110008,      /**< an arrow */
+    KIT_KEY_HOME = 0x110009,      /**< to the first, the lowest, the top */
+    KIT_KEY_END = 0x11000A,       /**< to the last, the highest, the bottom */
+    KIT_KEY_PAGE_UP = 0x11000B,   /**< ten steps or a page up */
+    KIT_KEY_PAGE_DOWN = 0x11000C, /**< ten steps or a page down */
+    KIT_KEY_F1 = 0x11000D,        /**< a function key, for shortcuts */
+    KIT_KEY_F2 = 0x11000E,        /**< the next one */
+    KIT_KEY_F3 = 0x11000F,        /**< the next one */
+    KIT_KEY_F4 = 0x110010,        /**< the next one */
+    KIT_KEY_F5 = 0x110011,        /**< the next one */
+    KIT_KEY_F6 = 0x110012,        /**< the next one */
+    KIT_KEY_F7 = 0x110013,        /**< the next one */
+    KIT_KEY_F8 = 0x110014,        /**< the next one */
+    KIT_KEY_F9 = 0x110015,        /**< the next one */
+    KIT_KEY_F10 = 0x110016,       /**< the next one */
+    KIT_KEY_F11 = 0x110017,       /**< the next one */
+    KIT_KEY_F12 = 0x110018        /**< the last one */
+} kit_key;
+
+/** Keys that are held, to be added up. A host on macOS tells Command as KIT_MOD_CONTROL. */
+typedef enum kit_modifier {
+    KIT_MOD_SHIFT = 1,   /**< another case, backwards, selecting */
+    KIT_MOD_CONTROL = 2, /**< shortcuts, by words */
+    KIT_MOD_ALT = 4      /**< shortcuts */
+} kit_modifier;
+
+/** One event. Fields that its kind does not mention are not looked at, and those may hold anything:
+ *  what makes no sense has no effect, and what is not UTF-8 is shown as U+FFFD. */
+typedef struct kit_screen_event {
+    int kind KIT_ZERO;   /**< a kit_event_kind */
+    int x KIT_ZERO;      /**< of the pointer, in pixels */
+    int y KIT_ZERO;      /**< of the pointer, in pixels */
+    int dx KIT_ZERO;     /**< a number: turned by, 120 a notch, positive to the right */
+    int dy KIT_ZERO;     /**< a number: turned by, 120 a notch, positive away from the user */
+    int button KIT_ZERO; /**< a number, 0 for the main one; others only move the pointer */
+    int key KIT_ZERO;    /**< a kit_key, or a character's number */
+    unsigned modifiers KIT_ZERO; /**< of kit_modifier */
+    const char* text KIT_ZERO;   /**< what was typed, composed or pasted; borrowed; may be null */
+    int caret KIT_ZERO;          /**< of a composed text: where its caret is, in bytes */
+    const void* reserved[4] KIT_ZERO;
+} kit_screen_event;
+
+/**
+ * One event in.
+ *
+ * @param event   borrowed; null is refused.
+ * @param now_ms  in milliseconds.
+ * @return 0; -1 for null, an unknown kind, and where memory runs out, where the event had no effect
+ *         at all.
+ */
+ORVEL_API int kit_screen_send(kit_screen* screen, const kit_screen_event* event, long long now_ms);
+
+/** What came of it. */
+typedef enum kit_change_kind {
+    KIT_CHANGE_VALUE = 0, /**< a control has a new value: of the data's name, which is set;
+                             without a name, of the control with the id, which keeps its own */
+    KIT_CHANGE_PRESS = 1, /**< a button or list item with an id was pressed, or its shortcut; Enter
+                               in a text field */
+    KIT_CHANGE_COPY = 2,  /**< a text for the clipboard */
+    KIT_CHANGE_PASTE = 3, /**< a text field asks for the clipboard's text: KIT_EVENT_PASTE */
+    KIT_CHANGE_SOUND = 4  /**< the effect that the scene names for the control ("sound") */
+} kit_change_kind;
+
+/** One change. The texts are borrowed until the next kit_screen_next() with this screen. */
+typedef struct kit_change {
+    int kind KIT_ZERO;          /**< a kit_change_kind */
+    const char* id KIT_ZERO;    /**< of the node, or empty; borrowed; never null */
+    const char* name KIT_ZERO;  /**< of the data ("days[2].on"), or empty; borrowed; never null */
+    const char* value KIT_ZERO; /**< JSON, "null" where there is none; borrowed; never null */
+    const void* reserved[4] KIT_ZERO;
+} kit_change;
+
+/**
+ * The next change out, oldest first. Values of one name that come one after another, and that
+ * nobody has asked for, are one change, with the last of them. 4096 changes are kept; then the
+ * oldest go.
+ *
+ * @param change  written; null is refused.
+ * @return 1 when there was one, 0 when not; -1 for null.
+ */
+ORVEL_API int kit_screen_next(kit_screen* screen, kit_change* change);
+
+/**
+ * When time matters by itself: a stepper repeats, a tooltip shows, a caret blinks. A host waits for
+ * its events no longer, and then sends KIT_EVENT_TIME.
+ *
+ * @param now_ms  in milliseconds.
+ * @return in milliseconds from now, 0 when it already does; -1 where it does not, and for null.
+ */
+ORVEL_API long long kit_screen_wait(const kit_screen* screen, long long now_ms);
+
+/**
+ * Gives the keyboard to the first node with this id ("target", in a repetition "day[2]"), which is
+ * scrolled into view.
+ *
+ * @param id  borrowed; may be null or empty, which gives it to none.
+ * @return 0; -1 where none of that id can be used, and where memory runs out.
+ */
+ORVEL_API int kit_screen_focus(kit_screen* screen, const char* id);
+
+/**
+ * Where the caret of the text field with the keyboard stands, for the window of an input method.
+ *
+ * @param box  written; null is refused.
+ * @return 0; -1 where no text field has the keyboard, and for null.
+ */
+ORVEL_API int kit_screen_caret(const kit_screen* screen, kit_box* box);
+
+/** The shapes of the pointer. */
+typedef enum kit_pointer {
+    KIT_POINTER_ARROW = 0, /**< over nothing that can be used */
+    KIT_POINTER_HAND = 1,  /**< over a control */
+    KIT_POINTER_TEXT = 2   /**< over a text field */
+} kit_pointer;
+
+/** @return the kit_pointer where the pointer is; the arrow for null. */
+ORVEL_API int kit_screen_pointer(const kit_screen* screen);
+
 /* ---- What is there ---- */
 
 /**

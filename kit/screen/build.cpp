@@ -15,6 +15,7 @@ struct Around {
     const Look& look;
     int parent;
     int slot;
+    int item;                   // of the list that the node is repeated for
     const std::string& suffix;  // of ids in repetitions, "[2]"
 };
 
@@ -65,7 +66,8 @@ void Builder::scene(const Source& source, const Around& around) {
         set_face(reading(around.scope), {&source, nullptr, "face"}, *face, look);
     }
     const Trail trail = {&source, nullptr, "root"};
-    const Around below = {around.scope, look, around.parent, around.slot, around.suffix};
+    const Around below = {around.scope, look,        around.parent,
+                          around.slot,  around.item, around.suffix};
     node(trail, *document.find("root"), below);
 }
 
@@ -88,11 +90,15 @@ void Builder::repeated(const Trail& trail, const Value& written, const Value& pa
     }
     const Value* as = written.find("as");
     Scope inner = {nullptr, as ? std::string_view(as->text) : "item", &around.scope};
-    int number = 0;
+    Path origin;
+    if (find_origin(steps, around.scope, origin)) inner.origin = &origin;
+    origin.push_back({"", 0});
     for (const Value& item : list->items) {
         inner.values = &item;
-        const std::string suffix = around.suffix + '[' + std::to_string(number++) + ']';
-        one(trail, written, {inner, around.look, around.parent, around.slot, suffix});
+        const int number = origin.back().index;
+        const std::string suffix = around.suffix + '[' + std::to_string(number) + ']';
+        one(trail, written, {inner, around.look, around.parent, around.slot, number, suffix});
+        ++origin.back().index;
     }
 }
 
@@ -112,17 +118,19 @@ void Builder::one(const Trail& trail, const Value& written, const Around& around
     const Value& content = kind_of(trail, written, node.kind);
     node.parent = around.parent;
     node.slot = around.slot;
+    node.item = around.item;
     node.source = trail.source;
     node.place = written.place;
     node.look = around.look;
     if (const Value* id = written.find("id")) node.id = id->text + around.suffix;
     keys(trail, written, content, around.scope, node);
     finish(node);
+    node.own_state = node.state;
     check_bounds(trail, written, node);
     const int number = count_of(nodes);
     const Look look = node.look;
     nodes.push_back(std::move(node));
-    children(trail, written, content, {around.scope, look, number, 0, around.suffix});
+    children(trail, written, content, {around.scope, look, number, 0, 0, around.suffix});
     at(nodes, number).end = count_of(nodes);
 }
 
@@ -166,7 +174,7 @@ void Builder::list(const Trail& trail, const Value& content, const Around& aroun
     int slot = 0;
     for (const Value& child : content.items) {
         node(trail.into(slot), child,
-             {around.scope, around.look, around.parent, slot, around.suffix});
+             {around.scope, around.look, around.parent, slot, 0, around.suffix});
         ++slot;
     }
     Node& parent = at(nodes, around.parent);
@@ -186,9 +194,9 @@ void Builder::include(const Trail& trail, const Value& written, const Value& nam
     if (const Value* with = written.find("with")) {
         values = reading(around.scope).value(trail.into("with"), Type::With, *with);
     }
-    const Scope scope = {&values};
+    const Scope scope = {&values, {}, nullptr, nullptr, written.find("with"), &around.scope};
     scene(sources_.known(*trail.source, name.text),
-          {scope, around.look, around.parent, 0, around.suffix});
+          {scope, around.look, around.parent, 0, 0, around.suffix});
 }
 
 }  // namespace
@@ -199,7 +207,8 @@ Nodes build(const Sources& sources, const Value& data, Names* names) {
     orvel_theme_default(&look.theme);
     look.face = kit_sans_12();
     const Scope scope = {&data};
-    builder.scene(sources.first(), {scope, look, -1, 0, ""});
+    builder.scene(sources.first(), {scope, look, -1, 0, 0, ""});
+    give_tags(builder.nodes);
     return std::move(builder.nodes);
 }
 

@@ -12,6 +12,9 @@ namespace kit {
 /// null, is told what is asked for.
 Nodes build(const Sources& sources, const Value& data, Names* names = nullptr);
 
+/// Gives every node its tag.
+void give_tags(Nodes& nodes);
+
 /// What one build may copy of data and texts, so that repetitions cannot multiply them.
 class Budget {
 public:

@@ -25,6 +25,11 @@ struct Scope {
     const Value* values = nullptr;
     std::string_view name = {};
     const Scope* outer = nullptr;
+
+    // Where that lies in the data of the whole screen, which a scope without these two is.
+    const Path* origin = nullptr;   // of the one value; null where it was made
+    const Value* with = nullptr;    // what the values were made from, as it is written
+    const Scope* around = nullptr;  // which that sees
 };
 
 /// `path:decimals|fallback`.
@@ -60,6 +65,10 @@ const Value* look_up(const Path& path, const Scope& scope);
 /// Whether data of this shape have such a value, though it may be null in these, or in a list that
 /// is shorter now.
 bool may_be_there(const Path& path, const Scope& scope);
+
+/// The way from the data of the whole screen to the value at the end of a path. False where the
+/// value was made for the scope, so that there is none.
+bool find_origin(const Path& path, const Scope& scope, Path& origin);
 
 /// "now.temp", "days[2].name"
 std::string written(const Path& path);

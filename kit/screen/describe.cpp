@@ -53,13 +53,16 @@ std::string value_of(const Node& node) {
 
 std::string states_of(const Node& node) {
     std::string states;
-    const bool on = (node.state & KIT_ACTIVE) != 0;
+    const bool on = (node.own_state & KIT_ACTIVE) != 0;
     const bool switches = node.is_widget(ORVEL_WIDGET_TOGGLE) ||
                           node.is_widget(ORVEL_WIDGET_CHECKBOX) ||
                           node.is_widget(ORVEL_WIDGET_RADIO);
     if (on || switches) states += on ? " on" : " off";
     if ((node.state & KIT_DISABLED) != 0) states += " disabled";
-    if ((node.state & KIT_FOCUS) != 0) states += " focus";
+    if ((node.live & kHovered) != 0) states += " hover";
+    if ((node.live & kPressed) != 0) states += " pressed";
+    if ((node.live & kOpen) != 0) states += " open";
+    if ((node.state & KIT_FOCUS) != 0 || (node.live & kFocused) != 0) states += " focus";
     return states;
 }
 

@@ -93,14 +93,18 @@ void set_range(const Value& value, Node& node) {
     node.ends = {value.items[0].text, value.items[1].text};
 }
 
-/// Whether a value is one of the data and nothing else, so that a control can change it.
-bool is_one_of_the_data(const Value& written) {
+/// A value that is one of the data and nothing else can be changed by the control.
+void set_target(const Reading& reading, const Trail& trail, const Value& written, Node& node) {
     Template parts;
+    Path origin;
     std::string why;
-    if (written.kind != Kind::String) return false;
+    if (written.kind != Kind::String) return;
     read_template(written.text, parts, why);  // which the check has found good
     const Reference* whole = parts.whole();
-    return whole && whole->decimals < 0 && !whole->fallback;
+    if (!whole || whole->decimals >= 0 || whole->fallback) return;
+    if (!find_origin(whole->path, reading.scope, origin)) return;
+    node.target = kit::written(origin);
+    reading.budget.spend(trail, written.place, node.target.size());
 }
 
 bool changes_its_content(const Node& node) {
@@ -225,14 +229,14 @@ void set_key(const Reading& reading, const Trail& trail, const Value& written, c
         return;
     }
     const bool chosen = key.key == Key::On || key.key == Key::Selected;
-    if (chosen && is_one_of_the_data(written)) node.bound = true;
+    if (chosen) set_target(reading, trail, written, node);
     const Value value = reading.value(trail, key.type, written);
     if (!set_layout(value, key, node)) set_drawn(value, key, node);
 }
 
 void set_content(const Reading& reading, const Trail& trail, const Value& written, Node& node) {
     const Type type = node.kind->value;
-    if (changes_its_content(node) && is_one_of_the_data(written)) node.bound = true;
+    if (changes_its_content(node)) set_target(reading, trail, written, node);
     if (type == Type::Words) {
         node.text = reading.words(trail, written);
         if (node.is_widget(ORVEL_WIDGET_IMAGE) && !is_inside_name(node.text)) {

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <climits>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,12 @@ struct NodeSeries {
 enum Axis { kAcross = 0, kDown = 1 };
 using Pair = std::array<int, 2>;
 
+/// What a node is known by when it is built anew; 0 is none.
+using Tag = std::uint64_t;
+
+/// What shows of input; to be added up.
+enum LiveState : unsigned { kHovered = 1, kPressed = 2, kFocused = 4, kOpen = 8 };
+
 constexpr int kNoSide = -1;
 constexpr int kAll = INT_MIN;
 
@@ -39,6 +46,8 @@ struct Node {
     int parent = -1;
     int end = 0;   // behind the last node below it
     int slot = 0;  // its number among the children as they are written
+    int item = 0;  // and in the list that it is repeated for
+    Tag tag = 0;
     const Source* source = nullptr;
     Place place;
     std::string id, name;
@@ -64,12 +73,13 @@ struct Node {
     std::string text, hint, icon, unit;
     std::string written;              // a number, as it was
     std::array<std::string, 2> ends;  // of the range, as they were
-    bool bound = false;               // to a value, which it changes
+    std::string target;               // the name of the data that it changes; empty: none
     double value = 0;
     int amount = 0, size = 0, decimals = 0;
     unsigned state = 0, parts = 0;
-    int words = KIT_LEFT;  // a kit_align
-    int shape = 0;         // a kit_chart_kind
+    unsigned own_state = 0, live = 0;  // as the scene says, and a LiveState
+    int words = KIT_LEFT;              // a kit_align
+    int shape = 0;                     // a kit_chart_kind
     double low = 0, high = 0;
     Paint ground, edge, color;
     std::vector<double> numbers;
@@ -89,6 +99,10 @@ struct Node {
     bool holds_nodes() const { return kind->value == Type::Nodes || frames() || is(Sort::Include); }
     /// Whether its size is its own, so that it is never stretched.
     bool keeps_size() const;
+    /// Whether people use it, where it is not disabled.
+    bool is_control() const;
+    /// Whether input has an effect on it.
+    bool is_usable() const;
     /// The direction of its children; below 0 where they lie on each other.
     int axis() const { return is(Sort::Row) ? kAcross : is(Sort::Column) ? kDown : -1; }
     /// The box without its padding.

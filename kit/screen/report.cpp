@@ -45,17 +45,6 @@ Paint ground_of(const Nodes& nodes, int i) {
     return {true, nodes.front().look.theme.background};
 }
 
-bool is_control(const Node& node) {
-    for (const int kind :
-         {ORVEL_WIDGET_BUTTON, ORVEL_WIDGET_TOGGLE, ORVEL_WIDGET_CHECKBOX, ORVEL_WIDGET_SLIDER,
-          ORVEL_WIDGET_TEXTBOX, ORVEL_WIDGET_RADIO, ORVEL_WIDGET_DROPDOWN, ORVEL_WIDGET_RATING,
-          ORVEL_WIDGET_STEPPER, ORVEL_WIDGET_TABS, ORVEL_WIDGET_LIST_ITEM, ORVEL_WIDGET_MENU,
-          ORVEL_WIDGET_SEARCH}) {
-        if (node.is_widget(kind)) return true;
-    }
-    return false;
-}
-
 /// How many of a list of numbers lie outside; those that are missing do not.
 int outside(const std::vector<double>& numbers, double low, double high) {
     return static_cast<int>(std::count_if(numbers.begin(), numbers.end(), [=](double number) {
@@ -197,9 +186,7 @@ private:
     void target(int i, const Node& node) {
         constexpr int kLeast = 24;
         const bool small = node.box.w < kLeast || node.box.h < kLeast;
-        const bool used = is_control(node) && (node.bound || !node.id.empty()) &&
-                          (node.state & KIT_DISABLED) == 0;
-        if (!small || !used) return;
+        if (!small || !node.is_usable()) return;
         kit_widget widget = widget_of(node);
         int w = 0, h = 0;
         kit_size(&widget, &w, &h);
@@ -217,7 +204,7 @@ private:
 
 std::string report(const Nodes& nodes, const kit_format* panel) {
     Reporter reporter(nodes, panel);
-    for (int i = 0; i < count_of(nodes); ++i) reporter.node(i);
+    for (int i = 0; i < nodes.front().end; ++i) reporter.node(i);  // not what pops up
     return reporter.text;
 }
 

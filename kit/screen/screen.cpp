@@ -1,65 +1,24 @@
 // The interface: nothing that is raised below it gets out.
-#include <cstdint>
-#include <new>
 #include <string>
 #include <utility>
 
 #include "screen/build.h"
 #include "screen/edit.h"
-
-struct kit_screen {
-    kit::Sources sources;
-    kit::Value data = {};
-    kit::Nodes nodes = {};
-    kit::Pair size = {0, 0};  // what it was given; 0 where the root decides
-    kit_box damage = {};
-    std::string said = {};
-};
+#include "screen/screen.h"
 
 namespace {
 
 using namespace kit;
 
-/// What @p call returns, or @p failure with a reason where it raises.
-template <typename Result, typename Call>
-Result guarded(Result failure, char* why, size_t size, const Call& call) {
-    try {
-        return call();
-    } catch (const Refused& refused) {        // GCOVR_EXCL_BR_LINE: not every call refuses
-        give_reason(refused.why, why, size);  // GCOVR_EXCL_BR_LINE: the same
-    } catch (...) {                           // bad_alloc, or length_error
-        give_reason("out of memory", why, size);
-    }
-    return failure;
-}
-
 kit_box whole_of(const kit_screen& screen) { return screen.nodes.front().box; }
 
-/// Refuses what would be painted for minutes: many nodes as large as a large screen.
-void limit_painting(const kit_screen& screen, const Nodes& nodes) {
-    constexpr std::int64_t kMostPixels = std::int64_t{1} << 30;
-    std::int64_t pixels = 0;
-    for (const Node& node : nodes) {
-        if (paints(node)) pixels += std::int64_t{node.visible.w} * node.visible.h;
-    }
-    if (pixels <= kMostPixels) return;
-    const std::string millions = std::to_string(pixels >> 20);
-    throw Refused{screen.sources.first().file + ": found nodes that cover " + millions +
-                  " million pixels together, 1024 are the most"};
-}
-
-Nodes laid_out(const kit_screen& screen, const Value& data, Pair size) {
-    Nodes nodes = build(screen.sources, data);
-    if (size[0] == 0) size = wanted(nodes);
-    lay_out(nodes, size[0], size[1]);
-    limit_painting(screen, nodes);
-    return nodes;
-}
-
-/// Takes over new nodes, and remembers where they differ from the old ones.
-void show(kit_screen& screen, Nodes nodes) {
+/// Takes over what shows with these data and this size, and remembers where it differs.
+void show(kit_screen& screen, const Value& data, Pair size) {
+    Live live = screen.live;
+    Nodes nodes = shown(screen.sources, data, size, live);
     screen.damage = join(screen.damage, difference(screen.nodes, nodes));
     screen.nodes = std::move(nodes);
+    screen.live = std::move(live);
 }
 
 /// The data to begin with: the host's, or those that the scene brings as an example.
@@ -87,7 +46,7 @@ kit_screen* opened(kit_screen made, std::string_view text, const char* data) {
                      static_cast<int>(size->items[1].number)};
     }
     made.data = first_data(source, data);
-    made.nodes = laid_out(made, made.data, made.size);
+    made.nodes = shown(made.sources, made.data, made.size, made.live);
     made.damage = whole_of(made);
     return new kit_screen(std::move(made));
 }
@@ -129,7 +88,7 @@ int edited(kit_screen* screen, char* why, size_t size, const Change& change) {
         std::swap(source.document, document);
         try {
             check(screen->sources, source);
-            show(*screen, laid_out(*screen, screen->data, screen->size));
+            show(*screen, screen->data, screen->size);
         } catch (...) {
             std::swap(source.document, document);
             screen->sources.forget_after(known);
@@ -181,7 +140,7 @@ int kit_screen_resize(kit_screen* screen, int w, int h, char* why, size_t size) 
             throw Refused{"found " + std::to_string(w) + " x " + std::to_string(h) +
                           ", expected 1 to 32767 pixels each"};
         }
-        show(*screen, laid_out(*screen, screen->data, {w, h}));
+        show(*screen, screen->data, {w, h});
         screen->size = {w, h};
         return 0;
     });
@@ -199,7 +158,7 @@ int kit_screen_set(kit_screen* screen, const char* name, const char* json, char*
             data = screen->data;
             if (!set_json(data, name, text, reason)) throw Refused{reason};
         }
-        show(*screen, laid_out(*screen, data, screen->size));
+        show(*screen, data, screen->size);
         screen->data = std::move(data);
         return 0;
     });

@@ -165,7 +165,7 @@ class Describe(unittest.TestCase):
                 for thing in (*each["arguments"], each["returns"]):
                     if thing["c"].endswith("*"):
                         self.assertLessEqual({"ownership", "null"}, set(thing), each["name"])
-                    elif re.fullmatch(r"int|unsigned|size_t|double", thing["c"]):
+                    elif re.fullmatch(r"int|unsigned|size_t|long long|double", thing["c"]):
                         self.assertIn("unit", thing, each["name"])
 
 

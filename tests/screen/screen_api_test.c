@@ -62,6 +62,32 @@ static void changed(kit_screen* screen) {
     CHECK(kit_screen_remove(NULL, NULL, NULL, 0) == -1 && kit_screen_box(NULL, NULL, NULL) == -1);
 }
 
+static void used(kit_screen* screen) {
+    kit_screen_event event = {0};
+    kit_change change;
+    kit_box box;
+    CHECK(kit_screen_add(screen, "root", 0, "{\"button\": \"B\", \"id\": \"b\"}", NULL, 0) == 0);
+    CHECK(kit_screen_focus(screen, "b") == 0 && kit_screen_focus(screen, "a") == -1);
+    CHECK(kit_screen_focus(screen, NULL) == 0 && kit_screen_focus(NULL, "b") == -1);
+    event.kind = KIT_EVENT_PRESS;
+    event.x = event.y = 5;
+    CHECK(kit_screen_send(screen, &event, 0) == 0);
+    event.kind = KIT_EVENT_RELEASE;
+    CHECK(kit_screen_send(screen, &event, 0) == 0);
+    event.kind = KIT_EVENT_FOCUS + 1;
+    CHECK(kit_screen_send(screen, &event, 0) == -1);
+    CHECK(kit_screen_send(NULL, &event, 0) == -1 && kit_screen_send(screen, NULL, 0) == -1);
+    CHECK(kit_screen_next(screen, &change) == 1 && change.kind == KIT_CHANGE_PRESS);
+    CHECK(strcmp(change.id, "b") == 0 && *change.name == '\0' && strcmp(change.value, "null") == 0);
+    CHECK(kit_screen_next(screen, &change) == 0 && strcmp(change.value, "null") == 0);
+    CHECK(kit_screen_next(NULL, &change) == -1 && kit_screen_next(screen, NULL) == -1);
+    CHECK(kit_screen_wait(NULL, 0) == -1);
+    CHECK(kit_screen_caret(screen, &box) == -1 && kit_screen_caret(NULL, NULL) == -1);
+    CHECK(kit_screen_pointer(screen) == KIT_POINTER_HAND);
+    CHECK(kit_screen_pointer(NULL) == KIT_POINTER_ARROW);
+    CHECK(kit_screen_remove(screen, "b", NULL, 0) == 0);
+}
+
 int main(int argument_count, char** arguments) {
     kit_box dirty = {0, 0, 0, 0};
     orvel_canvas* const canvas = kit_canvas(60, 40);
@@ -74,6 +100,7 @@ int main(int argument_count, char** arguments) {
     CHECK(kit_screen_draw(screen, canvas, &dirty) == 0 && dirty.w == 60 && dirty.h == 40);
     CHECK(kit_screen_draw(NULL, NULL, NULL) == -1);
     changed(screen);
+    used(screen);
     kit_screen_expose(screen, NULL);
     kit_screen_expose(NULL, NULL);
     CHECK(kit_screen_draw(screen, canvas, NULL) == 0);

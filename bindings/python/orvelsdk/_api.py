@@ -5,7 +5,7 @@ bytes. Records are Structures with the names of C; what only the library sees in
 Structure without fields, handled by its POINTER alone. None is null.
 """
 from ctypes import (CFUNCTYPE, POINTER, Structure, c_char, c_char_p, c_double, c_int,
-                    c_size_t, c_ubyte, c_uint, c_void_p)
+                    c_longlong, c_size_t, c_ubyte, c_uint, c_void_p)
 
 from ._load import load
 
@@ -966,7 +966,96 @@ class kit_screen_host(Structure):
                 ("reserved", c_void_p * 4)]
 
 
+class kit_screen_event(Structure):
+    """One event. Fields that its kind does not mention are not looked at, and those may hold anything:
+     what makes no sense has no effect, and what is not UTF-8 is shown as U+FFFD.
+
+    kind: a kit_event_kind
+    x: of the pointer, in pixels
+    y: of the pointer, in pixels
+    dx: a number: turned by, 120 a notch, positive to the right
+    dy: a number: turned by, 120 a notch, positive away from the user
+    button: a number, 0 for the main one; others only move the pointer
+    key: a kit_key, or a character's number
+    modifiers: of kit_modifier
+    text: what was typed, composed or pasted; borrowed; may be null
+    caret: of a composed text: where its caret is, in bytes"""
+    _fields_ = [("kind", c_int),
+                ("x", c_int),
+                ("y", c_int),
+                ("dx", c_int),
+                ("dy", c_int),
+                ("button", c_int),
+                ("key", c_int),
+                ("modifiers", c_uint),
+                ("text", c_char_p),
+                ("caret", c_int),
+                ("reserved", c_void_p * 4)]
+
+
+class kit_change(Structure):
+    """One change. The texts are borrowed until the next kit_screen_next() with this screen.
+
+    kind: a kit_change_kind
+    id: of the node, or empty; borrowed; never null
+    name: of the data ("days[2].on"), or empty; borrowed; never null
+    value: JSON, "null" where there is none; borrowed; never null"""
+    _fields_ = [("kind", c_int),
+                ("id", c_char_p),
+                ("name", c_char_p),
+                ("value", c_char_p),
+                ("reserved", c_void_p * 4)]
+
+
 KIT_SCREEN_VERSION = b"0.1.0"
+KIT_EVENT_TIME = 0
+KIT_EVENT_MOVE = 1
+KIT_EVENT_PRESS = 2
+KIT_EVENT_RELEASE = 3
+KIT_EVENT_LEAVE = 4
+KIT_EVENT_WHEEL = 5
+KIT_EVENT_KEY = 6
+KIT_EVENT_TEXT = 7
+KIT_EVENT_COMPOSE = 8
+KIT_EVENT_PASTE = 9
+KIT_EVENT_BLUR = 10
+KIT_EVENT_FOCUS = 11
+KIT_KEY_ENTER = 1114112
+KIT_KEY_TAB = 1114113
+KIT_KEY_ESCAPE = 1114114
+KIT_KEY_BACKSPACE = 1114115
+KIT_KEY_DELETE = 1114116
+KIT_KEY_LEFT = 1114117
+KIT_KEY_RIGHT = 1114118
+KIT_KEY_UP = 1114119
+KIT_KEY_DOWN = 1114120
+KIT_KEY_HOME = 1114121
+KIT_KEY_END = 1114122
+KIT_KEY_PAGE_UP = 1114123
+KIT_KEY_PAGE_DOWN = 1114124
+KIT_KEY_F1 = 1114125
+KIT_KEY_F2 = 1114126
+KIT_KEY_F3 = 1114127
+KIT_KEY_F4 = 1114128
+KIT_KEY_F5 = 1114129
+KIT_KEY_F6 = 1114130
+KIT_KEY_F7 = 1114131
+KIT_KEY_F8 = 1114132
+KIT_KEY_F9 = 1114133
+KIT_KEY_F10 = 1114134
+KIT_KEY_F11 = 1114135
+KIT_KEY_F12 = 1114136
+KIT_MOD_SHIFT = 1
+KIT_MOD_CONTROL = 2
+KIT_MOD_ALT = 4
+KIT_CHANGE_VALUE = 0
+KIT_CHANGE_PRESS = 1
+KIT_CHANGE_COPY = 2
+KIT_CHANGE_PASTE = 3
+KIT_CHANGE_SOUND = 4
+KIT_POINTER_ARROW = 0
+KIT_POINTER_HAND = 1
+KIT_POINTER_TEXT = 2
 
 _OrvelScreen = load("OrvelScreen")
 kit_screen_version = _function(
@@ -1042,6 +1131,46 @@ Returns: 0; -1 for null, and where memory runs out, where the next call draws it
 kit_screen_expose = _function(
     _OrvelScreen, "kit_screen_expose", None, [POINTER(kit_screen), POINTER(kit_box)],
     """Has the next kit_screen_draw() draw a box, too; box may be null, which is everything.""")
+kit_screen_send = _function(
+    _OrvelScreen, "kit_screen_send", c_int, [POINTER(kit_screen), POINTER(kit_screen_event),
+                                             c_longlong],
+    """One event in.
+
+event: borrowed; null is refused.
+now_ms: in milliseconds.
+Returns: 0; -1 for null, an unknown kind, and where memory runs out, where the event had no
+    effect at all.""")
+kit_screen_next = _function(
+    _OrvelScreen, "kit_screen_next", c_int, [POINTER(kit_screen), POINTER(kit_change)],
+    """The next change out, oldest first. Values of one name that come one after another, and that
+nobody has asked for, are one change, with the last of them. 4096 changes are kept; then the
+oldest go.
+
+change: written; null is refused.
+Returns: 1 when there was one, 0 when not; -1 for null.""")
+kit_screen_wait = _function(
+    _OrvelScreen, "kit_screen_wait", c_longlong, [POINTER(kit_screen), c_longlong],
+    """When time matters by itself: a stepper repeats, a tooltip shows, a caret blinks. A host waits for
+its events no longer, and then sends KIT_EVENT_TIME.
+
+now_ms: in milliseconds.
+Returns: in milliseconds from now, 0 when it already does; -1 where it does not, and for null.""")
+kit_screen_focus = _function(
+    _OrvelScreen, "kit_screen_focus", c_int, [POINTER(kit_screen), c_char_p],
+    """Gives the keyboard to the first node with this id ("target", in a repetition "day[2]"), which is
+scrolled into view.
+
+id: borrowed; may be null or empty, which gives it to none.
+Returns: 0; -1 where none of that id can be used, and where memory runs out.""")
+kit_screen_caret = _function(
+    _OrvelScreen, "kit_screen_caret", c_int, [POINTER(kit_screen), POINTER(kit_box)],
+    """Where the caret of the text field with the keyboard stands, for the window of an input method.
+
+box: written; null is refused.
+Returns: 0; -1 where no text field has the keyboard, and for null.""")
+kit_screen_pointer = _function(
+    _OrvelScreen, "kit_screen_pointer", c_int, [POINTER(kit_screen)],
+    """Returns: the kit_pointer where the pointer is; the arrow for null.""")
 kit_screen_describe = _function(
     _OrvelScreen, "kit_screen_describe", c_char_p, [POINTER(kit_screen)],
     """One line for each node that shows, in the order in which they are drawn, each below its parent

@@ -374,7 +374,80 @@ class kit_screen_host(Structure):
     def __init__(this, self: Any = ..., picture: Any = ..., theme: Any = ..., face: Any = ...,
                  include: Any = ..., reserved: Any = ...) -> None: ...
 
+class kit_screen_event(Structure):
+    kind: int
+    x: int
+    y: int
+    dx: int
+    dy: int
+    button: int
+    key: int
+    modifiers: int
+    text: bytes | None
+    caret: int
+    reserved: Any
+    def __init__(self, kind: Any = ..., x: Any = ..., y: Any = ..., dx: Any = ..., dy: Any = ...,
+                 button: Any = ..., key: Any = ..., modifiers: Any = ..., text: Any = ...,
+                 caret: Any = ..., reserved: Any = ...) -> None: ...
+
+class kit_change(Structure):
+    kind: int
+    id: bytes | None
+    name: bytes | None
+    value: bytes | None
+    reserved: Any
+    def __init__(self, kind: Any = ..., id: Any = ..., name: Any = ..., value: Any = ...,
+                 reserved: Any = ...) -> None: ...
+
 KIT_SCREEN_VERSION: bytes
+KIT_EVENT_TIME: int
+KIT_EVENT_MOVE: int
+KIT_EVENT_PRESS: int
+KIT_EVENT_RELEASE: int
+KIT_EVENT_LEAVE: int
+KIT_EVENT_WHEEL: int
+KIT_EVENT_KEY: int
+KIT_EVENT_TEXT: int
+KIT_EVENT_COMPOSE: int
+KIT_EVENT_PASTE: int
+KIT_EVENT_BLUR: int
+KIT_EVENT_FOCUS: int
+KIT_KEY_ENTER: int
+KIT_KEY_TAB: int
+KIT_KEY_ESCAPE: int
+KIT_KEY_BACKSPACE: int
+KIT_KEY_DELETE: int
+KIT_KEY_LEFT: int
+KIT_KEY_RIGHT: int
+KIT_KEY_UP: int
+KIT_KEY_DOWN: int
+KIT_KEY_HOME: int
+KIT_KEY_END: int
+KIT_KEY_PAGE_UP: int
+KIT_KEY_PAGE_DOWN: int
+KIT_KEY_F1: int
+KIT_KEY_F2: int
+KIT_KEY_F3: int
+KIT_KEY_F4: int
+KIT_KEY_F5: int
+KIT_KEY_F6: int
+KIT_KEY_F7: int
+KIT_KEY_F8: int
+KIT_KEY_F9: int
+KIT_KEY_F10: int
+KIT_KEY_F11: int
+KIT_KEY_F12: int
+KIT_MOD_SHIFT: int
+KIT_MOD_CONTROL: int
+KIT_MOD_ALT: int
+KIT_CHANGE_VALUE: int
+KIT_CHANGE_PRESS: int
+KIT_CHANGE_COPY: int
+KIT_CHANGE_PASTE: int
+KIT_CHANGE_SOUND: int
+KIT_POINTER_ARROW: int
+KIT_POINTER_HAND: int
+KIT_POINTER_TEXT: int
 def kit_screen_version() -> bytes | None: ...
 def kit_screen_open(path: bytes | None, data: bytes | None, host: _To[kit_screen_host],
                     why: _Memory | None, size: int, /) -> _Pointer[kit_screen]: ...
@@ -398,6 +471,13 @@ def kit_screen_change(screen: _Pointer[kit_screen] | None, id: bytes | None, key
 def kit_screen_draw(screen: _Pointer[kit_screen] | None, canvas: _Pointer[orvel_canvas] | None,
                     dirty: _To[kit_box], /) -> int: ...
 def kit_screen_expose(screen: _Pointer[kit_screen] | None, box: _To[kit_box], /) -> None: ...
+def kit_screen_send(screen: _Pointer[kit_screen] | None, event: _To[kit_screen_event], now_ms: int,
+                    /) -> int: ...
+def kit_screen_next(screen: _Pointer[kit_screen] | None, change: _To[kit_change], /) -> int: ...
+def kit_screen_wait(screen: _Pointer[kit_screen] | None, now_ms: int, /) -> int: ...
+def kit_screen_focus(screen: _Pointer[kit_screen] | None, id: bytes | None, /) -> int: ...
+def kit_screen_caret(screen: _Pointer[kit_screen] | None, box: _To[kit_box], /) -> int: ...
+def kit_screen_pointer(screen: _Pointer[kit_screen] | None, /) -> int: ...
 def kit_screen_describe(screen: _Pointer[kit_screen] | None, /) -> bytes | None: ...
 def kit_screen_report(screen: _Pointer[kit_screen] | None, /) -> bytes | None: ...
 def kit_screen_report_on(screen: _Pointer[kit_screen] | None, panel: _To[kit_format],

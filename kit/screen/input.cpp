@@ -1,0 +1,79 @@
+// The interface of input: nothing that is raised below it gets out.
+#include <algorithm>
+
+#include "screen/turn.h"
+
+namespace {
+
+using namespace kit;
+
+/// Far outside of every screen, and still good to count with.
+int near(int place) { return std::clamp(place, -65536, 65536); }
+
+void answer(Turn& turn, const kit_screen_event& event) {
+    const int x = near(event.x), y = near(event.y);
+    switch (event.kind) {
+    case KIT_EVENT_MOVE: return point(turn, x, y);
+    case KIT_EVENT_PRESS: return event.button == 0 ? press(turn, x, y) : point(turn, x, y);
+    case KIT_EVENT_RELEASE: return event.button == 0 ? release(turn, x, y) : point(turn, x, y);
+    case KIT_EVENT_LEAVE: return leave(turn);
+    default: return;
+    }
+}
+
+}  // namespace
+
+int kit_screen_send(kit_screen* screen, const kit_screen_event* event, long long) {
+    if (!screen || !event) return -1;
+    if (event->kind < KIT_EVENT_TIME || event->kind > KIT_EVENT_FOCUS) return -1;
+    return guarded(-1, nullptr, 0, [&] {
+        Turn turn(*screen);
+        answer(turn, *event);
+        turn.settle();
+        turn.finish(*screen);
+        return 0;
+    });
+}
+
+int kit_screen_next(kit_screen* screen, kit_change* change) {
+    if (!screen || !change) return -1;
+    *change = {};
+    change->id = change->name = "";
+    change->value = "null";
+    const Change* next = screen->changes.next();
+    if (!next) return 0;
+    change->kind = next->kind;
+    change->id = next->id.c_str();
+    change->name = next->name.c_str();
+    change->value = next->value.c_str();
+    return 1;
+}
+
+long long kit_screen_wait(const kit_screen*, long long) { return -1; }
+
+int kit_screen_focus(kit_screen* screen, const char* id) {
+    if (!screen) return -1;
+    return guarded(-1, nullptr, 0, [&] {
+        Turn turn(*screen);
+        turn.live.focused = 0;
+        turn.live.ring = true;
+        for (const Node& node : turn.nodes()) {
+            const bool found = id && *id && node.id == id && node.is_usable();
+            if (found && turn.live.focused == 0) turn.live.focused = node.tag;
+        }
+        if (id && *id && turn.live.focused == 0) return -1;
+        turn.settle();
+        turn.finish(*screen);
+        return 0;
+    });
+}
+
+int kit_screen_caret(const kit_screen*, kit_box*) { return -1; }
+
+int kit_screen_pointer(const kit_screen* screen) {
+    const int i = screen ? find_node(screen->nodes, screen->live.hovered) : -1;
+    if (i < 0) return KIT_POINTER_ARROW;
+    const Node& node = at(screen->nodes, i);
+    const bool text = node.is_widget(ORVEL_WIDGET_TEXTBOX) || node.is_widget(ORVEL_WIDGET_SEARCH);
+    return text ? KIT_POINTER_TEXT : KIT_POINTER_HAND;
+}
