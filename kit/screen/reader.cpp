@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <numeric>
 
+#include "screen/characters.h"
 #include "screen/document.h"
 #include "screen/number.h"
 
@@ -14,28 +15,6 @@ constexpr const char* kEndsWord = " \t\r\n{}[],:\"";
 
 bool is_one_of(char letter, const char* letters) {
     return std::strchr(letters, letter) != nullptr;  // a text without zero bytes
-}
-
-/// The bytes of the UTF-8 character at @p at; 0 when it is ill-formed (Unicode 15, table 3-7).
-std::size_t character(std::string_view text, std::size_t at) {
-    const auto byte = [text, at](std::size_t i) -> unsigned {
-        return at + i < text.size() ? static_cast<unsigned char>(text[at + i]) : 0U;
-    };
-    const auto follows = [&byte](std::size_t i, unsigned low = 0x80, unsigned high = 0xBF) {
-        return byte(i) >= low && byte(i) <= high;
-    };
-    const unsigned first = byte(0);
-    if (first < 0x80) return 1;
-    if (first >= 0xC2 && first <= 0xDF) return follows(1) ? 2 : 0;
-    if (first >= 0xE0 && first <= 0xEF) {
-        const unsigned low = first == 0xE0 ? 0xA0 : 0x80, high = first == 0xED ? 0x9F : 0xBF;
-        return follows(1, low, high) && follows(2) ? 3 : 0;
-    }
-    if (first >= 0xF0 && first <= 0xF4) {
-        const unsigned low = first == 0xF0 ? 0x90 : 0x80, high = first == 0xF4 ? 0x8F : 0xBF;
-        return follows(1, low, high) && follows(2) && follows(3) ? 4 : 0;
-    }
-    return 0;
 }
 
 /// Tells line and column of offsets that never go back.
@@ -253,9 +232,9 @@ bool Builder::parse_error(std::size_t position, const std::string&, const std::e
 bool all_characters(std::string_view text, std::string_view file, std::string& why) {
     std::size_t at = 0;
     while (at < text.size() && text[at] != '\0') {
-        const std::size_t bytes = character(text, at);
-        if (bytes == 0) break;
-        at += bytes;
+        const Character next = character_at(text, at);
+        if (!next.good) break;
+        at += next.bytes;
     }
     if (at == text.size()) return true;
     const char* what = text[at] == '\0' ? "found a zero byte" : "found what is not UTF-8";

@@ -7,12 +7,10 @@
 #include <vector>
 
 #include "models/canvas_model.h"
+#include "models/utf8.h"
 #include "orvel_kit.h"
 
 namespace model {
-
-/// A scalar value as UTF-8.
-std::string utf8(char32_t code);
 
 /// The characters of a text; U+FFFD for each longest part that begins some character and is none.
 std::vector<char32_t> characters(const std::string& text);
