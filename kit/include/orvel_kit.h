@@ -387,6 +387,8 @@ typedef struct kit_widget {
     int count KIT_ZERO;          /**< how many values; below 1 none */
     int caret KIT_ZERO;  /**< of a text field with focus: the offset of the caret, in bytes */
     int anchor KIT_ZERO; /**< the other end of its selection, in bytes */
+    int scroll KIT_ZERO; /**< in pixels, 1 and what kit_field() said: a longer text then moves no
+                              further than its caret needs; below 1 that is in the middle */
     const void* reserved[4] KIT_ZERO;
 } kit_widget;
 
@@ -412,6 +414,17 @@ ORVEL_API int kit_draw(orvel_canvas* canvas, const orvel_theme* theme, const kit
  * @return 0; -1 for null, an unknown kind and where memory runs out, which want 0 x 0.
  */
 ORVEL_API int kit_size(const kit_widget* widget, int* w, int* h);
+
+/**
+ * Where a text field, a text box or search, shows its text: @p widget as for kit_draw(). The column
+ * of a letter is the left one of the room with its kit_text_x() and without what is returned.
+ *
+ * @param room   written: the box that the words show in; may be null.
+ * @param caret  written: that of the caret, empty where there is none; may be null.
+ * @return the width in pixels of what of the text lies to the left of the room, 0 without focus; -1
+ *         for null, another kind and a negative size, which have empty boxes.
+ */
+ORVEL_API int kit_field(const kit_widget* widget, kit_box* room, kit_box* caret);
 
 /* ---- Charts ---- */
 

@@ -58,8 +58,7 @@ private:
     kit_box between(int left, int right) const { return {x + left, y, w - left - right, h}; }
     orvel_color quiet() const { return kit_mix(T.text, T.background, 45); }
 
-    void field(const kit_box& room);
-    int caret_column(int place, int thick) const;
+    void field();
     /// What of the text, moved @p scroll columns to the left out of its room, lies in @p part.
     void write_part(const kit_box& part, const kit_box& room, int scroll, orvel_color color);
     void items(orvel_widget* (*make)(orvel_canvas*, const orvel_theme*, const char*, int, int, int,

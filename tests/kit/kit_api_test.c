@@ -125,6 +125,7 @@ static void widgets_and_charts(void) {
     kit_chart chart = {0};
     orvel_theme theme;
     int w = 0, h = 0;
+    kit_box box = {0, 0, 0, 0}, caret = box;
     orvel_canvas* const canvas = kit_canvas(64, 32);
     orvel_canvas_clear(canvas, kNothing);
     orvel_theme_default(&theme);
@@ -134,6 +135,10 @@ static void widgets_and_charts(void) {
     CHECK(kit_size(&widget, &w, &h) == 0 && w > 0 && h > 0 && kit_size(NULL, NULL, NULL) == -1);
     CHECK(kit_draw(canvas, &theme, &widget) == 0 && drawn(canvas));
     CHECK(kit_draw(NULL, NULL, NULL) == -1);
+    widget.kind = ORVEL_WIDGET_SEARCH;
+    widget.state = KIT_FOCUS;
+    CHECK(kit_field(&widget, &box, &caret) == 0 && box.w > 0 && caret.w == 1);
+    CHECK(kit_field(NULL, NULL, NULL) == -1);
     series.values = values;
     series.count = 3;
     chart.box.w = 64;

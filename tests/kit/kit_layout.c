@@ -41,6 +41,7 @@ AT(kit_widget, data, 72);
 AT(kit_widget, count, 80);
 AT(kit_widget, caret, 84);
 AT(kit_widget, anchor, 88);
+AT(kit_widget, scroll, 92);
 AT(kit_widget, reserved, 96);
 
 SIZE(kit_series, 40);

@@ -80,6 +80,8 @@ int draw_every_kind(Stage& stage, unsigned state) {
         unsized.box = {};
         int w = 0, h = 0;
         if (kit_size(&unsized, &w, &h) != 0) return -1;
+        const bool is_field = kind == ORVEL_WIDGET_TEXTBOX || kind == ORVEL_WIDGET_SEARCH;
+        if (kit_field(&unsized, nullptr, nullptr) != (is_field ? 0 : -1)) return -1;
         if (kind == ORVEL_WIDGET_IMAGE) continue;
         if (kit_draw(stage.canvas.get(), &stage.theme, &widget) != 0) return -1;
     }
@@ -128,7 +130,7 @@ const Row kRows[] = {
          const int lines = kit_text_wrap(canvas, nullptr, kWords, box, KIT_LEFT, kInk);
          return cut == 1 && lines > 1 ? 0 : -1;
      }},
-    {"kit_draw kit_size ", [](Stage& stage) { return draw_every_kind(stage, 0); }},
+    {"kit_draw kit_size kit_field ", [](Stage& stage) { return draw_every_kind(stage, 0); }},
     {"kit_draw ", [](Stage& stage) { return draw_every_kind(stage, KIT_FOCUS | KIT_ACTIVE); }},
     {"kit_draw ", [](Stage& stage) { return draw_every_kind(stage, KIT_DISABLED); }},
     {"kit_chart_draw ",

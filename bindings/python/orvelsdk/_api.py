@@ -578,7 +578,9 @@ class kit_widget(Structure):
     data: the values of bars, 0 to 1, count of them
     count: how many values; below 1 none
     caret: of a text field with focus: the offset of the caret, in bytes
-    anchor: the other end of its selection, in bytes"""
+    anchor: the other end of its selection, in bytes
+    scroll: in pixels, 1 and what kit_field() said: a longer text then moves no further than its
+        caret needs; below 1 that is in the middle"""
     _fields_ = [("kind", c_int),
                 ("box", kit_box),
                 ("text", c_char_p),
@@ -592,6 +594,7 @@ class kit_widget(Structure):
                 ("count", c_int),
                 ("caret", c_int),
                 ("anchor", c_int),
+                ("scroll", c_int),
                 ("reserved", c_void_p * 4)]
 
 
@@ -929,6 +932,15 @@ for one that cannot be drawn; finding it reads and draws the file.
 w: written, in pixels; may be null.
 h: written, in pixels; may be null.
 Returns: 0; -1 for null, an unknown kind and where memory runs out, which want 0 x 0.""")
+kit_field = _function(
+    _OrvelKit, "kit_field", c_int, [POINTER(kit_widget), POINTER(kit_box), POINTER(kit_box)],
+    """Where a text field, a text box or search, shows its text: widget as for kit_draw(). The column
+of a letter is the left one of the room with its kit_text_x() and without what is returned.
+
+room: written: the box that the words show in; may be null.
+caret: written: that of the caret, empty where there is none; may be null.
+Returns: the width in pixels of what of the text lies to the left of the room, 0 without focus;
+    -1 for null, another kind and a negative size, which have empty boxes.""")
 kit_chart_draw = _function(
     _OrvelKit, "kit_chart_draw", c_int, [POINTER(orvel_canvas), POINTER(orvel_theme),
                                          POINTER(kit_chart)],

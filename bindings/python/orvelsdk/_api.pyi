@@ -230,11 +230,12 @@ class kit_widget(Structure):
     count: int
     caret: int
     anchor: int
+    scroll: int
     reserved: Any
     def __init__(self, kind: Any = ..., box: Any = ..., text: Any = ..., hint: Any = ...,
                  icon: Any = ..., face: Any = ..., state: Any = ..., amount: Any = ...,
                  value: Any = ..., data: Any = ..., count: Any = ..., caret: Any = ...,
-                 anchor: Any = ..., reserved: Any = ...) -> None: ...
+                 anchor: Any = ..., scroll: Any = ..., reserved: Any = ...) -> None: ...
 
 class kit_series(Structure):
     values: _Pointer[c_double]
@@ -359,6 +360,7 @@ def kit_text_missing(face: _Pointer[kit_face] | None, text: bytes | None, /) -> 
 def kit_draw(canvas: _Pointer[orvel_canvas] | None, theme: _To[orvel_theme],
              widget: _To[kit_widget], /) -> int: ...
 def kit_size(widget: _To[kit_widget], w: _To[c_int], h: _To[c_int], /) -> int: ...
+def kit_field(widget: _To[kit_widget], room: _To[kit_box], caret: _To[kit_box], /) -> int: ...
 def kit_chart_draw(canvas: _Pointer[orvel_canvas] | None, theme: _To[orvel_theme],
                    chart: _To[kit_chart], /) -> int: ...
 
