@@ -93,6 +93,17 @@ function(orvel_install_documents name section)  # [part version licence file]...
     endif()
 endfunction()
 
+function(orvel_install_pages name)  # file...
+    foreach(page IN LISTS ARGN)
+        if(CPACK_GENERATOR STREQUAL "DEB")
+            get_filename_component(file ${page} NAME)
+            orvel_compress(${page} ${file}.gz)
+            set(page ${PROJECT_BINARY_DIR}/${file}.gz)
+        endif()
+        install(FILES ${page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT ${name})
+    endforeach()
+endfunction()
+
 # Music is played by programs, sounds by libraries that are opened where they exist.
 orvel_package(liborvelsdk0 SECTION libs
     RECOMMENDS "libpulse0, libsndfile1, pulseaudio-utils | pipewire-bin"
@@ -148,20 +159,20 @@ endif()
 
 if(ORVEL_BUILD_TOOLS)
     find_package(CLI11 QUIET)
+    set(parts COMPILED_IN CLI11 "${CLI11_VERSION}" BSD-3-Clause ${CMAKE_CURRENT_LIST_DIR}/licences/CLI11
+              ${letters} ${reader})
     orvel_package(orvelsdk-tools SECTION devel
-        DEPENDS "liborvelsdk0 (>= ${PROJECT_VERSION})"
-        COMPILED_IN CLI11 "${CLI11_VERSION}" BSD-3-Clause ${CMAKE_CURRENT_LIST_DIR}/licences/CLI11
-                    ${letters} ${reader}
+        DEPENDS "liborvelsdk0 (>= ${PROJECT_VERSION})" ${parts}
         HOLDS "the programs that draw scenes, compare and convert\npictures and check theme files, and scenes to copy.")
     file(GLOB pages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tools/man/*.1)
-    foreach(page IN LISTS pages)
-        if(CPACK_GENERATOR STREQUAL "DEB")
-            get_filename_component(name ${page} NAME)
-            orvel_compress(${page} ${name}.gz)
-            set(page ${PROJECT_BINARY_DIR}/${name}.gz)
-        endif()
-        install(FILES ${page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT orvelsdk-tools)
-    endforeach()
+    list(FILTER pages EXCLUDE REGEX "/orvel-view.1$")
+    orvel_install_pages(orvelsdk-tools ${pages})
+endif()
+if(TARGET orvel-view)
+    orvel_package(orvelsdk-view SECTION devel
+        DEPENDS "liborvelsdk0 (>= ${PROJECT_VERSION})" ${parts}
+        HOLDS "the program that shows scenes alive in a window.")
+    orvel_install_pages(orvelsdk-view ${PROJECT_SOURCE_DIR}/tools/man/orvel-view.1)
 endif()
 
 include(CPack)

@@ -9,7 +9,8 @@
 #include "command_line.h"
 #include "panel.h"
 #include "picture_file.h"
-#include "scene.h"
+#include "replay.h"
+#include "scene_options.h"
 
 namespace {
 
@@ -24,22 +25,19 @@ struct Wishes {
     SceneWishes scene;
     std::vector<std::string> data;
     std::string output, format, size, panel, dither = "none", rotate = "0", previous;
+    std::string events, changes;
     int scale = 1;
     bool describe = false, watch = false, check = false;
     Outlet outlet;
 };
 
 void describe_options(CommandLine& program, Wishes& wishes) {
-    program.argument("SCENE", wishes.scene.scene, "The scene file; - is the standard input");
+    orvel_tools::describe_scene_options(program, wishes.scene, wishes.size);
     program.option("--data", wishes.data, "FILE", "A JSON file of the values to show; - as above");
-    program.option("--set", wishes.scene.values, "NAME=VALUE", "One value more");
-    program.flag("--sample", wishes.scene.sample, "Show the scene's own sample values");
     program.option("-o,--output", wishes.output, "FILE",
                    "The picture: .png, .bmp, .ppm, .pbm or .raw; - is the standard output");
     program.option("--format", wishes.format, {"png", "bmp", "ppm", "pbm", "raw"},
                    "What to write, whatever the file is called");
-    program.option("--size", wishes.size, "WIDTHxHEIGHT", "Another size than the scene's");
-    program.option("--theme", wishes.scene.theme, "FILE", "dark, light or a theme file");
     program.option("--scale", wishes.scale, 1, 16, "Make every pixel a square of this side");
     program.option("--panel", wishes.panel, {"mono", "gray4", "gray16", "rgb565", "red", "seven"},
                    "The panel that shows it");
@@ -48,41 +46,43 @@ void describe_options(CommandLine& program, Wishes& wishes) {
     program.option("--rotate", wishes.rotate, {"0", "90", "180", "270"}, "Degrees clockwise");
     program.option("--changed-from", wishes.previous, "FILE",
                    "Print X Y WIDTH HEIGHT of what differs from this earlier PNG or BMP");
+    program.option("--events", wishes.events, "FILE",
+                   "Play this session; {} in -o stands for the pictures that it marks");
+    program.option("--changes", wishes.changes, "FILE",
+                   "Write what controls changed on the way, a line of JSON for each");
     program.flag("--describe", wishes.describe, "Print what the screen shows, line by line");
     program.flag("--check", wishes.check, "Print what is cut, lost, faint or too small");
     program.flag("--watch", wishes.watch, "Draw again whenever a file of it changes");
 }
 
-/// One to five digits; 0 for anything else.
-int side_of(const std::string& text) {
-    const bool digits = text.find_first_not_of("0123456789") == std::string::npos;
-    return digits && !text.empty() && text.size() <= 5 ? std::stoi(text) : 0;
+/// Whether -o stands for the pictures that a session marks.
+bool marks(const Wishes& wishes) {
+    return !wishes.events.empty() && wishes.output.find("{}") != std::string::npos;
 }
 
-/// WIDTHxHEIGHT
-bool read_size(const std::string& text, int& width, int& height) {
-    const std::size_t by = std::min(text.find('x'), text.size());
-    width = side_of(text.substr(0, by));
-    height = side_of(text.substr(std::min(by + 1, text.size())));
-    return width > 0 && height > 0;
-}
-
-/// What is wrong with the options together; empty when nothing is.
-std::string settle(Wishes& wishes) {
-    if (!wishes.size.empty() && !read_size(wishes.size, wishes.scene.width, wishes.scene.height)) {
-        return "--size " + wishes.size + ": expected WIDTHxHEIGHT, 800x480 for instance";
+/// What is wrong with what is asked for; empty when nothing is.
+std::string settle_results(const Wishes& wishes) {
+    const bool played = !wishes.events.empty();
+    if (wishes.output.empty() && !wishes.describe && !wishes.check && !played) {
+        return "nothing to do without -o, --describe, --check or --events";
     }
-    if (wishes.output.empty() && !wishes.describe && !wishes.check) {
-        return "nothing to do without -o, --describe or --check";
+    if (wishes.check && (!wishes.output.empty() || wishes.watch || played)) {
+        return "--check draws nothing";
     }
-    if (wishes.check && (!wishes.output.empty() || wishes.watch)) return "--check draws nothing";
     if (wishes.data.size() > 1 && !wishes.check) return "several --data go with --check only";
-    if (!wishes.data.empty() && wishes.scene.sample)
-        return "--data and --sample exclude each other";
-    const auto dashes = std::count(wishes.data.begin(), wishes.data.end(), "-") +
-                        (wishes.scene.scene == "-" ? 1 : 0);
-    if (dashes > 1) return "the standard input can be read once only";
-    if (dashes > 0 && wishes.watch) return "--watch reads again, which the standard input cannot";
+    if (!played && !wishes.changes.empty()) return "--changes goes with --events";
+    if (marks(wishes) && !wishes.previous.empty()) {
+        return "--changed-from goes with one picture";
+    }
+    const bool lines = wishes.describe || wishes.check || !wishes.previous.empty();
+    if (wishes.output == "-" && (lines || wishes.changes == "-")) {
+        return "the standard output cannot take a picture and lines of text";
+    }
+    return "";
+}
+
+/// What is wrong with what is to be written; empty when nothing is.
+std::string settle_format(Wishes& wishes) {
     const std::string extension = std::filesystem::path(wishes.output).extension().string();
     if (wishes.format.empty() && extension.size() > 1) wishes.format = extension.substr(1);
     if (wishes.format.empty()) wishes.format = "png";
@@ -92,15 +92,26 @@ std::string settle(Wishes& wishes) {
     if (wishes.format == "pbm" && wishes.panel.empty()) wishes.panel = "mono";
     if (wishes.format == "pbm" && wishes.panel != "mono") return "a .pbm is for --panel mono only";
     if (wishes.format == "raw" && wishes.scale > 1) return "--scale is not for raw bytes";
-    if (wishes.output == "-" && (wishes.describe || wishes.check || !wishes.previous.empty())) {
-        return "the standard output cannot take a picture and lines of text";
-    }
     wishes.outlet.panel = orvel_tools::panel_named(wishes.panel);
     wishes.outlet.dither = wishes.dither == "ordered"    ? KIT_DITHER_ORDERED
                            : wishes.dither == "diffused" ? KIT_DITHER_DIFFUSED
                                                          : KIT_DITHER_NONE;
     wishes.outlet.turns = std::stoi(wishes.rotate) / 90;
     return "";
+}
+
+/// What is wrong with the options together; empty when nothing is.
+std::string settle(Wishes& wishes) {
+    std::string mistake = settle_results(wishes);
+    if (!mistake.empty()) return mistake;
+    mistake = orvel_tools::settle_scene(wishes.scene, wishes.size, wishes.data, {wishes.events});
+    if (!mistake.empty()) return mistake;
+    std::vector<std::string> read = wishes.data;
+    read.push_back(wishes.events);
+    if (wishes.watch && orvel_tools::reads_standard_input(wishes.scene, read)) {
+        return "--watch reads again, which the standard input cannot";
+    }
+    return settle_format(wishes);
 }
 
 /// Prints the box in which the picture differs from the earlier one: all of it when there is none.
@@ -116,13 +127,14 @@ bool print_changes(const Wishes& wishes, const Picture& now, std::string& error)
     return true;
 }
 
-bool write(const Wishes& wishes, const orvel_canvas* canvas, std::string& error) {
+bool write(const Wishes& wishes, const orvel_canvas* canvas, const std::string& output,
+           std::string& error) {
     auto picture = orvel_tools::panel_picture(canvas, wishes.outlet);
     if (!picture) throw std::bad_alloc();
     constexpr std::size_t kMostPixels = std::size_t{64} << 20;
     const auto scale = static_cast<std::size_t>(wishes.scale);
     if (picture->pixels.size() > kMostPixels / (scale * scale)) {
-        error = wishes.output + ": more than 64 million pixels";
+        error = output + ": more than 64 million pixels";
         return false;
     }
     if (wishes.scale > 1) picture = orvel_tools::scaled(*picture, wishes.scale);
@@ -131,23 +143,44 @@ bool write(const Wishes& wishes, const orvel_canvas* canvas, std::string& error)
                            ? orvel_tools::panel_bytes(canvas, wishes.outlet)
                            : orvel_tools::encoded(*picture, wishes.format, error);
     if (!bytes) {
-        error = wishes.output + ": " + error;
+        error = output + ": " + error;
         return false;
     }
-    return orvel_tools::write_bytes(wishes.output, *bytes, error);
+    return orvel_tools::write_bytes(output, *bytes, error);
 }
 
-/// One screen: described, drawn. Returns the status to end with.
+/// Plays the session, if there is one. False, and why, when that fails.
+bool play(const Wishes& wishes, const Scene& scene, std::string& error) {
+    if (wishes.events.empty()) return true;
+    const auto take = [&wishes](const std::string& name, const orvel_canvas* canvas,
+                                std::string& why) {
+        if (!marks(wishes)) return true;
+        std::string file = wishes.output;
+        return write(wishes, canvas, file.replace(file.find("{}"), 2, name), why);
+    };
+    const orvel_tools::Replayed replayed = orvel_tools::replay(scene, wishes.events, take);
+    error = replayed.error;
+    if (!error.empty() || wishes.changes.empty()) return error.empty();
+    return orvel_tools::write_bytes(wishes.changes, replayed.changes, error);
+}
+
+/// One screen: played, described, drawn. Returns the status to end with.
 int render(const CommandLine& program, const Wishes& wishes, const Scene& scene) {
+    std::string error;
+    if (!play(wishes, scene, error)) return program.fail(error);
     if (wishes.describe) {
         const char* const lines = kit_screen_describe(scene.open());
         if (!lines) throw std::bad_alloc();
         std::fputs(lines, stdout);
     }
     if (wishes.output.empty()) return 0;
-    std::string error;
-    const CanvasPtr canvas = scene.draw(error);
-    if (!canvas || !write(wishes, canvas.get(), error)) return program.fail(error);
+    if (!marks(wishes)) {
+        kit_screen_expose(scene.open(), nullptr);
+        const CanvasPtr canvas = scene.draw(error);
+        if (!canvas || !write(wishes, canvas.get(), wishes.output, error)) {
+            return program.fail(error);
+        }
+    }
     for (const std::string& line : scene.complaints()) program.fail(line);  // drawn without it
     return 0;
 }
@@ -174,22 +207,10 @@ int check(const CommandLine& program, const Wishes& wishes) {
     return status;
 }
 
-/// When the files were last written, and how large they are.
-std::string traces(const std::vector<std::string>& files) {
-    std::string traces;
-    for (const std::string& file : files) {
-        std::error_code none;
-        const auto time = std::filesystem::last_write_time(file, none).time_since_epoch().count();
-        traces += std::to_string(time) + ' ' +
-                  std::to_string(std::filesystem::file_size(file, none)) + '\n';
-    }
-    return traces;
-}
-
-/// Everything that a scene is made of.
+/// Everything that the picture is made of.
 std::vector<std::string> files_of(const Wishes& wishes, const Scene& scene) {
-    std::vector<std::string> files = scene.files();
-    files.insert(files.end(), {wishes.scene.scene, wishes.scene.data, wishes.scene.theme});
+    std::vector<std::string> files = orvel_tools::files_of(wishes.scene, scene);
+    files.insert(files.end(), {wishes.scene.data, wishes.events});
     return files;
 }
 
@@ -199,7 +220,7 @@ std::vector<std::string> files_of(const Wishes& wishes, const Scene& scene) {
         std::string error;
         // Looked at before it is drawn: what is written meanwhile is drawn next.
         const auto files = files_of(wishes, Scene(wishes.scene, error));
-        const std::string before = traces(files);
+        const std::string before = orvel_tools::traces(files);
         const Scene scene(wishes.scene, error);
         if (scene.open()) {
             render(program, wishes, scene);
@@ -207,7 +228,7 @@ std::vector<std::string> files_of(const Wishes& wishes, const Scene& scene) {
             program.fail(error);
         }
         std::fflush(stdout);
-        while (files_of(wishes, scene) == files && traces(files) == before) {
+        while (files_of(wishes, scene) == files && orvel_tools::traces(files) == before) {
             std::this_thread::sleep_for(std::chrono::milliseconds(100));
         }
     }

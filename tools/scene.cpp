@@ -2,6 +2,7 @@
 
 #include <array>
 #include <new>
+#include <nlohmann/json.hpp>
 #include <sstream>
 
 #include "file_bytes.h"
@@ -10,6 +11,9 @@ namespace orvel_tools {
 namespace {
 
 using Why = std::array<char, 1024>;
+
+/// A screen without anything to show.
+constexpr char kNothing[] = R"({"orvel": 1, "size": [1, 1], "root": {"column": []}})";
 
 /// A text as JSON.
 std::string quoted(const std::string& text) {
@@ -61,15 +65,13 @@ std::string about_data(const SceneWishes& wishes, const std::string& reason) {
 
 }  // namespace
 
-/// The values of the file with those of the command line set in them, as a screen without anything
-/// to show has them.
+/// As a screen without anything to show has them.
 std::optional<std::string> Scene::data_of(const SceneWishes& wishes, std::string& error) {
     std::string text = "{}";
     if (!wishes.data.empty() && !read_text(wishes.data, text, error)) {
         return std::nullopt;
     }
     if (wishes.values.empty()) return text;
-    constexpr char kNothing[] = R"({"orvel": 1, "size": [1, 1], "root": {"column": []}})";
     Why why = {};
     const ScreenPtr values(kit_screen_read(kNothing, sizeof kNothing - 1, "values", text.c_str(),
                                            nullptr, why.data(), why.size()));
@@ -94,6 +96,8 @@ Scene::Scene(const SceneWishes& wishes, std::string& error) : folder_(wishes.sce
         data = data_of(wishes, error);
         if (!data) return;
     }
+    const auto document = nlohmann::json::parse(text, nullptr, false);
+    if (document.is_object() && document.contains("theme")) theme_ = document["theme"].dump();
     const kit_screen_host host = folder_.host();
     const std::string name = wishes.scene == "-" ? "standard input" : wishes.scene;
     Why why = {};
@@ -120,9 +124,9 @@ bool Scene::dress(const SceneWishes& wishes, std::string& error) {
     }
     const bool own = wishes.theme != "dark" && wishes.theme != "light" && !wishes.theme.empty();
     if (own && !folder_.add_theme(wishes.theme, error)) return false;
-    if (!wishes.theme.empty() &&
-        kit_screen_change(screen_.get(), nullptr, "theme", quoted(wishes.theme).c_str(), why.data(),
-                          why.size()) != 0) {
+    if (!wishes.theme.empty()) theme_ = quoted(wishes.theme);
+    if (!wishes.theme.empty() && kit_screen_change(screen_.get(), nullptr, "theme", theme_.c_str(),
+                                                   why.data(), why.size()) != 0) {
         error = why.data();
         return false;
     }
@@ -132,6 +136,19 @@ bool Scene::dress(const SceneWishes& wishes, std::string& error) {
         return false;
     }
     return true;
+}
+
+orvel_color Scene::ground() {
+    const kit_screen_host host = folder_.host();
+    const ScreenPtr bare(
+        kit_screen_read(kNothing, sizeof kNothing - 1, "nothing", nullptr, &host, nullptr, 0));
+    const CanvasPtr canvas(kit_canvas(1, 1));
+    if (!bare || !canvas) throw std::bad_alloc();
+    if (!theme_.empty()) {
+        kit_screen_change(bare.get(), nullptr, "theme", theme_.c_str(), nullptr, 0);
+    }
+    kit_screen_draw(bare.get(), canvas.get(), nullptr);
+    return orvel_canvas_pixel_get(canvas.get(), 0, 0);
 }
 
 std::vector<std::string> Scene::complaints() const {
@@ -149,16 +166,22 @@ std::vector<std::string> Scene::complaints() const {
     return lines;
 }
 
-CanvasPtr Scene::draw(std::string& error) const {
+CanvasPtr canvas_for(const kit_screen* screen, std::string& error) {
     int width = 0, height = 0;
-    kit_screen_size(screen_.get(), &width, &height);
+    kit_screen_size(screen, &width, &height);
     if (static_cast<long long>(width) * height > kMostScenePixels) {
         error = "a screen of " + std::to_string(width) + " x " + std::to_string(height) +
                 " pixels is too large: 16 million are the most";
         return nullptr;
     }
     CanvasPtr canvas(kit_canvas(width, height));
-    if (canvas && kit_screen_draw(screen_.get(), canvas.get(), nullptr) == 0) return canvas;
+    if (!canvas) error = "the memory is too small for the picture";
+    return canvas;
+}
+
+CanvasPtr Scene::draw(std::string& error) const {
+    CanvasPtr canvas = canvas_for(screen_.get(), error);
+    if (!canvas || kit_screen_draw(screen_.get(), canvas.get(), nullptr) == 0) return canvas;
     error = "the memory is too small for the picture";
     return nullptr;
 }

@@ -21,6 +21,9 @@ struct SceneWishes {
     int width = 0, height = 0;        // 0: the scene's own
 };
 
+/// A canvas of the screen's size; null, and why, when it is too large.
+CanvasPtr canvas_for(const kit_screen* screen, std::string& error);
+
 /// A scene that is open, and the files that it was made of.
 class Scene {
 public:
@@ -29,8 +32,14 @@ public:
 
     kit_screen* open() const { return screen_.get(); }
     const std::vector<std::string>& files() const { return folder_.files(); }
+    /// The values of the file, with those of the command line set in them, as JSON.
+    static std::optional<std::string> data_of(const SceneWishes& wishes, std::string& error);
+
     /// A line for each picture that the screen does without: where it stands, and why.
     std::vector<std::string> complaints() const;
+
+    /// What the theme paints where nothing else is painted.
+    orvel_color ground();
 
     /// The whole screen; null, and why, when it cannot be drawn.
     CanvasPtr draw(std::string& error) const;
@@ -41,10 +50,10 @@ private:
     };
     using ScreenPtr = std::unique_ptr<kit_screen, CloseScreen>;
 
-    static std::optional<std::string> data_of(const SceneWishes& wishes, std::string& error);
     bool dress(const SceneWishes& wishes, std::string& error);
 
     SceneFolder folder_;
+    std::string theme_;  // of all nodes, as JSON
     ScreenPtr screen_;
 };
 

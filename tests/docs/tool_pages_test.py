@@ -45,6 +45,11 @@ class ToolPages(unittest.TestCase):
     def test_of_theme_tells_what_the_program_takes(self):
         self.compare("orvel-theme", "check", "path")
 
+    def test_of_view_tells_what_the_program_takes(self):
+        if not (BUILD / "orvel-view").exists():
+            self.skipTest("orvel-view needs SDL2")
+        self.compare("orvel-view")
+
 
 if __name__ == "__main__":
     unittest.main()

@@ -371,7 +371,7 @@ TEST_F(RenderTool, PicturesHaveABoundTogether) {
 }
 
 TEST_F(RenderTool, MistakesAreToldInOneLine) {
-    expect_refused({}, "nothing to do without -o, --describe or --check");
+    expect_refused({}, "nothing to do without -o, --describe, --check or --events");
     expect_refused({"-o", png, "--check"}, "--check draws nothing");
     expect_refused({"-o", png, "--sample", "--data", "x"},
                    "--data and --sample exclude each other");
