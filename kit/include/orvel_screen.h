@@ -342,6 +342,7 @@ ORVEL_API const char* kit_screen_describe(kit_screen* screen);
  *  - range: a number outside its range; a "selected" or "show" of what there is not, but for -1;
  *  - id: an id that another node of the same file has, too;
  *  - name: one in a condition, or with a fallback, that neither the data nor the sample have;
+ *  - key: a shortcut that another control has, too, of which the first one counts;
  *  - unknown: a picture or an image that there is not.
  *
  * @return borrowed until the next call, empty when there is nothing; null for null and where memory

@@ -88,10 +88,16 @@ void check_beside(const Trail& trail, const Value& node) {
         refuse(trail, node.find(key)->key_place,
                "found " + in_quotes(key) + how + in_quotes(other));
     };
-    for (const auto& [key, needed] : {std::pair{"as", "each"}, {"lines", "wrap"}}) {
+    using Two = std::pair<const char*, const char*>;
+    std::vector<Two> pairs = {{"as", "each"}, {"lines", "wrap"}, {"value", "selected"}};
+    if (node.find("dropdown")) pairs.emplace_back("selected", "items");
+    if (node.find("radio") || node.find("list_item")) pairs.emplace_back("selected", "value");
+    for (const auto& [key, needed] : pairs) {
         const bool alone = node.find(key) && !node.find(needed);
         if (alone) refuse_key(key, needed, " without ");  // GCOVR_EXCL_BR_LINE: throws
     }
+    const bool twice = node.find("on") && node.find("value");
+    if (twice) refuse_key("on", "value", " without effect beside ");  // GCOVR_EXCL_BR_LINE: throws
     for (const char* key : {"values", "color"}) {
         const bool lost = node.find("chart") && node.find("series") && node.find(key);
         if (!lost) continue;

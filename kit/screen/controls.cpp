@@ -1,4 +1,10 @@
 // What each kind of control does with its value.
+#include <algorithm>
+
+#include "screen/items.h"
+#include "screen/number.h"
+#include "screen/parts.h"
+#include "screen/steps.h"
 #include "screen/turn.h"
 
 namespace kit {
@@ -11,21 +17,122 @@ Value truth(bool value) {
     return made;
 }
 
-bool is_on(const Node& node) { return (node.own_state & KIT_ACTIVE) != 0; }
+/// What JSON writes, which is known to be good.
+Value read(const std::string& json) {
+    Value made;
+    std::string why;
+    read_document(json, "", made, why);
+    return made;
+}
+
+Value words(std::string text) {
+    Value made;
+    made.kind = Kind::String;
+    made.text = std::move(text);
+    return made;
+}
+
+/// What is shared with others becomes that of this one; else it is turned on and off, but for a
+/// radio button, which stays on.
+void turn_on(Turn& turn, const Node& control) {
+    const bool on = (control.own_state & KIT_ACTIVE) != 0;
+    if (!control.choice.empty()) {
+        if (!on) turn.set(control, read(control.choice));
+    } else if (!on || !control.is_widget(ORVEL_WIDGET_RADIO)) {
+        turn.set(control, truth(!on));
+    }
+}
+
+const std::string& number_of(const Node& node) {
+    return node.is_widget(ORVEL_WIDGET_STEPPER) ? node.text : node.written;
+}
+
+bool has_items(const Node& node) { return node.kind->value == Type::Items || !node.items.empty(); }
+
+bool has_number(const Node& node) {
+    return node.is_widget(ORVEL_WIDGET_SLIDER) || node.is_widget(ORVEL_WIDGET_STEPPER) ||
+           node.is_widget(ORVEL_WIDGET_RATING);
+}
+
+int items_of(const Node& node) {
+    return count_items(node.is_widget(ORVEL_WIDGET_DROPDOWN) ? node.items : node.text);
+}
 
 }  // namespace
 
 void act(Turn& turn, const Node& control) {
     switch (control.kind->widget) {
     case ORVEL_WIDGET_TOGGLE:
-    case ORVEL_WIDGET_CHECKBOX: return turn.set(control, truth(!is_on(control)));
+    case ORVEL_WIDGET_CHECKBOX:
+    case ORVEL_WIDGET_RADIO: turn_on(turn, control); break;
     case ORVEL_WIDGET_BUTTON:
     case ORVEL_WIDGET_LIST_ITEM:
-        if (!control.target.empty()) turn.set(control, truth(!is_on(control)));
+        if (!control.target.empty()) turn_on(turn, control);
         if (!control.id.empty()) turn.tell(control, KIT_CHANGE_PRESS);
-        return;
-    default: return;
+        break;
+    case ORVEL_WIDGET_DROPDOWN:
+        if (!control.items.empty()) return open_list(turn, control);
+        if (!control.id.empty()) turn.tell(control, KIT_CHANGE_PRESS);
+        break;
+    default: return;  // what is used by its parts
     }
+    turn.sound(control);
+}
+
+void set_number(Turn& turn, const Node& control, const std::string& text) {
+    const std::string& now = number_of(control);
+    if (is_number(now) && compare_numbers(now, text) == 0) return;
+    turn.set(control, read(text));
+}
+
+void choose(Turn& turn, const Node& control, int item) {
+    if (item == control.chosen_item()) return;
+    const bool by_words = control.is_widget(ORVEL_WIDGET_DROPDOWN) && !control.counts;
+    turn.set(control, by_words ? words(item_of(control.items, item)) : read(std::to_string(item)));
+    turn.sound(control);
+}
+
+void rate(Turn& turn, const Node& control, int stars) {
+    const auto range = Steps::of(control);
+    if (!range) return;
+    set_number(turn, control, range->at(stars, 5));
+    turn.sound(control);
+}
+
+void drag_knob(Turn& turn, const Node& control, int x) {
+    const auto range = Steps::of(control);
+    const Rail rail = rail_of(control);
+    if (!range || rail.length < 1) return;
+    const int part = std::clamp(x - turn.live.held.grab - rail.start, 0, rail.length);
+    const std::string text = range->at(part, rail.length);
+    if (text == turn.live.held.last) return;
+    turn.live.held.last = text;
+    turn.set(control, read(text));
+}
+
+void move_by(Turn& turn, const Node& control, long long steps) {
+    if (has_items(control)) {
+        const long long count = items_of(control), from = control.chosen_item();
+        if (count == 0) return;
+        return choose(turn, control,
+                      static_cast<int>(std::clamp<long long>(from + steps, 0, count - 1)));
+    }
+    const auto range = has_number(control) ? Steps::of(control) : std::nullopt;
+    if (!range) return;
+    set_number(turn, control, range->moved(number_of(control), steps));
+    turn.sound(control);
+}
+
+void move_to_end(Turn& turn, const Node& control, bool last) {
+    if (has_items(control)) {
+        const int count = items_of(control);
+        if (count > 0) choose(turn, control, last ? count - 1 : 0);
+        return;
+    }
+    const auto range = has_number(control) ? Steps::of(control) : std::nullopt;
+    if (!range || control.ends[0].empty()) return;  // a stepper whose number may be any
+    set_number(turn, control, last ? range->highest() : range->lowest());
+    turn.sound(control);
 }
 
 }  // namespace kit

@@ -39,10 +39,12 @@ bool same(const std::vector<NodeSeries>& a, const std::vector<NodeSeries>& b) {
 auto drawn(const Node& node) {
     return std::tie(node.kind, node.pad, node.wrap, node.lines, node.text, node.hint, node.icon,
                     node.unit, node.amount, node.decimals, node.state, node.parts, node.words,
-                    node.shape, node.picture, node.unknown, node.value, node.low, node.high);
+                    node.shape, node.scrolled, node.picture, node.unknown, node.value, node.low,
+                    node.high);
 }
 
 bool looks_like(const Node& a, const Node& b) {
+    if (!same(a.bar, b.bar)) return false;
     if (!paints(a) && !paints(b)) return true;
     if (!same(a.box, b.box) || !same(a.visible, b.visible) || drawn(a) != drawn(b)) return false;
     return same(a.look, b.look) && same(a.ground, b.ground) && same(a.edge, b.edge) &&
@@ -58,6 +60,18 @@ int shown(const Nodes& nodes, int i, int end) {
 struct Comparison {
     const Nodes &before, &after;
     kit_box damage = {};
+
+    /// What lies behind both trees.
+    void popups() {
+        int i = before.front().end, k = after.front().end;
+        for (; i < count_of(before) || k < count_of(after); ++i, ++k) {
+            const Node* a = i < count_of(before) ? &at(before, i) : nullptr;
+            const Node* b = k < count_of(after) ? &at(after, k) : nullptr;
+            if (a && b && looks_like(*a, *b)) continue;
+            if (a) damage = join(damage, a->visible);
+            if (b) damage = join(damage, b->visible);
+        }
+    }
 
     /// Two nodes in the same place of both trees, and what is below them.
     void nodes(int i, int k) {
@@ -94,6 +108,7 @@ kit_box difference(const Nodes& before, const Nodes& after) {
         return join(a.box, b.box);
     }
     comparison.nodes(0, 0);
+    comparison.popups();
     return comparison.damage;
 }
 

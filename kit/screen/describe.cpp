@@ -1,6 +1,7 @@
 // A screen in words: for golden files, alternative texts, and those who do not see it.
 #include <string>
 
+#include "screen/items.h"
 #include "screen/node.h"
 
 namespace kit {
@@ -32,18 +33,6 @@ std::string name_of_node(const Node& node) {
     return "";
 }
 
-/// The chosen one of the items in "a|b|c".
-std::string item_of(const std::string& items, int number) {
-    std::size_t start = 0;
-    for (; number > 0; --number) {
-        start = items.find('|', start);
-        if (start == std::string::npos) return "";
-        ++start;
-    }
-    if (number < 0) return "";
-    return items.substr(start, items.find('|', start) - start);
-}
-
 std::string value_of(const Node& node) {
     if (words_are_value(node)) return '=' + quoted(node.text);
     if (!node.written.empty()) return '=' + node.written;
@@ -62,7 +51,8 @@ std::string states_of(const Node& node) {
     if ((node.live & kHovered) != 0) states += " hover";
     if ((node.live & kPressed) != 0) states += " pressed";
     if ((node.live & kOpen) != 0) states += " open";
-    if ((node.state & KIT_FOCUS) != 0 || (node.live & kFocused) != 0) states += " focus";
+    if ((node.state & KIT_FOCUS) != 0 || (node.live & kFocused) != 0 || node.marked)
+        states += " focus";
     return states;
 }
 

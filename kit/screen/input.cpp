@@ -17,17 +17,24 @@ void answer(Turn& turn, const kit_screen_event& event) {
     case KIT_EVENT_PRESS: return event.button == 0 ? press(turn, x, y) : point(turn, x, y);
     case KIT_EVENT_RELEASE: return event.button == 0 ? release(turn, x, y) : point(turn, x, y);
     case KIT_EVENT_LEAVE: return leave(turn);
-    default: return;
+    case KIT_EVENT_WHEEL: return point(turn, x, y), wheel(turn, near(event.dx), near(event.dy));
+    case KIT_EVENT_KEY: return press_key(turn, event.key, event.modifiers);
+    case KIT_EVENT_TEXT: return type(turn, event.text ? event.text : "");
+    case KIT_EVENT_BLUR: return let_keyboard_go(turn);
+    case KIT_EVENT_FOCUS: turn.live.away = false; return;
+    default: return;  // time has passed, and that was all
     }
 }
 
 }  // namespace
 
-int kit_screen_send(kit_screen* screen, const kit_screen_event* event, long long) {
+int kit_screen_send(kit_screen* screen, const kit_screen_event* event, long long now_ms) {
     if (!screen || !event) return -1;
     if (event->kind < KIT_EVENT_TIME || event->kind > KIT_EVENT_FOCUS) return -1;
     return guarded(-1, nullptr, 0, [&] {
         Turn turn(*screen);
+        pass_time(turn, now_ms);
+        turn.settle();
         answer(turn, *event);
         turn.settle();
         turn.finish(*screen);
@@ -49,19 +56,24 @@ int kit_screen_next(kit_screen* screen, kit_change* change) {
     return 1;
 }
 
-long long kit_screen_wait(const kit_screen*, long long) { return -1; }
+long long kit_screen_wait(const kit_screen* screen, long long now_ms) {
+    const Clock first = screen ? due(screen->live) : kNever;
+    if (first == kNever) return -1;
+    const Clock now = screen->live.clock + elapsed(screen->live, now_ms);
+    return first > now ? static_cast<long long>(first - now) : 0;
+}
 
 int kit_screen_focus(kit_screen* screen, const char* id) {
     if (!screen) return -1;
     return guarded(-1, nullptr, 0, [&] {
         Turn turn(*screen);
-        turn.live.focused = 0;
-        turn.live.ring = true;
-        for (const Node& node : turn.nodes()) {
-            const bool found = id && *id && node.id == id && node.is_usable();
-            if (found && turn.live.focused == 0) turn.live.focused = node.tag;
-        }
-        if (id && *id && turn.live.focused == 0) return -1;
+        const Nodes& nodes = turn.nodes();
+        const bool any = id && *id;
+        int i = any ? 0 : nodes.front().end;
+        while (i < nodes.front().end && (at(nodes, i).id != id || !at(nodes, i).is_usable())) ++i;
+        if (any && i == nodes.front().end) return -1;
+        close_list(turn);
+        focus(turn, any ? i : -1, any);
         turn.settle();
         turn.finish(*screen);
         return 0;

@@ -5,6 +5,8 @@
 #include <new>
 
 #include "screen/build.h"
+#include "screen/items.h"
+#include "screen/number.h"
 #include "screen/values.h"
 
 namespace kit {
@@ -91,6 +93,7 @@ void set_range(const Value& value, Node& node) {
     node.low = value.items[0].number;
     node.high = value.items[1].number;
     node.ends = {value.items[0].text, value.items[1].text};
+    if (value.items.size() == 3) node.step = value.items[2].text;
 }
 
 /// A value that is one of the data and nothing else can be changed by the control.
@@ -114,6 +117,18 @@ bool changes_its_content(const Node& node) {
         if (node.is_widget(kind)) return true;
     }
     return false;
+}
+
+/// Where the words of a key go.
+std::string& words_of(const KeySpec& key, Node& node) {
+    switch (key.key) {
+    case Key::Hint: return node.hint;
+    case Key::Unit: return node.unit;
+    case Key::Name: return node.name;
+    case Key::Tip: return node.tip;
+    case Key::Sound: return node.sound;
+    default: return node.text;  // of a window, its title
+    }
 }
 
 /// The keys that shape the box.
@@ -148,7 +163,7 @@ bool set_layout(const Value& value, const KeySpec& key, Node& node) {
         return true;
     case Key::Scroll:
         node.scroll = value.kind == Kind::Number || value.truth;
-        node.scrolled = value.kind == Kind::Number ? whole(value) : 0;
+        node.scrolled = node.own_scrolled = value.kind == Kind::Number ? whole(value) : 0;
         return true;
     case Key::Wrap: node.wrap = value.truth; return true;
     case Key::Show: node.show = nearest_int(value); return true;
@@ -169,7 +184,13 @@ void set_drawn(const Value& value, const KeySpec& key, Node& node) {
     case Key::Focus: return set_flag(value.truth, KIT_FOCUS, node.state);
     case Key::On: return set_flag(value.truth, KIT_ACTIVE, node.state);
     case Key::Range: return set_range(value, node);
-    case Key::Selected: node.amount = nearest_int(value); return;
+    case Key::Selected:
+        node.amount = nearest_int(value);
+        node.counts = true;
+        return;
+    case Key::Chosen: node.chosen = write_json(value); return;
+    case Key::Value: node.choice = write_json(value); return;
+    case Key::Items: node.items = joined(value); return;
     case Key::Icon: node.icon = value.text; return;
     case Key::Series: node.series = series_of(value, node.look); return;
     case Key::Values: node.numbers = numbers_of(value); return;
@@ -179,6 +200,13 @@ void set_drawn(const Value& value, const KeySpec& key, Node& node) {
     case Key::Legend: return set_flag(value.truth, KIT_CHART_LEGEND, node.parts);
     default: return;  // GCOVR_EXCL_LINE: all others shape the box, or are not for set_key()
     }
+}
+
+/// Whether the value that several controls share is that of this one.
+bool is_chosen(const Node& node) {
+    const bool numbers = is_number(node.choice) && is_number(node.chosen);
+    if (numbers) return compare_numbers(node.choice, node.chosen) == 0;
+    return node.choice == node.chosen;
 }
 
 /// The sides that a frame's own lines take.
@@ -203,6 +231,10 @@ void finish(Node& node) {
         if (kit_size(&image, &w, nullptr) != 0) throw std::bad_alloc();
         node.unknown = w == 0;
     }
+    if (!node.choice.empty()) set_flag(is_chosen(node), KIT_ACTIVE, node.state);
+    if (node.counts && node.is_widget(ORVEL_WIDGET_DROPDOWN)) {
+        if (has_item(node.items, node.amount)) node.text = item_of(node.items, node.amount);
+    }
     if ((node.kind->keys & kRange) == 0 || node.is(Sort::Chart)) return;
     if (!(node.low < node.high)) {
         node.low = 0;
@@ -218,18 +250,16 @@ void finish(Node& node) {
 
 void set_key(const Reading& reading, const Trail& trail, const Value& written, const KeySpec& key,
              Node& node) {
+    if (key.type == Type::Shortcut) node.shortcut = read_shortcut(written.text);
     if (as_written(key.type) || key.type == Type::With) return;
     if (key.key == Key::Theme || key.key == Key::Face) return;  // which colours depend on
     if (key.type == Type::Words) {
-        std::string& to = key.key == Key::Hint   ? node.hint
-                          : key.key == Key::Unit ? node.unit
-                          : key.key == Key::Name ? node.name
-                                                 : node.text;  // of a window, its title
-        to = reading.words(trail, written);
+        words_of(key, node) = reading.words(trail, written);
         return;
     }
-    const bool chosen = key.key == Key::On || key.key == Key::Selected;
-    if (chosen) set_target(reading, trail, written, node);
+    const bool shows_open = key.key == Key::On && node.is_widget(ORVEL_WIDGET_DROPDOWN);
+    const bool chosen = key.key == Key::On || key.key == Key::Selected || key.key == Key::Chosen;
+    if (chosen && !shows_open) set_target(reading, trail, written, node);
     const Value value = reading.value(trail, key.type, written);
     if (!set_layout(value, key, node)) set_drawn(value, key, node);
 }

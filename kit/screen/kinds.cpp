@@ -8,7 +8,7 @@
 namespace kit {
 namespace {
 
-constexpr unsigned kShown = kEvery | kWidget;
+constexpr unsigned kShown = kEvery | kWidget, kUsed = kShown | kControl;
 
 constexpr KindSpec kKinds[] = {
     {"row", Sort::Row, -1, Type::Nodes, kEvery | kLines | kRow},
@@ -26,28 +26,28 @@ constexpr KindSpec kKinds[] = {
     {"window", Sort::Widget, ORVEL_WIDGET_WINDOW, Type::Node, kShown | kFrame | kWindow},
     {"panel", Sort::Widget, ORVEL_WIDGET_PANEL, Type::Node, kShown | kFrame},
     {"label", Sort::Widget, ORVEL_WIDGET_LABEL, Type::Words, kShown},
-    {"button", Sort::Widget, ORVEL_WIDGET_BUTTON, Type::Words, kShown | kOn | kIcon},
-    {"toggle", Sort::Widget, ORVEL_WIDGET_TOGGLE, Type::Truth, kShown},
-    {"checkbox", Sort::Widget, ORVEL_WIDGET_CHECKBOX, Type::Words, kShown | kOn},
-    {"slider", Sort::Widget, ORVEL_WIDGET_SLIDER, Type::Number, kShown | kRange},
+    {"button", Sort::Widget, ORVEL_WIDGET_BUTTON, Type::Words, kUsed | kOn | kIcon},
+    {"toggle", Sort::Widget, ORVEL_WIDGET_TOGGLE, Type::Truth, kUsed},
+    {"checkbox", Sort::Widget, ORVEL_WIDGET_CHECKBOX, Type::Words, kUsed | kOn},
+    {"slider", Sort::Widget, ORVEL_WIDGET_SLIDER, Type::Number, kUsed | kRange},
     {"progress", Sort::Widget, ORVEL_WIDGET_PROGRESS, Type::Number, kShown | kRange},
-    {"textbox", Sort::Widget, ORVEL_WIDGET_TEXTBOX, Type::Words, kShown | kField},
+    {"textbox", Sort::Widget, ORVEL_WIDGET_TEXTBOX, Type::Words, kUsed | kField},
     {"image", Sort::Widget, ORVEL_WIDGET_IMAGE, Type::Words, kShown},
     {"separator", Sort::Widget, ORVEL_WIDGET_SEPARATOR, Type::Nothing, kShown},
     {"card", Sort::Widget, ORVEL_WIDGET_CARD, Type::Node, kShown | kFrame},
-    {"radio", Sort::Widget, ORVEL_WIDGET_RADIO, Type::Words, kShown | kOn},
-    {"dropdown", Sort::Widget, ORVEL_WIDGET_DROPDOWN, Type::Words, kShown | kOn},
+    {"radio", Sort::Widget, ORVEL_WIDGET_RADIO, Type::Words, kUsed | kOn | kChoice},
+    {"dropdown", Sort::Widget, ORVEL_WIDGET_DROPDOWN, Type::Words, kUsed | kOn | kDrop},
     {"spinner", Sort::Widget, ORVEL_WIDGET_SPINNER, Type::Number, kShown | kRange},
-    {"rating", Sort::Widget, ORVEL_WIDGET_RATING, Type::Number, kShown | kRange},
-    {"stepper", Sort::Widget, ORVEL_WIDGET_STEPPER, Type::Words, kShown | kRange},
-    {"tabs", Sort::Widget, ORVEL_WIDGET_TABS, Type::Items, kShown | kItems},
+    {"rating", Sort::Widget, ORVEL_WIDGET_RATING, Type::Number, kUsed | kRange},
+    {"stepper", Sort::Widget, ORVEL_WIDGET_STEPPER, Type::Words, kUsed | kRange},
+    {"tabs", Sort::Widget, ORVEL_WIDGET_TABS, Type::Items, kUsed | kItems},
     {"avatar", Sort::Widget, ORVEL_WIDGET_AVATAR, Type::Words, kShown},
     {"badge", Sort::Widget, ORVEL_WIDGET_BADGE, Type::Words, kShown},
     {"titlebar", Sort::Widget, ORVEL_WIDGET_TITLEBAR, Type::Words, kShown},
-    {"list_item", Sort::Widget, ORVEL_WIDGET_LIST_ITEM, Type::Words, kShown | kOn | kIcon},
-    {"menu", Sort::Widget, ORVEL_WIDGET_MENU, Type::Items, kShown | kItems},
+    {"list_item", Sort::Widget, ORVEL_WIDGET_LIST_ITEM, Type::Words, kUsed | kOn | kIcon | kChoice},
+    {"menu", Sort::Widget, ORVEL_WIDGET_MENU, Type::Items, kUsed | kItems},
     {"bars", Sort::Widget, ORVEL_WIDGET_BARS, Type::Numbers, kShown | kRange},
-    {"search", Sort::Widget, ORVEL_WIDGET_SEARCH, Type::Words, kShown | kField},
+    {"search", Sort::Widget, ORVEL_WIDGET_SEARCH, Type::Words, kUsed | kField},
     {"tooltip", Sort::Widget, ORVEL_WIDGET_TOOLTIP, Type::Words, kShown},
     {"statusbar", Sort::Widget, ORVEL_WIDGET_STATUSBAR, Type::Words, kShown},
 };
@@ -69,6 +69,7 @@ constexpr KeySpec kKeys[] = {
     {"theme", Key::Theme, Type::Theme, kEvery},
     {"face", Key::Face, Type::Face, kEvery},
     {"name", Key::Name, Type::Words, kEvery},
+    {"tip", Key::Tip, Type::Words, kEvery},
     {"gap", Key::Gap, Type::Gap, kLines},
     {"align", Key::Align, Type::Align, kLines | kStack | kFrame},
     {"align", Key::Align, Type::Side3, kText},
@@ -86,7 +87,12 @@ constexpr KeySpec kKeys[] = {
     {"focus", Key::Focus, Type::Truth, kWidget},
     {"on", Key::On, Type::Truth, kOn},
     {"range", Key::Range, Type::Range, kRange},
-    {"selected", Key::Selected, Type::Index, kItems},
+    {"selected", Key::Selected, Type::Index, kItems | kDrop},
+    {"selected", Key::Chosen, Type::Scalar, kChoice},
+    {"value", Key::Value, Type::Scalar, kChoice},
+    {"items", Key::Items, Type::Items, kDrop},
+    {"key", Key::Shortcut, Type::Shortcut, kControl},
+    {"sound", Key::Sound, Type::Words, kControl},
     {"hint", Key::Hint, Type::Words, kField},
     {"icon", Key::Icon, Type::Icon, kIcon},
     {"series", Key::Series, Type::Series, kChart},
@@ -105,15 +111,14 @@ struct OtherWord {
 };
 
 constexpr OtherWord kOtherWords[] = {
-    {"background", "ground"}, {"border", "edge"},      {"checked", "on"},
-    {"divider", "separator"}, {"enabled", "disabled"}, {"flex", "grow"},
-    {"font", "face"},         {"gauge", "chart"},      {"graph", "chart"},
-    {"grid", "row"},          {"hbox", "row"},         {"hidden", "if"},
-    {"img", "picture"},       {"input", "textbox"},    {"margin", "pad"},
-    {"outline", "edge"},      {"padding", "pad"},      {"paragraph", "text"},
-    {"placeholder", "hint"},  {"repeat", "each"},      {"select", "dropdown"},
-    {"spacing", "gap"},       {"switch", "toggle"},    {"vbox", "column"},
-    {"visible", "if"},
+    {"accelerator", "key"}, {"background", "ground"}, {"border", "edge"},      {"checked", "on"},
+    {"choices", "items"},   {"divider", "separator"}, {"enabled", "disabled"}, {"flex", "grow"},
+    {"font", "face"},       {"gauge", "chart"},       {"graph", "chart"},      {"grid", "row"},
+    {"hbox", "row"},        {"hidden", "if"},         {"hotkey", "key"},       {"img", "picture"},
+    {"input", "textbox"},   {"margin", "pad"},        {"options", "items"},    {"outline", "edge"},
+    {"padding", "pad"},     {"paragraph", "text"},    {"placeholder", "hint"}, {"repeat", "each"},
+    {"select", "dropdown"}, {"shortcut", "key"},      {"spacing", "gap"},      {"switch", "toggle"},
+    {"tooltip", "tip"},     {"vbox", "column"},       {"visible", "if"},
 };
 
 }  // namespace
@@ -179,6 +184,7 @@ std::string_view expected(Type type) {
     case Type::Whole: return "0 to 32767";
     case Type::Digit: return "0 to 9";
     case Type::Index: return "a whole number";
+    case Type::Scalar: return "a text, a number, true or false";
     case Type::Pad: return "pixels: n, [vertical, horizontal] or [top, right, bottom, left]";
     case Type::Gap: return "pixels: n or [along, across]";
     case Type::Bounds: return "pixels: n or [width, height]";
@@ -197,6 +203,7 @@ std::string_view expected(Type type) {
     case Type::Where: return "where a list is in the data, as days";
     case Type::Condition: return "a name, or one compared with a value, as battery < 20";
     case Type::File: return "the name of a file in this folder or below";
+    case Type::Shortcut: return "a key, as f5, ctrl+s or ctrl+alt+shift+pageup";
     case Type::With: return "an object of values";
     }
     return "";  // GCOVR_EXCL_LINE: behind that switch

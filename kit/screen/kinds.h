@@ -40,6 +40,7 @@ enum class Type {
     Whole,      // 0 to 32767
     Digit,      // 0 to 9
     Index,      // a whole number
+    Scalar,     // a text, a number, true or false
     Pad,        // n, [vertical, horizontal] or four from the top clockwise
     Gap,        // n or [along, across]
     Bounds,     // n along the parent, or [width, height], each of which may be null
@@ -58,6 +59,7 @@ enum class Type {
     Where,      // as written: where a list is in the data
     Condition,  // as written: a path, or one compared with a literal
     File,       // as written: a scene file beside this one
+    Shortcut,   // as written: modifiers and a key
     With        // an object of values
 };
 
@@ -79,7 +81,10 @@ enum Keys : unsigned {
     kField = 8192,
     kIcon = 16384,
     kChart = 32768,
-    kInclude = 65536
+    kInclude = 65536,
+    kControl = 131072,  // what people use
+    kChoice = 262144,   // one of several that share a value
+    kDrop = 524288
 };
 
 struct KindSpec {
@@ -123,6 +128,12 @@ enum class Key {
     On,
     Range,
     Selected,
+    Chosen,
+    Value,
+    Items,
+    Tip,
+    Shortcut,
+    Sound,
     Hint,
     Icon,
     Series,

@@ -147,7 +147,7 @@ std::vector<int> justified(const Node& node, std::size_t count, int extra) {
 
 /// Gives the children of one line their sizes and places along it.
 void line_up(Nodes& nodes, int parent, const std::vector<int>& children, Axis axis) {
-    const Node& node = at(nodes, parent);
+    Node& node = at(nodes, parent);
     const Span room = inside_of(node, axis);
     int64_t used = gaps(node, children.size());
     std::vector<int> growing;
@@ -164,8 +164,10 @@ void line_up(Nodes& nodes, int parent, const std::vector<int>& children, Axis ax
     const auto before =
         justified(node, children.size(), static_cast<int>(std::max<int64_t>(extra, 0)));
     int start = room.start;
-    if (node.scroll && extra < 0)
-        start -= static_cast<int>(std::min<int64_t>(node.scrolled, -extra));
+    if (node.scroll) {  // of lines, the longest
+        node.beyond = static_cast<int>(std::clamp<int64_t>(-extra, node.beyond, INT32_MAX));
+        start -= static_cast<int>(std::clamp<int64_t>(-extra, 0, node.scrolled));
+    }
     for (std::size_t k = 0; k < children.size(); ++k) {
         Node& child = at(nodes, children[k]);
         start += before[k];
@@ -230,6 +232,7 @@ void give(Nodes& nodes, int parent, Axis axis) {
     const Node& node = at(nodes, parent);
     const bool wraps = node.is(Sort::Row) && node.wrap;
     if (node.axis() == axis) {
+        at(nodes, parent).beyond = 0;
         if (wraps) break_lines(nodes, parent);
         for (const auto& line : lines_of(nodes, parent)) line_up(nodes, parent, line, axis);
     } else if (wraps) {

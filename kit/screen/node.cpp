@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "screen/items.h"
+
 namespace kit {
 
 kit_box Node::inside() const {
@@ -23,6 +25,18 @@ bool Node::keeps_size() const {
     }
 }
 
+int Node::chosen_item() const {
+    if (!is_widget(ORVEL_WIDGET_DROPDOWN)) return has_item(text, amount) ? amount : -1;
+    if (counts) return has_item(items, amount) ? amount : -1;
+    std::string_view rest = items;
+    for (int i = 0, count = count_items(items); i < count; ++i) {
+        const std::size_t length = std::min(rest.find('|'), rest.size());
+        if (rest.substr(0, length) == text) return i;
+        rest.remove_prefix(std::min(length + 1, rest.size()));
+    }
+    return -1;
+}
+
 bool Node::is_control() const {
     for (const int widget :
          {ORVEL_WIDGET_BUTTON, ORVEL_WIDGET_TOGGLE, ORVEL_WIDGET_CHECKBOX, ORVEL_WIDGET_SLIDER,
@@ -35,7 +49,7 @@ bool Node::is_control() const {
 }
 
 bool Node::is_usable() const {
-    const bool matters = !target.empty() || !id.empty();
+    const bool matters = !target.empty() || !id.empty() || pops;
     return matters && !hidden && (own_state & KIT_DISABLED) == 0 && is_control();
 }
 

@@ -10,6 +10,7 @@
 #include "screen/kinds.h"
 #include "screen/look.h"
 #include "screen/refusal.h"
+#include "screen/shortcut.h"
 
 namespace kit {
 
@@ -40,6 +41,7 @@ enum LiveState : unsigned { kHovered = 1, kPressed = 2, kFocused = 4, kOpen = 8 
 
 constexpr int kNoSide = -1;
 constexpr int kAll = INT_MIN;
+constexpr int kMostList = 1 << 30;  // pixels of a list, however long
 
 struct Node {
     const KindSpec* kind = nullptr;
@@ -64,14 +66,22 @@ struct Node {
     Align align = Align::Stretch, across = Align::Stretch;  // the second one down a stack
     Justify justify = Justify::Start;
     bool scroll = false, wrap = false, hidden = false;
-    int scrolled = 0;
-    int show = kAll;  // the only child that shows, of so many
+    int scrolled = 0, own_scrolled = 0;  // as it shows, and as the scene says
+    int beyond = 0;                      // pixels of content that are out of sight
+    bool pops = false, marked = false;   // a row of an open list; the one that a key would take
+    int show = kAll;                     // the only child that shows, of so many
     int shown_of = 0;
     int lines = 0;  // of a paragraph at the most
 
     // What it shows.
     std::string text, hint, icon, unit;
-    std::string written;              // a number, as it was
+    std::string written;  // a number, as it was
+    std::string step;     // of the range; empty: none
+    std::string tip, sound;
+    std::string items;           // of a list to choose from, joined with "|"
+    std::string choice, chosen;  // JSON: its own of a shared value, and what that is
+    bool counts = false;         // whether the number of an item is told
+    Shortcut shortcut;
     std::array<std::string, 2> ends;  // of the range, as they were
     std::string target;               // the name of the data that it changes; empty: none
     double value = 0;
@@ -90,7 +100,8 @@ struct Node {
     // What the layout makes of it.
     Pair want = {0, 0};
     kit_box box = {}, visible = {};
-    int row = 0;  // of a wrapping row, the line that it is in
+    kit_box bar = {};  // the moving part of one that tells how far it is scrolled
+    int row = 0;       // of a wrapping row, the line that it is in
 
     bool is(Sort sort) const { return kind->sort == sort; }
     bool is_widget(int widget) const { return is(Sort::Widget) && kind->widget == widget; }
@@ -99,6 +110,11 @@ struct Node {
     bool holds_nodes() const { return kind->value == Type::Nodes || frames() || is(Sort::Include); }
     /// Whether its size is its own, so that it is never stretched.
     bool keeps_size() const;
+    bool is_field() const {
+        return is_widget(ORVEL_WIDGET_TEXTBOX) || is_widget(ORVEL_WIDGET_SEARCH);
+    }
+    /// Of what has items, the number of the chosen one; -1 where none is.
+    int chosen_item() const;
     /// Whether people use it, where it is not disabled.
     bool is_control() const;
     /// Whether input has an effect on it.

@@ -110,6 +110,31 @@ std::string rounded(std::string_view number, int decimals) {
     return negative ? '-' + units : units;
 }
 
+int decimals_of(std::string_view number) {
+    const Decimal value = decimal_of(number);
+    const long long behind = static_cast<long long>(value.digits.size()) - value.exponent;
+    return static_cast<int>(std::clamp<long long>(behind, 0, kFarAway));
+}
+
+bool count_units(std::string_view number, int decimals, long long most, long long& units) {
+    constexpr long long kMostDigits = 18;
+    const Decimal value = decimal_of(number);
+    const long long digits = value.exponent + decimals;
+    if (value.digits.empty()) {
+        units = 0;
+        return true;
+    }
+    if (digits < static_cast<long long>(value.digits.size()) || digits > kMostDigits) return false;
+    units = 0;
+    for (long long i = 0; i < digits; ++i) {
+        const auto at = static_cast<std::size_t>(i);
+        units = 10 * units + (at < value.digits.size() ? value.digits[at] - '0' : 0);
+    }
+    if (units > most) return false;
+    if (value.negative) units = -units;
+    return true;
+}
+
 int compare_numbers(std::string_view a, std::string_view b) {
     const Decimal one = decimal_of(a), other = decimal_of(b);
     const auto sign = [](const Decimal& of) {

@@ -20,4 +20,11 @@ std::string rounded(std::string_view number, int decimals);
 /// Less than 0, 0 or more than 0, as the number @p a is less than, equal to or more than @p b.
 int compare_numbers(std::string_view a, std::string_view b);
 
+/// How many decimals a number needs.
+int decimals_of(std::string_view number);
+
+/// A number in units of its last decimal of so many. False where it needs more of them, or would be
+/// more than @p most units, which is below 10 to the power of 18.
+bool count_units(std::string_view number, int decimals, long long most, long long& units);
+
 }  // namespace kit

@@ -8,6 +8,30 @@
 namespace kit {
 namespace {
 
+/// A canvas of a box's own, whose pixels return to the box when it is drawn.
+class CutOut {
+public:
+    CutOut(orvel_canvas* canvas, const kit_box& box)
+        : canvas_(canvas), box_(box), own_(kit_clip_begin(canvas, &box_)) {}
+    ~CutOut() { orvel_canvas_destroy(own_); }
+    CutOut(const CutOut&) = delete;
+    CutOut& operator=(const CutOut&) = delete;
+
+    /// Null where memory ran out, and where nothing of the box is on the canvas.
+    orvel_canvas* canvas() const { return own_; }
+    bool is_off() const {
+        const kit_box all = {0, 0, orvel_canvas_width(canvas_), orvel_canvas_height(canvas_)};
+        return is_empty(meet(box_, all));
+    }
+    const kit_box& box() const { return box_; }
+    void finish() { kit_clip_end(canvas_, &box_, std::exchange(own_, nullptr)); }
+
+private:
+    orvel_canvas* canvas_;
+    kit_box box_;
+    orvel_canvas* own_;
+};
+
 /// A node being drawn: where it lies on this canvas, which may be a part of the screen.
 class Brush {
 public:
@@ -43,13 +67,14 @@ private:
         record.box = box;
         return kit_draw(canvas_, &node_.look.theme, &record) == 0;
     }
-    void text() const {
+    bool text() const {
         const auto align = static_cast<kit_align>(node_.words);
         const kit_face* face = node_.look.face;
         if (!node_.wrap) {
             kit_text_box(canvas_, face, node_.text.c_str(), inside_, align, ink());
-            return;
+            return true;
         }
+        if (node_.scrolled > 0) return scrolled_text();
         kit_box box = inside_;
         if (node_.lines > 0) {
             const long long rest = static_cast<long long>(node_.lines - 1) * kit_face_line(face);
@@ -57,6 +82,18 @@ private:
             box.h = static_cast<int>(std::min<long long>(box.h, all));
         }
         kit_text_wrap(canvas_, face, node_.text.c_str(), box, align, ink());
+        return true;
+    }
+    /// What shows of a paragraph further down.
+    bool scrolled_text() const {
+        CutOut cut(canvas_, inside_);
+        if (!cut.canvas()) return cut.is_off();
+        const kit_box box = {inside_.x - cut.box().x, inside_.y - cut.box().y - node_.scrolled,
+                             inside_.w, inside_.h + node_.beyond};
+        kit_text_wrap(cut.canvas(), node_.look.face, node_.text.c_str(), box,
+                      static_cast<kit_align>(node_.words), ink());
+        cut.finish();
+        return true;
     }
     void picture() const {
         const int w = orvel_canvas_width(node_.picture), h = orvel_canvas_height(node_.picture);
@@ -101,7 +138,7 @@ bool Brush::chart() const {
 
 bool Brush::content() const {
     switch (node_.kind->sort) {  // GCOVR_EXCL_BR_LINE: there are no others
-    case Sort::Text: text(); return true;
+    case Sort::Text: return text();
     case Sort::Picture: picture(); return true;
     case Sort::Icon: return icon();
     case Sort::Line:
@@ -118,26 +155,6 @@ bool Brush::content() const {
     return true;  // GCOVR_EXCL_LINE: behind that switch
 }
 
-/// A canvas of a box's own, whose pixels return to the box when it is drawn.
-class CutOut {
-public:
-    CutOut(orvel_canvas* canvas, const kit_box& box)
-        : canvas_(canvas), box_(box), own_(kit_clip_begin(canvas, &box_)) {}
-    ~CutOut() { orvel_canvas_destroy(own_); }
-    CutOut(const CutOut&) = delete;
-    CutOut& operator=(const CutOut&) = delete;
-
-    /// Null where memory ran out.
-    orvel_canvas* canvas() const { return own_; }
-    const kit_box& box() const { return box_; }
-    void finish() { kit_clip_end(canvas_, &box_, std::exchange(own_, nullptr)); }
-
-private:
-    orvel_canvas* canvas_;
-    kit_box box_;
-    orvel_canvas* own_;
-};
-
 /// Draws a node of which only a part shows.
 bool draw_cut(const Node& node, orvel_canvas* canvas, const kit_box& part) {
     CutOut cut(canvas, Brush::moved(meet(node.visible, part), part.x, part.y));
@@ -148,17 +165,36 @@ bool draw_cut(const Node& node, orvel_canvas* canvas, const kit_box& part) {
     return true;
 }
 
+bool draw_node(const Node& node, orvel_canvas* canvas, const kit_box& part) {
+    const bool whole = same(node.visible, node.box);
+    return whole ? Brush(node, canvas, part.x, part.y).draw() : draw_cut(node, canvas, part);
+}
+
+void draw_bar(const Node& node, orvel_canvas* canvas, const kit_box& part) {
+    const kit_box bar = Brush::moved(meet(node.bar, node.visible), part.x, part.y);
+    const orvel_theme& theme = node.look.theme;
+    orvel_canvas_fill_rect(canvas, bar.x, bar.y, bar.w, bar.h,
+                           kit_mix(theme.text, theme.background, 45));
+}
+
 bool draw_all(const Nodes& nodes, orvel_canvas* canvas, const kit_box& part) {
     const kit_box ground = Brush::moved(nodes.front().box, part.x, part.y);
     orvel_canvas_fill_rect(canvas, ground.x, ground.y, ground.w, ground.h,
                            nodes.front().look.theme.background);
-    for (const Node& node : nodes) {
-        if (!paints(node) || is_empty(meet(node.visible, part))) continue;
-        const bool whole = same(node.visible, node.box);
-        const bool drawn =
-            whole ? Brush(node, canvas, part.x, part.y).draw() : draw_cut(node, canvas, part);
-        if (!drawn) return false;
+    std::vector<int> open;  // nodes with a bar, which lies on what is in them
+    const auto close = [&](int i) {
+        for (; !open.empty() && at(nodes, open.back()).end <= i; open.pop_back()) {
+            draw_bar(at(nodes, open.back()), canvas, part);
+        }
+    };
+    for (int i = 0; i < count_of(nodes); ++i) {
+        const Node& node = at(nodes, i);
+        close(i);
+        if (is_empty(meet(node.visible, part))) continue;
+        if (!is_empty(node.bar)) open.push_back(i);
+        if (paints(node) && !draw_node(node, canvas, part)) return false;
     }
+    close(count_of(nodes));
     return true;
 }
 

@@ -8,6 +8,7 @@
 
 #include "screen/contrast.h"
 #include "screen/fits.h"
+#include "screen/items.h"
 #include "screen/node.h"
 #include "screen/number.h"
 #include "screen/shown.h"
@@ -52,10 +53,6 @@ int outside(const std::vector<double>& numbers, double low, double high) {
     }));
 }
 
-int items_of(const std::string& joined) {
-    return joined.empty() ? 0 : static_cast<int>(std::count(joined.begin(), joined.end(), '|')) + 1;
-}
-
 std::string hex(orvel_color color) {
     constexpr char kDigits[] = "0123456789abcdef";
     std::string text = "#";
@@ -84,6 +81,7 @@ public:
         if (!what.empty()) tell(i, "cut: " + what);
         contrast(i, node);
         target(i, node);
+        shortcut(i, node);
     }
 
     std::string text;
@@ -132,8 +130,9 @@ private:
 
     void chosen(int i, const Node& node) {
         if (node.show != kAll) choice(i, "show", node.show, node.shown_of);
-        if (node.kind->value == Type::Items)
-            choice(i, "selected", node.amount, items_of(node.text));
+        const bool items = node.kind->value == Type::Items;
+        if (items) choice(i, "selected", node.amount, count_items(node.text));
+        if (!items && node.counts) choice(i, "selected", node.amount, count_items(node.items));
     }
 
     void range(int i, const Node& node) {
@@ -195,8 +194,17 @@ private:
                     " pixels, 24 x 24 are the least");
     }
 
+    /// A key has one effect, that of the first.
+    void shortcut(int i, const Node& node) {
+        if (node.shortcut.key == 0 || !node.is_usable()) return;
+        const auto [first, fresh] =
+            keys_.try_emplace({node.shortcut.key, node.shortcut.modifiers}, i);
+        if (!fresh) tell(i, "key: it is that of " + path_of(nodes_, first->second) + ", too");
+    }
+
     const Nodes& nodes_;
     const Panel panel_;
+    std::map<std::pair<int, unsigned>, int> keys_;
     std::map<std::pair<int, std::string>, int> ids_;
 };
 

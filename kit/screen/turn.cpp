@@ -1,6 +1,5 @@
 #include "screen/turn.h"
 
-#include <tuple>
 #include <utility>
 
 #include "screen/data.h"
@@ -10,18 +9,12 @@
 namespace kit {
 namespace {
 
-/// All that nodes show of it.
-auto shown_of(const Live& live) {
-    return std::tie(live.hovered, live.held.tag, live.held.over, live.focused, live.ring);
-}
-
-/// Whether two values are the same, numbers by their size.
+/// Whether a value is there already, numbers by their size.
 bool same(const Value& a, const Value& b) {
     if (a.kind == Kind::Number && b.kind == Kind::Number) {
         return compare_numbers(a.text, b.text) == 0;
     }
-    return a.kind == b.kind && a.truth == b.truth && a.text == b.text && a.items.empty() &&
-           b.items.empty();
+    return a.kind == b.kind && a.truth == b.truth && a.text == b.text && a.items.empty();
 }
 
 }  // namespace
@@ -32,14 +25,24 @@ void Turn::set(const Node& control, Value value) {
     wish.value = std::move(value);
 }
 
-void Turn::tell(const Node& node, int kind) { changes_.push_back({kind, node.id, "", "null"}); }
+void Turn::tell(const Node& node, int kind, const std::string& value) {
+    later_.push_back({kind, node.id, "", value});
+}
+
+void Turn::sound(const Node& control) {
+    if (control.sound.empty()) return;
+    Value name;
+    name.kind = Kind::String;
+    name.text = control.sound;
+    tell(control, KIT_CHANGE_SOUND, write_json(name));
+}
 
 bool Turn::grant(const Wish& wish) {
     if (wish.change.name.empty()) return true;
     const Value& now = made_ && made_->data ? *made_->data : screen_.data;
     Path path;
     std::string why;
-    read_path(wish.change.name, path, why);  // which a node's reference has been
+    read_path(wish.change.name, path, why);  // which the path of a reference has been
     const Scope scope = {&now};
     const Value* there = look_up(path, scope);
     if (there && same(*there, wish.value)) return false;
@@ -57,19 +60,22 @@ bool Turn::grant(const Wish& wish) {
 }
 
 void Turn::settle() {
+    bool settled = false;
     if (wish_) {
-        const Wish wish = *std::exchange(wish_, std::nullopt);
-        if (grant(wish)) changes_.push_front(wish.change);
+        Wish wish = std::move(*wish_);
+        wish_.reset();
+        const bool granted = grant(wish);
+        settled = granted && !wish.change.name.empty();  // the nodes are new
+        if (granted) changes_.push_back(std::move(wish.change));
     }
+    changes_.splice(changes_.end(), later_);
+    if (settled) return;
     Live after = live;
-    after.hovered = hovered_by(nodes(), after);
-    if (shown_of(after) == shown_of(screen_.live) && !made_) {
-        live = std::move(after);
-        return;
+    find_under(nodes(), after);
+    if (made_ || !same_looks(after, screen_.live)) {
+        if (!made_) made_.emplace(Made{std::nullopt, screen_.nodes});
+        enliven(made_->nodes, after);
     }
-    Made made = made_ ? std::move(*made_) : Made{std::nullopt, screen_.nodes};
-    enliven(made.nodes, after);
-    made_ = std::move(made);
     live = std::move(after);
 }
 

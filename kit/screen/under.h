@@ -1,7 +1,7 @@
 // What lies under the pointer.
 #pragma once
 
-#include "screen/node.h"
+#include "screen/live.h"
 
 namespace kit {
 
@@ -9,11 +9,14 @@ inline bool contains(const kit_box& box, int x, int y) {
     return x >= box.x && y >= box.y && x - box.x < box.w && y - box.y < box.h;
 }
 
-/// The control that a press there would reach, one that can be used; -1 where there is none.
+/// The control that a press there would reach, one that can be used; -1 where there is none. While
+/// a list is open, only its rows can be reached.
 int control_under(const Nodes& nodes, int x, int y);
 
-struct Live;
-/// The tag of what the pointer is over: while it holds something, that or nothing.
-Tag hovered_by(const Nodes& nodes, const Live& live);
+/// What can be scrolled there, the innermost first.
+std::vector<int> scrollers_under(const Nodes& nodes, int x, int y);
+
+/// Tells what the pointer is over: while it holds something, that or nothing.
+void find_under(const Nodes& nodes, Live& live);
 
 }  // namespace kit

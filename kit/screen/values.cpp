@@ -6,6 +6,7 @@
 
 #include "screen/look.h"
 #include "screen/refusal.h"
+#include "screen/shortcut.h"
 
 namespace kit {
 namespace {
@@ -190,7 +191,7 @@ bool is_inside_name(std::string_view name) {
 
 bool as_written(Type type) {
     return type == Type::Name || type == Type::Where || type == Type::Condition ||
-           type == Type::File || type == Type::Anything;
+           type == Type::File || type == Type::Shortcut || type == Type::Anything;
 }
 
 bool fits(Type type, const Value& value) {
@@ -211,6 +212,7 @@ bool fits(Type type, const Value& value) {
     case Type::Length: return whole_between(value, 1, kMostSide);
     case Type::Digit: return whole_between(value, 0, 9);
     case Type::Index: return whole_between(value, -2147483647, 2147483647);
+    case Type::Scalar: return is_words(value) || value.kind == Kind::Boolean;
     case Type::Pad: return is_pad(value);
     case Type::Gap: return is_gap(value);
     case Type::Bounds: return is_bounds(value);
@@ -229,6 +231,7 @@ bool fits(Type type, const Value& value) {
     case Type::Where:
     case Type::Condition: return text;
     case Type::File: return text && is_inside_name(value.text);
+    case Type::Shortcut: return text && read_shortcut(value.text).key != 0;
     case Type::With: return value.kind == Kind::Object;
     }
     return false;  // GCOVR_EXCL_LINE: behind that switch

@@ -38,6 +38,22 @@ int widget_want(kit_widget widget, const kit_box& box, Axis axis) {
     return axis == kDown ? h : w;
 }
 
+/// What a dropdown wants for the widest of its first items, whichever is chosen.
+int list_want(const Node& node) {
+    constexpr int kMost = 256;
+    kit_widget widget = widget_of(node);
+    int widest = widget_want(widget, {}, kAcross);
+    std::string_view rest = node.items;
+    for (int i = 0; i < kMost && !rest.empty(); ++i) {
+        const std::size_t bar = std::min(rest.find('|'), rest.size());
+        const std::string item(rest.substr(0, bar));
+        widget.text = item.c_str();
+        widest = std::max(widest, widget_want(widget, {}, kAcross));
+        rest.remove_prefix(std::min(bar + 1, rest.size()));
+    }
+    return widest;
+}
+
 int text_want(const Node& node, Axis axis) {
     if (!node.wrap) {
         kit_widget label = widget_of(node);
@@ -70,7 +86,9 @@ int content_want(const Node& node, Axis axis) {
         return node.size > 0 ? node.size : widget_want(widget_of(node), node.inside(), axis);
     case Sort::Circle: return node.size;
     case Sort::Chart: return chart_want(node, axis);
-    case Sort::Widget: return widget_want(widget_of(node), node.inside(), axis);
+    case Sort::Widget:
+        if (!node.items.empty() && axis == kAcross) return list_want(node);
+        return widget_want(widget_of(node), node.inside(), axis);
     case Sort::Rect:
     case Sort::Row:
     case Sort::Column:

@@ -40,6 +40,10 @@ GOOD = [
     {"row": [], "theme": "light", "id": "größe-2_a", "name": "a row", "edge": "border"},
     {"textbox": "", "hint": "Name", "focus": True, "disabled": False, "hover": True},
     {"stepper": 5}, {"badge": "${n}"}, {"rating": 0.5}, {"bars": [0.5, None]}, {"progress": 1},
+    {"dropdown": "a", "items": ["a", "b"], "selected": "${n}"}, {"dropdown": "${t}", "items": "${list}"},
+    {"radio": "a", "selected": "${t}", "value": 5}, {"list_item": "a", "selected": True, "value": "${b}"},
+    {"button": "a", "key": "ctrl+alt+shift+pageup", "tip": "Words", "sound": "click.wav"},
+    {"toggle": True, "key": "f12"}, {"slider": 1, "key": "ä", "tip": 5}, {"menu": [], "key": "shift++"},
     {"include": "part.json", "with": {"a": [1]}}, {"column": [{"include": "more/part.json"}]},
 ]
 
@@ -63,6 +67,12 @@ BAD = [
     {"row": [], "if": "n"}, {"row": [], "each": "list"}, {"row": [{"text": "a", "each": "a..b"}]},
     {"row": [{"text": "a", "if": "n <"}]}, {"row": [{"text": "a", "if": "n < m"}]},
     {"row": [{"text": "a", "if": "!n == 2"}]}, {"row": [{"text": "a", "if": ""}]},
+    {"dropdown": "a", "selected": 0}, {"radio": "a", "selected": 0}, {"radio": "a", "value": 0},
+    {"radio": "a", "selected": None, "value": 0}, {"radio": "a", "selected": 1, "value": 0, "on": True},
+    {"dropdown": "a", "items": ["a|b"]}, {"dropdown": "a", "items": ["a"], "value": 1},
+    {"button": "a", "key": "ctrl+S"}, {"button": "a", "key": "shift+ctrl+s"}, {"button": "a", "key": "ctrl+"},
+    {"button": "a", "key": "f13"}, {"button": "a", "key": ""}, {"button": "a", "key": " "}, {"button": "a", "key": 5},
+    {"button": "a", "key": "enter "}, {"button": "a", "key": "ss"}, {"text": "a", "key": "s"}, {"text": "a", "sound": "s"},
     {"include": "../part.json"}, {"include": "/part.json"}, {"include": "a//b.json"}, {"include": ""},
     {"include": "part.json", "with": []}, {"button": "a", "on": "yes"}, {"button": "a", "hint": "b"},
     {"stack": [], "justify": "between"}, {"row": [], "justify": "stretch"}, {"row": [], "scroll": "a"},

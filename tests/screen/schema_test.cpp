@@ -96,6 +96,7 @@ Json plain(Type type) {
     case Type::Length: return whole(1, kit::kMostSide);
     case Type::Digit: return whole(0, 9);
     case Type::Index: return whole(-2147483647, 2147483647);
+    case Type::Scalar: return {{"type", {"string", "number", "boolean"}}};
     case Type::Pad: return {{"anyOf", {named("side"), list(side, 2), list(side, 4)}}};
     case Type::Gap: return either(named("side"), list(side, 2));
     case Type::Bounds: return either(named("side"), list(either(side, {{"type", "null"}}), 2));
@@ -117,6 +118,11 @@ Json plain(Type type) {
                     "( *(==|!=|<=|>=|<|>) *('.*'|true|false|null|-?(0|[1-9][0-9]*)(\\.[0-9]+)?"
                     "([eE][+-]?[0-9]+)?))?) *$");
     case Type::File: return text("^(?!\\.\\.?(/|$))[^\\\\:/]+(/(?!\\.\\.?(/|$))[^\\\\:/]+)*$");
+    case Type::Shortcut:
+        return text(
+            "^(ctrl\\+)?(alt\\+)?(shift\\+)?(space|enter|tab|escape|backspace|delete|left|"
+            "right|up|down|home|end|pageup|pagedown|f[1-9]|f1[0-2]|"
+            "[^\\u0000-\\u0020A-Z\\u007f])$");
     case Type::With: return {{"type", "object"}};
     }
     return {};
@@ -158,6 +164,12 @@ Json schema_of(std::string_view name, Types& types) {
     }
     Json dependencies = {{"as", {"each"}}};
     if (properties.contains("lines")) dependencies["lines"] = {"wrap"};
+    if (properties.contains("items")) dependencies["selected"] = {"items"};
+    if (properties.contains("value")) {
+        const Json choice = {{"required", {"selected"}}, {"not", {{"required", {"on"}}}}};
+        dependencies["value"] = choice;
+        dependencies["selected"] = {"value"};
+    }
     if (properties.contains("series")) {
         const Json lost = {{{"required", {"values"}}}, {{"required", {"color"}}}};
         dependencies["series"] = {{"not", {{"anyOf", lost}}}};

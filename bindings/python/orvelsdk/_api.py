@@ -1207,6 +1207,7 @@ kit_screen_report = _function(
  - range: a number outside its range; a "selected" or "show" of what there is not, but for -1;
  - id: an id that another node of the same file has, too;
  - name: one in a condition, or with a fallback, that neither the data nor the sample have;
+ - key: a shortcut that another control has, too, of which the first one counts;
  - unknown: a picture or an image that there is not.
 
 Returns: borrowed until the next call, empty when there is nothing; null for null and where

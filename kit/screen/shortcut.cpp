@@ -1,0 +1,83 @@
+#include "screen/shortcut.h"
+
+#include "orvel_screen.h"
+
+namespace kit {
+namespace {
+
+struct Named {
+    std::string_view name;
+    int key;
+};
+
+constexpr Named kNamed[] = {
+    {"space", ' '},
+    {"enter", KIT_KEY_ENTER},
+    {"tab", KIT_KEY_TAB},
+    {"escape", KIT_KEY_ESCAPE},
+    {"backspace", KIT_KEY_BACKSPACE},
+    {"delete", KIT_KEY_DELETE},
+    {"left", KIT_KEY_LEFT},
+    {"right", KIT_KEY_RIGHT},
+    {"up", KIT_KEY_UP},
+    {"down", KIT_KEY_DOWN},
+    {"home", KIT_KEY_HOME},
+    {"end", KIT_KEY_END},
+    {"pageup", KIT_KEY_PAGE_UP},
+    {"pagedown", KIT_KEY_PAGE_DOWN},
+    {"f1", KIT_KEY_F1},
+    {"f2", KIT_KEY_F2},
+    {"f3", KIT_KEY_F3},
+    {"f4", KIT_KEY_F4},
+    {"f5", KIT_KEY_F5},
+    {"f6", KIT_KEY_F6},
+    {"f7", KIT_KEY_F7},
+    {"f8", KIT_KEY_F8},
+    {"f9", KIT_KEY_F9},
+    {"f10", KIT_KEY_F10},
+    {"f11", KIT_KEY_F11},
+    {"f12", KIT_KEY_F12},
+};
+
+/// Whether @p text begins with @p word, which it is then taken from.
+bool take(std::string_view& text, std::string_view word) {
+    if (text.substr(0, word.size()) != word) return false;
+    text.remove_prefix(word.size());
+    return true;
+}
+
+int key_of(std::string_view text) {
+    for (const Named& one : kNamed) {
+        if (one.name == text) return one.key;
+    }
+    const int character = only_character(text);
+    const bool capital = character >= 'A' && character <= 'Z';  // keys are called without shift
+    return character <= ' ' || character == 0x7F || capital ? 0 : character;
+}
+
+}  // namespace
+
+int only_character(std::string_view text) {
+    if (text.empty()) return -1;
+    const auto first = static_cast<unsigned char>(text[0]);
+    const std::size_t length = first < 0x80 ? 1 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
+    if (text.size() != length || (first >= 0x80 && first < 0xC0)) return -1;
+    int code = length == 1 ? first : first & (0x7F >> length);
+    for (const char letter : text.substr(1)) {
+        const auto byte = static_cast<unsigned char>(letter);
+        if ((byte & 0xC0) != 0x80) return -1;
+        code = code << 6 | (byte & 0x3F);
+    }
+    return code;
+}
+
+Shortcut read_shortcut(std::string_view text) {
+    Shortcut shortcut;
+    if (take(text, "ctrl+")) shortcut.modifiers |= KIT_MOD_CONTROL;
+    if (take(text, "alt+")) shortcut.modifiers |= KIT_MOD_ALT;
+    if (take(text, "shift+")) shortcut.modifiers |= KIT_MOD_SHIFT;
+    shortcut.key = key_of(text);
+    return shortcut;
+}
+
+}  // namespace kit
