@@ -1,6 +1,7 @@
 #include "screen/shortcut.h"
 
 #include "orvel_screen.h"
+#include "screen/characters.h"
 
 namespace kit {
 namespace {
@@ -50,26 +51,14 @@ int key_of(std::string_view text) {
     for (const Named& one : kNamed) {
         if (one.name == text) return one.key;
     }
-    const int character = only_character(text);
+    if (text.empty()) return 0;
+    const Character only = character_at(text, 0);
+    const auto character = only.bytes == text.size() ? static_cast<int>(only.code) : 0;
     const bool capital = character >= 'A' && character <= 'Z';  // keys are called without shift
     return character <= ' ' || character == 0x7F || capital ? 0 : character;
 }
 
 }  // namespace
-
-int only_character(std::string_view text) {
-    if (text.empty()) return -1;
-    const auto first = static_cast<unsigned char>(text[0]);
-    const std::size_t length = first < 0x80 ? 1 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
-    if (text.size() != length || (first >= 0x80 && first < 0xC0)) return -1;
-    int code = length == 1 ? first : first & (0x7F >> length);
-    for (const char letter : text.substr(1)) {
-        const auto byte = static_cast<unsigned char>(letter);
-        if ((byte & 0xC0) != 0x80) return -1;
-        code = code << 6 | (byte & 0x3F);
-    }
-    return code;
-}
 
 Shortcut read_shortcut(std::string_view text) {
     Shortcut shortcut;

@@ -15,7 +15,4 @@ struct Shortcut {
 /// "f5", "ctrl+s", "ctrl+alt+shift+pageup"; without a key where it is none of these.
 Shortcut read_shortcut(std::string_view text);
 
-/// The character that @p text is; -1 where it is not just one.
-int only_character(std::string_view text);
-
 }  // namespace kit
