@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Builds the manual from a build of the library: pictures, reference, code blocks, pages, links."""
+"""Builds the manual from a build of the library: pictures, code blocks, pages, reference, search, links."""
 import argparse
 import os
 import pathlib
@@ -75,11 +75,8 @@ def main():
     for picture in lists.glob("*.png"):
         picture.rename(pages / "pictures" / picture.name)
 
-    step("reading the header")
-    quiet(["doxygen", SOURCES / "docs/Doxyfile"],
-          env=os.environ | {"PROJECT_SOURCE_DIR": str(SOURCES), "OUTPUT": str(out)})
-    (pages / "reference.md").write_text(
-        reference.reference(out / "xml", SOURCES / "include/orvel.h"), encoding="utf-8")
+    for name, text in reference.pages().items():
+        (pages / name).write_text(text, encoding="utf-8")
 
     shutil.copy(SOURCES / "SECURITY.md", pages / "security.md")
 
@@ -101,6 +98,12 @@ def main():
     config = (SOURCES / "docs/mkdocs.yml").read_text(encoding="utf-8")
     (out / "mkdocs.yml").write_text(f'{config}extra:\n  version: "{version}"\n', encoding="utf-8")
     quiet(["mkdocs", "build", "--strict", "--clean", "--quiet", "-f", out / "mkdocs.yml"])
+    search = out / "site/search"
+    (search / "search_index.js").write_text(  # a page in a folder may load a script, and fetch nothing
+        f"const searchIndex = {(search / 'search_index.json').read_text(encoding='utf-8')};\n",
+        encoding="utf-8")
+    for unused in ("main.js", "worker.js", "search_index.json"):
+        (search / unused).unlink()
     problems = links.broken_links(out / "site")
     if problems:
         sys.exit("manual: " + "\nmanual: ".join(problems))
