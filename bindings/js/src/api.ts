@@ -88,7 +88,7 @@ export interface orvel_theme {
     border: orvel_color;
     /** a button's face */
     button: orvel_color;
-    /** it or a knob under the pointer; what lists and menus select */
+    /** it or a slider's knob under the pointer; selected list and menu items */
     button_hover: orvel_color;
     /** a button's caption */
     button_text: orvel_color;
@@ -211,7 +211,7 @@ export function orvel_shutdown(): void {
  *
  * Raises std::bad_alloc.
  *
- * @returns 0, or -1 when path is null, which leaves the old root in force.
+ * @returns 0, or -1 when `path` is null, which leaves the old root in force.
  */
 export function orvel_set_resource_path(path: Text): number {
     const mark = Room.enter();
@@ -226,7 +226,7 @@ export function orvel_set_resource_path(path: Text): number {
 }
 
 /**
- * Makes a canvas of width x height pixels, all opaque black. Null when a side is below 1 or
+ * Makes a canvas of `width` x `height` pixels, all opaque black. Null when a side is below 1 or
  * the record cannot be allocated; raises std::bad_alloc when the pixels cannot.
  *
  * @returns the caller's, for orvel_canvas_destroy(), or null.
@@ -243,7 +243,7 @@ export function orvel_canvas_create(width: number, height: number): orvel_canvas
     }
 }
 
-/** Releases a canvas; canvas is taken. No widget made for it may be drawn afterwards. */
+/** Releases a canvas; `canvas` is taken. No widget made for it may be drawn afterwards. */
 export function orvel_canvas_destroy(canvas: orvel_canvas | null): void {
     Objects.take(canvas, orvel_canvas, "canvas");
 }
@@ -278,7 +278,7 @@ export function orvel_canvas_height(canvas: orvel_canvas | null): number {
     }
 }
 
-/** Sets every pixel to color. */
+/** Sets every pixel to `color`. */
 export function orvel_canvas_clear(canvas: orvel_canvas | null, color: Given<orvel_color>): void {
     const mark = Room.enter();
     try {
@@ -368,8 +368,8 @@ export function orvel_canvas_line(
 }
 
 /**
- * The one-pixel outline of the w x h box at (x, y), inside the box: four lines. Nothing when
- * w or h is below 1.
+ * The one-pixel outline of the `w` x `h` box at (x, y), inside the box: four lines. Nothing when
+ * `w` or `h` is below 1.
  */
 export function orvel_canvas_rect(
     canvas: orvel_canvas | null,
@@ -396,7 +396,7 @@ export function orvel_canvas_rect(
     }
 }
 
-/** Fills the box [x, x + w) x [y, y + h). Nothing when w or h is below 1. */
+/** Fills the box [x, x + w) x [y, y + h). Nothing when `w` or `h` is below 1. */
 export function orvel_canvas_fill_rect(
     canvas: orvel_canvas | null,
     x: number,
@@ -515,7 +515,7 @@ export function orvel_canvas_fill_triangle(
 }
 
 /**
- * Writes the canvas to the file path as a 24-bit BMP, bottom row first, without alpha. Raises
+ * Writes the canvas to the file `path` as a 24-bit BMP, bottom row first, without alpha. Raises
  * std::bad_alloc.
  *
  * @returns 0 once the file was opened: what happens to the writes after that is not looked at. -1 for null arguments and when the file cannot be opened for writing.
@@ -557,7 +557,7 @@ export function orvel_canvas_save_bmp_rgba(canvas: orvel_canvas | null, path: Te
 }
 
 /**
- * The width of text in pixels: 6 a byte, less the last gap; 0 for null or empty. Every byte
+ * The width of `text` in pixels: 6 a byte, less the last gap; 0 for null or empty. Every byte
  * counts, newlines too. The height of a text is always 7.
  */
 export function orvel_text_width(text: Text): number {
@@ -573,7 +573,7 @@ export function orvel_text_width(text: Text): number {
 }
 
 /**
- * Draws text with the top left corner of its first cell at (x, y). A cell is 5 x 7 pixels, the
+ * Draws `text` with the top left corner of its first cell at (x, y). A cell is 5 x 7 pixels, the
  * next one starts 6 further right. Clear bits leave the canvas as it is. A newline (10) is skipped:
  * it moves nothing and starts no new line. Every other byte outside 32 ... 126 is a blank cell.
  *
@@ -606,7 +606,7 @@ export function orvel_text_draw(
 /**
  * The names of the 68 built-in icons, in their fixed order.
  *
- * @returns the library's own table, count of them; static, never null; do not write to it.
+ * @returns the library's own table, `count` of them; static, never null; do not write to it.
  */
 export function orvel_icon_list(): string[] {
     const mark = Room.enter();
@@ -621,7 +621,7 @@ export function orvel_icon_list(): string[] {
     }
 }
 
-/** @returns 1 when name is exactly one of the 68 names, else 0. */
+/** @returns 1 when `name` is exactly one of the 68 names, else 0. */
 export function orvel_icon_exists(name: Text): number {
     const mark = Room.enter();
     try {
@@ -635,9 +635,14 @@ export function orvel_icon_exists(name: Text): number {
 }
 
 /**
- * Draws the built-in icon name in the square of side size at (x, y), in one colour. Its
+ * Draws the built-in icon `name` in the square of side `size` at (x, y), in one colour. Its
  * cut-outs take the colour of the canvas at (x, y), or opaque black where that is transparent or
  * outside.
+ *
+ * Two designs measure from the top of the canvas and look as intended only where y is 0: further
+ * down, "home" loses its body, and the stem of "power" reaches past the square. To place them
+ * anywhere, draw them on a canvas of their own and copy it, which is what kit_icon() of the kit
+ * does.
  *
  * @returns 0; -1 for null arguments or a size below 1, which draw nothing, and for an unknown name, which draws a one-pixel frame of the square.
  */
@@ -668,8 +673,8 @@ export function orvel_draw_icon(
 }
 
 /**
- * As orvel_draw_icon(), with the colours of the design's details (accent) and of its cut-outs
- * (background) given.
+ * As orvel_draw_icon(), with the colours of the design's details (`accent`) and of its cut-outs
+ * (`background`) given.
  *
  * @returns 0 or -1, as for orvel_draw_icon().
  */
@@ -704,7 +709,7 @@ export function orvel_draw_icon_ex(
 }
 
 /**
- * Draws the BMP file name of the resource folder "Icons" at its own size, its top left corner at
+ * Draws the BMP file `name` of the resource folder "Icons" at its own size, its top left corner at
  * (x, y). Of the header, the offset of the pixels, the width, the height and the depth are read and
  * the rest is ignored: 24 and 32 bits a pixel, rows in either order. A pixel of a 32-bit file with
  * alpha 0 is skipped, any other replaces the canvas pixel. The file is not trusted: no bytes read
@@ -739,7 +744,7 @@ export function orvel_icon_draw_bitmap(
     }
 }
 
-/** The dark theme, all nine fields; theme is written. */
+/** The dark theme, all nine fields; `theme` is written. */
 export function orvel_theme_default(theme: Partial<orvel_theme> | null): void {
     const mark = Room.enter();
     try {
@@ -753,7 +758,7 @@ export function orvel_theme_default(theme: Partial<orvel_theme> | null): void {
     }
 }
 
-/** The light theme, all nine fields; theme is written. */
+/** The light theme, all nine fields; `theme` is written. */
 export function orvel_theme_light(theme: Partial<orvel_theme> | null): void {
     const mark = Room.enter();
     try {
@@ -768,7 +773,7 @@ export function orvel_theme_light(theme: Partial<orvel_theme> | null): void {
 }
 
 /**
- * Reads the theme file name of the resource folder "UI"; theme is changed. For each of the
+ * Reads the theme file `name` of the resource folder "UI"; `theme` is changed. For each of the
  * nine keys in double quotes, the next quoted text after the next colon is its colour, "#rrggbb". A
  * key that is missing or whose value is empty keeps its field, so fill the record first. A value of
  * fewer than six characters after the '#' is white; a bad digit counts as 0; alpha becomes 255. The
@@ -792,7 +797,7 @@ export function orvel_theme_load(theme: Partial<orvel_theme> | null, name: Text)
 }
 
 /**
- * Writes theme to the file name of the resource folder "UI", 264 bytes, without alpha. A name
+ * Writes `theme` to the file `name` of the resource folder "UI", 264 bytes, without alpha. A name
  * without a dot overwrites the file that loading it would find; if there is none, the file gets
  * exactly that name. No folder is made. Raises std::bad_alloc.
  *
@@ -813,7 +818,10 @@ export function orvel_theme_save(theme: Given<orvel_theme> | null, name: Text): 
     }
 }
 
-/** A framed surface with a band for its title along the top, 12 pixels high. */
+/**
+ * A window: surface in a border frame, and along its top a band of accent, 12 rows high, with the
+ * title in background.
+ */
 export function orvel_widget_window(
     canvas: orvel_canvas | null,
     theme: Given<orvel_theme> | null,
@@ -844,7 +852,7 @@ export function orvel_widget_window(
     }
 }
 
-/** A framed surface. */
+/** A panel: surface in a border frame. */
 export function orvel_widget_panel(
     canvas: orvel_canvas | null,
     theme: Given<orvel_theme> | null,
@@ -873,7 +881,7 @@ export function orvel_widget_panel(
     }
 }
 
-/** tw x 7: text in the text colour, without a ground. */
+/** tw x 7: one line of words, without a ground. */
 export function orvel_widget_label(
     canvas: orvel_canvas | null,
     theme: Given<orvel_theme> | null,
@@ -900,7 +908,10 @@ export function orvel_widget_label(
     }
 }
 
-/** Reacts to hover. */
+/**
+ * A push button: a framed box of the colour button, with its caption in the middle. Under the
+ * pointer the box is button_hover.
+ */
 export function orvel_widget_button(
     canvas: orvel_canvas | null,
     theme: Given<orvel_theme> | null,
@@ -931,7 +942,10 @@ export function orvel_widget_button(
     }
 }
 
-/** A switch. Shows whether it is active. */
+/**
+ * A switch: a framed track, accent when on and else border, and a round knob in background at its
+ * right end when on and at its left end when off.
+ */
 export function orvel_widget_toggle(
     canvas: orvel_canvas | null,
     theme: Given<orvel_theme> | null,
@@ -962,7 +976,7 @@ export function orvel_widget_toggle(
     }
 }
 
-/** tw + 13 x 9: a box and a caption beside it. Shows whether it is active. */
+/** tw + 13 x 9: a box of 9 x 9 with a tick when checked, and a caption to its right. */
 export function orvel_widget_checkbox(
     canvas: orvel_canvas | null,
     theme: Given<orvel_theme> | null,
@@ -991,7 +1005,11 @@ export function orvel_widget_checkbox(
     }
 }
 
-/** w x 9. Reacts to hover. */
+/**
+ * w x 9: a track of 3 rows and a knob of 9 x 9, whose middle is w times the value from the left:
+ * at 0 and 1 half of it lies outside the width. Under the pointer the knob is button_hover, else
+ * accent.
+ */
 export function orvel_widget_slider(
     canvas: orvel_canvas | null,
     theme: Given<orvel_theme> | null,
@@ -1020,7 +1038,10 @@ export function orvel_widget_slider(
     }
 }
 
-/** A frame that fills from the left; at 1 the filling covers the right side of the frame. */
+/**
+ * A progress bar: a frame that fills from the left with accent; at 1 the filling covers the right
+ * side of the frame.
+ */
 export function orvel_widget_progress(
     canvas: orvel_canvas | null,
     theme: Given<orvel_theme> | null,
@@ -1051,7 +1072,10 @@ export function orvel_widget_progress(
     }
 }
 
-/** Reacts to hover. */
+/**
+ * A text field: surface in a frame, accent under the pointer and else border, with the text from
+ * the left. It shows neither caret nor selection.
+ */
 export function orvel_widget_textbox(
     canvas: orvel_canvas | null,
     theme: Given<orvel_theme> | null,
@@ -1082,7 +1106,10 @@ export function orvel_widget_textbox(
     }
 }
 
-/** name is one of the built-in icons. */
+/**
+ * size x size: the built-in icon `name` in accent, from a size of 9 on with a margin of one
+ * pixel.
+ */
 export function orvel_widget_icon(
     canvas: orvel_canvas | null,
     theme: Given<orvel_theme> | null,
@@ -1111,7 +1138,7 @@ export function orvel_widget_icon(
     }
 }
 
-/** name is a bitmap of the resource folder "Icons", drawn at its own size. */
+/** The bitmap `name` of the resource folder "Icons", at its own size. */
 export function orvel_widget_image(
     canvas: orvel_canvas | null,
     theme: Given<orvel_theme> | null,
@@ -1138,7 +1165,7 @@ export function orvel_widget_image(
     }
 }
 
-/** A line from x to x + w, both ends included. */
+/** A rule one pixel high from x to x + w, both ends included. */
 export function orvel_widget_separator(
     canvas: orvel_canvas | null,
     theme: Given<orvel_theme> | null,
@@ -1165,7 +1192,9 @@ export function orvel_widget_separator(
     }
 }
 
-/** A framed surface with a stripe of the accent down its left side. */
+/**
+ * A card: surface in a border frame, with a stripe of accent 3 pixels wide down its left side.
+ */
 export function orvel_widget_card(
     canvas: orvel_canvas | null,
     theme: Given<orvel_theme> | null,
@@ -1194,7 +1223,11 @@ export function orvel_widget_card(
     }
 }
 
-/** tw + 13 x 9: a circle and a caption beside it. Shows whether it is active. */
+/**
+ * tw + 13 x 9: a radio button, which is a circle with a dot in it, accent when selected and else
+ * surface, and a caption to its right. One of several is selected at a time if the host sees to
+ * it.
+ */
 export function orvel_widget_radio(
     canvas: orvel_canvas | null,
     theme: Given<orvel_theme> | null,
@@ -1223,7 +1256,10 @@ export function orvel_widget_radio(
     }
 }
 
-/** An open dropdown differs by its frame; its list is the host's to draw. */
+/**
+ * A drop-down field: surface in a frame, accent when open and else border, with the text from the
+ * left and an arrow at the right. The list that opens is the host's to draw.
+ */
 export function orvel_widget_dropdown(
     canvas: orvel_canvas | null,
     theme: Given<orvel_theme> | null,
@@ -1256,7 +1292,10 @@ export function orvel_widget_dropdown(
     }
 }
 
-/** value is the fraction of a clockwise turn from 3 o'clock. */
+/**
+ * size x size: a sign that something is going on, which is a circle and a dot on it. `value` is
+ * the fraction of a clockwise turn from 3 o'clock that the dot has made; the host advances it.
+ */
 export function orvel_widget_spinner(
     canvas: orvel_canvas | null,
     theme: Given<orvel_theme> | null,
@@ -1285,7 +1324,10 @@ export function orvel_widget_spinner(
     }
 }
 
-/** 50 x 10. value is the fraction of five stars. */
+/**
+ * 50 x 10: five stars, 10 pixels apart, of which the nearest whole number to 5 times the value are
+ * accent, and the others border. `value` is a fraction.
+ */
 export function orvel_widget_rating(
     canvas: orvel_canvas | null,
     theme: Given<orvel_theme> | null,
@@ -1312,7 +1354,10 @@ export function orvel_widget_rating(
     }
 }
 
-/** value is a number, between a minus and a plus, each in a square of the height. */
+/**
+ * A number between a minus and a plus, each in a framed square of the height; `value` is a
+ * number of any size.
+ */
 export function orvel_widget_stepper(
     canvas: orvel_canvas | null,
     theme: Given<orvel_theme> | null,
@@ -1343,7 +1388,11 @@ export function orvel_widget_stepper(
     }
 }
 
-/** items are the captions, joined with "|"; selected is the number of one, from 0. */
+/**
+ * Tabs side by side, each w / n pixels wide for n of them; the remainder stays empty at the right.
+ * `items` are the captions, joined with "|"; `selected` is the number of the open one, from 0:
+ * it is surface under a line of accent.
+ */
 export function orvel_widget_tabs(
     canvas: orvel_canvas | null,
     theme: Given<orvel_theme> | null,
@@ -1376,7 +1425,10 @@ export function orvel_widget_tabs(
     }
 }
 
-/** A disc and its outline, size + 1 pixels across for an even size. Null initials are "?". */
+/**
+ * A disc of accent with an outline, size + 1 pixels across for an even size. The initials are
+ * placed for one letter, and longer ones reach to the right; null `initials` are "?".
+ */
 export function orvel_widget_avatar(
     canvas: orvel_canvas | null,
     theme: Given<orvel_theme> | null,
@@ -1405,7 +1457,10 @@ export function orvel_widget_avatar(
     }
 }
 
-/** A number on a rounded ground: 14 x 11 for one digit and 6 more for each further character. */
+/**
+ * A number on a rounded ground of accent: 14 x 11 for one digit and 6 more for each further
+ * character.
+ */
 export function orvel_widget_badge(
     canvas: orvel_canvas | null,
     theme: Given<orvel_theme> | null,
@@ -1432,7 +1487,10 @@ export function orvel_widget_badge(
     }
 }
 
-/** A title and three dots at the right end, whose colours no theme changes. */
+/**
+ * A title bar: surface in a border frame, the title at the left, and at the right end three dots,
+ * whose colours no theme changes.
+ */
 export function orvel_widget_titlebar(
     canvas: orvel_canvas | null,
     theme: Given<orvel_theme> | null,
@@ -1463,7 +1521,11 @@ export function orvel_widget_titlebar(
     }
 }
 
-/** icon is one of the built-in icons; null or empty for none. */
+/**
+ * A row of a list: background in a border frame, or button_hover in an accent one when selected;
+ * at the left an icon of 16 x 16 and the text, at the right an arrow. `icon` is a built-in icon;
+ * null or empty for none.
+ */
 export function orvel_widget_list_item(
     canvas: orvel_canvas | null,
     theme: Given<orvel_theme> | null,
@@ -1498,7 +1560,11 @@ export function orvel_widget_list_item(
     }
 }
 
-/** Items side by side, joined with "|"; selected is the number of one, from 0. */
+/**
+ * A menu bar: items side by side, each w / n pixels wide for n of them, without a ground of its
+ * own; the remainder stays empty at the right. `items` are the captions, joined with "|";
+ * `selected` is the number of one, from 0: it is button_hover over a line of accent.
+ */
 export function orvel_widget_menu(
     canvas: orvel_canvas | null,
     theme: Given<orvel_theme> | null,
@@ -1531,7 +1597,12 @@ export function orvel_widget_menu(
     }
 }
 
-/** Draws nothing until orvel_widget_set_data() has given it values. */
+/**
+ * A bar chart: bars of accent in a frame, for n values one every w / n pixels, with a gap of one
+ * pixel; the remainder stays empty at the right. Bars are at least 2 pixels apart, so more than
+ * w / 2 values run past the right side. Draws nothing until orvel_widget_set_data() has given it
+ * values.
+ */
 export function orvel_widget_bars(
     canvas: orvel_canvas | null,
     theme: Given<orvel_theme> | null,
@@ -1560,7 +1631,10 @@ export function orvel_widget_bars(
     }
 }
 
-/** A text field with a magnifier. Shows whether it is active. */
+/**
+ * A search field: surface in a frame, accent when active and else border, with a magnifier in a
+ * square of the height and the text to its right.
+ */
 export function orvel_widget_search(
     canvas: orvel_canvas | null,
     theme: Given<orvel_theme> | null,
@@ -1591,7 +1665,10 @@ export function orvel_widget_search(
     }
 }
 
-/** tw + 8 x 12: a bubble, with a pointer below it that has a row more. */
+/**
+ * tw + 8 x 12: a bubble of 10 rows with the text, and below its middle a pointer of 3 rows, the
+ * last of which is outside.
+ */
 export function orvel_widget_tooltip(
     canvas: orvel_canvas | null,
     theme: Given<orvel_theme> | null,
@@ -1618,7 +1695,7 @@ export function orvel_widget_tooltip(
     }
 }
 
-/** A line of text under a rule from x to x + w, both ends included. */
+/** A status bar: a line of text on surface, under a rule from x to x + w, both ends included. */
 export function orvel_widget_statusbar(
     canvas: orvel_canvas | null,
     theme: Given<orvel_theme> | null,
@@ -1649,12 +1726,15 @@ export function orvel_widget_statusbar(
     }
 }
 
-/** Releases a widget and its copies, not its canvas or theme; widget is taken. */
+/** Releases a widget and its copies, not its canvas or theme; `widget` is taken. */
 export function orvel_widget_destroy(widget: orvel_widget | null): void {
     Objects.take(widget, orvel_widget, "widget");
 }
 
-/** The pointer is over the widget. Shown by button, slider, textbox. */
+/**
+ * The pointer is over the widget: a button's face and a slider's knob are then button_hover, the
+ * frame of a text field is accent. Shown by button, slider, textbox.
+ */
 export function orvel_widget_set_hover(widget: orvel_widget | null, on: number): void {
     const mark = Room.enter();
     try {
@@ -1721,8 +1801,8 @@ export function orvel_widget_set_amount(widget: orvel_widget | null, amount: num
 }
 
 /**
- * Replaces the values of a bar chart by a copy of count values, drawn clamped to [0, 1]. A count
- * of 0 empties the list. Null values or a negative count do nothing. All or nothing: when memory
+ * Replaces the values of a bar chart by a copy of `count` values, drawn clamped to [0, 1]. A count
+ * of 0 empties the list. Null `values` or a negative count do nothing. All or nothing: when memory
  * runs out, it raises std::bad_alloc, and the old values stay. Shown by bars.
  */
 export function orvel_widget_set_data(widget: orvel_widget | null, values: Reals): void {
@@ -1757,7 +1837,7 @@ export function orvel_widget_draw(widget: orvel_widget | null): void {
 }
 
 /**
- * Plays the file name of the resource folder "Sounds" once, without waiting. Writes
+ * Plays the file `name` of the resource folder "Sounds" once, without waiting. Writes
  * "[OrvelSDK] suono: PATH" or "[OrvelSDK] suono non trovato: PATH" to the standard error stream.
  * It cannot be stopped; on Linux it is heard to its end even when the host has exited. Raises
  * std::bad_alloc.
@@ -1777,7 +1857,7 @@ export function orvel_play_sound(name: Text): number {
 }
 
 /**
- * Stops the music, then plays the file name of the resource folder "Music" once in a player
+ * Stops the music, then plays the file `name` of the resource folder "Music" once in a player
  * process. Writes "[OrvelSDK] musica: PATH" or "[OrvelSDK] musica non trovata: PATH" to the
  * standard error stream. The old music stops even when the new file is missing. Raises
  * std::bad_alloc.
@@ -1885,7 +1965,7 @@ export interface kit_format {
     dither: number;
     /** a number of quarters clockwise, back when negative */
     turns: number;
-    /** the panel's, without alpha, colors of them */
+    /** the panel's, without alpha, `colors` of them */
     palette: readonly orvel_color[] | null;
     /** the number of the colour that KIT_PLANE marks, from 0 */
     plane: number;
@@ -1931,7 +2011,7 @@ export interface kit_widget {
     amount: number;
     /** the fraction of sliders, progress bars, spinners and ratings */
     value: number;
-    /** the values of bars, 0 to 1, count of them */
+    /** the values of bars, 0 to 1, `count` of them */
     data: Reals;
     /** of a text field with focus: the offset of the caret, in bytes */
     caret: number;
@@ -1960,7 +2040,7 @@ function put_kit_widget(at: number, from: Given<kit_widget>): void {
 
 /** One row of values. */
 export interface kit_series {
-    /** count of them; NaN or infinite is a missing one */
+    /** `count` of them; NaN or infinite is a missing one */
     values: Reals;
     /** alpha 0: the theme's accent, then others by number */
     color: orvel_color;
@@ -1984,7 +2064,7 @@ export interface kit_chart {
     kind: number;
     /** nothing is painted outside; the ground is left as it is */
     box: kit_box;
-    /** count of them */
+    /** `count` of them */
     series: readonly kit_series[] | null;
     /** the range, a number; found from the values, with zero for */
     low: number;
@@ -2252,8 +2332,8 @@ export function kit_play_tone(frequency_hz: number, duration_ms: number): number
 }
 
 /**
- * The colour percent of the way from one to another, each of the four channels cut toward
- *  from. A percent is clamped to [0, 100].
+ * The colour `percent` of the way from one to another, each of the four channels cut toward
+ *  `from`. A percent is clamped to [0, 100].
  */
 export function kit_mix(
     from: Given<orvel_color>,
@@ -2293,11 +2373,11 @@ export function kit_grey(color: Given<orvel_color>): number {
 }
 
 /**
- * Copies the box part of from to the place (x, y) of to, pixel by pixel, alpha included;
+ * Copies the box `part` of `from` to the place (x, y) of `to`, pixel by pixel, alpha included;
  * what lies outside either canvas is left out. The two may be one canvas, and the boxes may
  * overlap.
  *
- * @param part borrowed; may be null, which is all of from.
+ * @param part borrowed; may be null, which is all of `from`.
  * @returns 0; -1 for null.
  */
 export function kit_copy(
@@ -2327,7 +2407,7 @@ export function kit_copy(
 /**
  * As kit_copy(), but a pixel with alpha 0 leaves what is there.
  *
- * @param part borrowed; may be null, which is all of from.
+ * @param part borrowed; may be null, which is all of `from`.
  * @returns 0; -1 for null.
  */
 export function kit_stamp(
@@ -2390,7 +2470,7 @@ export function kit_icon(
 }
 
 /**
- * Begins drawing that is to stay inside box: cuts the box to the canvas and returns a canvas of
+ * Begins drawing that is to stay inside `box`: cuts the box to the canvas and returns a canvas of
  * just that size that shows what is there. Draw on it with the box's new x and y subtracted, then
  * hand both to kit_clip_end(). No pixel outside the box changes.
  *
@@ -2418,10 +2498,10 @@ export function kit_clip_begin(
 }
 
 /**
- * Copies inside back to the place of box, and destroys it, also where the others are null.
+ * Copies `inside` back to the place of `box`, and destroys it, also where the others are null.
  *
  * @param inside taken; null is refused.
- * @returns 0; -1 for null, and for the canvas itself in place of inside, which stays.
+ * @returns 0; -1 for null, and for the canvas itself in place of `inside`, which stays.
  */
 export function kit_clip_end(
     canvas: orvel_canvas | null,
@@ -2446,7 +2526,7 @@ export function kit_clip_end(
 }
 
 /**
- * What a row of width pixels takes in bytes, after any turn; 0 for what is no format, a width
+ * What a row of `width` pixels takes in bytes, after any turn; 0 for what is no format, a width
  *  below 1 and where size_t cannot tell.
  */
 export function kit_pixels_stride(format: Given<kit_format> | null, width: number): number {
@@ -2465,7 +2545,7 @@ export function kit_pixels_stride(format: Given<kit_format> | null, width: numbe
 }
 
 /**
- * Writes the pixels of box to to, turned, rows top first, each stride bytes after the one
+ * Writes the pixels of `box` to `to`, turned, rows top first, each `stride` bytes after the one
  * before (0: kit_pixels_stride()). The bits that fill up a row's last byte are 0; bytes between the
  * rows are left alone. Nothing is written unless all of it fits.
  *
@@ -2473,8 +2553,8 @@ export function kit_pixels_stride(format: Given<kit_format> | null, width: numbe
  * no palette, a number of colours or a plane outside it. Other fields may hold anything.
  *
  * @param box borrowed; may be null, which is all of the canvas.
- * @param to written, size of its bytes; null is refused.
- * @returns 0; -1 for null, a box that is empty or not wholly on the canvas, what is no format, a stride shorter than a row, a memory of size bytes too small for the rows (the last one ends where its pixels do), and where memory runs out.
+ * @param to written, `size` of its bytes; null is refused.
+ * @returns 0; -1 for null, a box that is empty or not wholly on the canvas, what is no format, a stride shorter than a row, a memory of `size` bytes too small for the rows (the last one ends where its pixels do), and where memory runs out.
  */
 export function kit_pixels(
     canvas: orvel_canvas | null,
@@ -2721,7 +2801,7 @@ export function kit_face_open(path: Text): kit_face | null {
 /**
  * As kit_face_open(), from memory; reasons begin with "font" in place of a path.
  *
- * @param bytes borrowed, length of them; null is refused.
+ * @param bytes borrowed, `length` of them; null is refused.
  * @returns the caller's, for kit_face_close(); null, and the reason, when it is refused.
  */
 export function kit_face_read(bytes: Text): kit_face | null {
@@ -2743,8 +2823,8 @@ export function kit_face_read(bytes: Text): kit_face | null {
 }
 
 /**
- * A face that takes from second what first lacks; lines are as high as the higher one, and
- * capitals count as high as those of first. At most 8 faces come together so. Letters of two
+ * A face that takes from `second` what `first` lacks; lines are as high as the higher one, and
+ * capitals count as high as those of `first`. At most 8 faces come together so. Letters of two
  * faces are not kerned with each other.
  *
  * @param first kept until the new one is closed; null is refused.
@@ -2769,7 +2849,7 @@ export function kit_face_fallback(
     }
 }
 
-/** Releases what kit_face_open(), _read() or _fallback() returned; face is taken. */
+/** Releases what kit_face_open(), _read() or _fallback() returned; `face` is taken. */
 export function kit_face_close(face: kit_face | null): void {
     Objects.take(face, kit_face, "face");
 }
@@ -2826,7 +2906,9 @@ export function kit_face_cap(face: kit_face | null): number {
     }
 }
 
-/** @returns 1 when the face, or one behind it, has the character, code is its number; else 0. */
+/**
+ * @returns 1 when the face, or one behind it, has the character, `code` is its number; else 0.
+ */
 export function kit_face_has(face: kit_face | null, code: number): number {
     const mark = Room.enter();
     try {
@@ -2859,7 +2941,7 @@ export function kit_text_width(face: kit_face | null, text: Text): number {
 }
 
 /**
- * Draws one line that starts at x and whose letters stand on the row baseline: the lowest row of
+ * Draws one line that starts at x and whose letters stand on the row `baseline`: the lowest row of
  * a letter without a descender is the one above it.
  *
  * @param canvas borrowed; may be null.
@@ -2960,7 +3042,7 @@ export function kit_text_wrap(
 }
 
 /**
- * The width in pixels of a line up to a caret; offset is where, in bytes. An offset inside a
+ * The width in pixels of a line up to a caret; `offset` is where, in bytes. An offset inside a
  * character counts as the one before it; one past the end as the end.
  */
 export function kit_text_x(face: kit_face | null, text: Text, offset: number): number {
@@ -3155,7 +3237,7 @@ export function kit_screen_open(path: Text, data: Text, host: Asked | null): kit
 /**
  * As kit_screen_open(), from memory. Includes come from the host.
  *
- * @param bytes borrowed, length of them; null is refused.
+ * @param bytes borrowed, `length` of them; null is refused.
  * @param name with which reasons begin; borrowed; may be null, which is "scene".
  * @param data borrowed; may be null, which is the "sample".
  * @param host borrowed; may be null; what it holds is kept until the screen is closed.
@@ -3195,14 +3277,14 @@ export function kit_screen_read(
     }
 }
 
-/** Releases a screen; screen is taken. */
+/** Releases a screen; `screen` is taken. */
 export function kit_screen_close(screen: kit_screen | null): void {
     Objects.take(screen, kit_screen, "screen");
 }
 
 /**
  * The size that the screen has: its file's "size", what kit_screen_resize() said, or what its root
- *  wants. 0 for null. w and h are written, in pixels, and may be null.
+ *  wants. 0 for null. `w` and `h` are written, in pixels, and may be null.
  */
 export function kit_screen_size(screen: kit_screen | null, w: Out, h: Out): void {
     const mark = Room.enter();
@@ -3251,8 +3333,8 @@ export function kit_screen_resize(screen: kit_screen | null, w: number, h: numbe
 }
 
 /**
- * Sets the value name ("battery", "now.temp", "days[2].name"; empty: all of the data) to the
- * JSON text json. Objects on its way are made where they are missing, an index one past the end
+ * Sets the value `name` ("battery", "now.temp", "days[2].name"; empty: all of the data) to the
+ * JSON text `json`. Objects on its way are made where they are missing, an index one past the end
  * of a list adds to it.
  */
 export function kit_screen_set(screen: kit_screen | null, name: Text, json: Text): number {
@@ -3281,7 +3363,7 @@ export function kit_screen_set(screen: kit_screen | null, name: Text, json: Text
     }
 }
 
-/** @returns the value name as JSON, borrowed until the next call; null where there is none. */
+/** @returns the value `name` as JSON, borrowed until the next call; null where there is none. */
 export function kit_screen_get(screen: kit_screen | null, name: Text): string | null {
     const mark = Room.enter();
     let screen_cell: Cell | undefined;
@@ -3302,7 +3384,7 @@ export function kit_screen_get(screen: kit_screen | null, name: Text): string | 
 }
 
 /**
- * Adds the node json to the row, column or stack parent, before its child number at,
+ * Adds the node `json` to the row, column or stack `parent`, before its child number `at`,
  *  counted from 0; a negative or larger number adds it at the end.
  */
 export function kit_screen_add(
@@ -3337,7 +3419,7 @@ export function kit_screen_add(
     }
 }
 
-/** Removes the node id, with all below it, from the row, column or stack that it is in. */
+/** Removes the node `id`, with all below it, from the row, column or stack that it is in. */
 export function kit_screen_remove(screen: kit_screen | null, id: Text): number {
     const mark = Room.enter();
     let screen_cell: Cell | undefined;
@@ -3364,7 +3446,7 @@ export function kit_screen_remove(screen: kit_screen | null, id: Text): number {
 }
 
 /**
- * Sets the key key ("text", "width", ...) of a node.
+ * Sets the key `key` ("text", "width", ...) of a node.
  *
  * @param id borrowed; may be null, which is the scene itself, whose "theme" and "face" can be set.
  * @param json borrowed; may be null, which removes the key.
@@ -3434,7 +3516,7 @@ export function kit_screen_draw(
     }
 }
 
-/** Has the next kit_screen_draw() draw a box, too; box may be null, which is everything. */
+/** Has the next kit_screen_draw() draw a box, too; `box` may be null, which is everything. */
 export function kit_screen_expose(screen: kit_screen | null, box: Given<kit_box> | null): void {
     const mark = Room.enter();
     let screen_cell: Cell | undefined;
