@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Builds the manual from a build of the library: pictures, reference, code blocks, pages, links."""
+"""Builds the manual from a build of the library: pictures, code blocks, pages, reference, search, links."""
 import argparse
 import os
 import pathlib
@@ -7,8 +7,10 @@ import re
 import shutil
 import subprocess
 import sys
+import time
 
 import blocks
+import cheat_sheet
 import links
 import reference
 
@@ -75,11 +77,18 @@ def main():
     for picture in lists.glob("*.png"):
         picture.rename(pages / "pictures" / picture.name)
 
-    step("reading the header")
-    quiet(["doxygen", SOURCES / "docs/Doxyfile"],
-          env=os.environ | {"PROJECT_SOURCE_DIR": str(SOURCES), "OUTPUT": str(out)})
-    (pages / "reference.md").write_text(
-        reference.reference(out / "xml", SOURCES / "include/orvel.h"), encoding="utf-8")
+    for picture in (SOURCES / "docs/images").glob("*.gif"):
+        shutil.copy(picture, pages / "pictures")
+
+    step("writing the reference")
+    for name, text in reference.pages().items():
+        (pages / name).write_text(text, encoding="utf-8")
+    chromium = shutil.which("chromium") or shutil.which("chromium-browser")
+    (pages / "cheat-sheet.md").write_text(
+        cheat_sheet.page().replace("[[links]]", cheat_sheet.LINKS if chromium else ""),
+        encoding="utf-8")
+    for name in ("pdf", "png") if chromium else ():
+        (pages / f"cheat-sheet.{name}").touch()  # made of the finished page
 
     shutil.copy(SOURCES / "SECURITY.md", pages / "security.md")
 
@@ -90,7 +99,7 @@ def main():
             blocks.run(page, SOURCES, tree, work)
         text = page.read_text(encoding="utf-8")
         (pages / page.name).write_text(staged(text, lists, work), encoding="utf-8")
-        for picture in work.glob("*.png"):
+        for picture in (*work.glob("*.png"), *work.glob("*.gif")):
             (pages / page.stem).mkdir(exist_ok=True)
             shutil.copy(picture, pages / page.stem)
 
@@ -101,6 +110,16 @@ def main():
     config = (SOURCES / "docs/mkdocs.yml").read_text(encoding="utf-8")
     (out / "mkdocs.yml").write_text(f'{config}extra:\n  version: "{version}"\n', encoding="utf-8")
     quiet(["mkdocs", "build", "--strict", "--clean", "--quiet", "-f", out / "mkdocs.yml"])
+    if chromium:
+        epoch = os.environ.get("SOURCE_DATE_EPOCH", "0")
+        cheat_sheet.print_out(out / "site", chromium,
+                              time.strftime("%Y%m%d%H%M%S", time.gmtime(int(epoch))))
+    search = out / "site/search"
+    (search / "search_index.js").write_text(  # a page in a folder may load a script, and fetch nothing
+        f"const searchIndex = {(search / 'search_index.json').read_text(encoding='utf-8')};\n",
+        encoding="utf-8")
+    for unused in ("main.js", "worker.js", "search_index.json", "../sitemap.xml", "../sitemap.xml.gz"):
+        (search / unused).unlink()
     problems = links.broken_links(out / "site")
     if problems:
         sys.exit("manual: " + "\nmanual: ".join(problems))

@@ -1,123 +1,117 @@
-"""Writes the reference page from Doxygen's XML of the header."""
-import html
+"""Writes the pages of the reference, one for each header, and the cheat sheet."""
 import re
-import xml.etree.ElementTree as xml
 
-SECTION = re.compile(r"^/\* ---- (.+) ---- \*/$")
+import interface
 
-
-def code_name(text):
-    return f"<code>{html.escape(text)}</code>"
-
-
-def inline(element):
-    """The text of an element and all in it, as HTML."""
-    text = html.escape(element.text or "")
-    for child in element:
-        if child.tag == "ref":
-            target = html.escape("".join(child.itertext()).removesuffix("()"))
-            text += f'<a href="#{target}">{inline(child)}</a>'
-        elif child.tag == "computeroutput":
-            text += f"<code>{inline(child)}</code>"
-        elif child.tag == "emphasis":
-            text += code_name("".join(child.itertext()))  # what the header calls @p
-        elif child.tag == "itemizedlist":
-            text += "".join(["<ul>"] + [f"<li>{inline(item)}</li>" for item in child] + ["</ul>"])
-        elif child.tag in ("parameterlist", "simplesect"):
-            pass  # laid out by themselves
-        else:
-            text += inline(child)
-        text += html.escape(child.tail or "")
-    return text
+PAGES = {"orvel.h": "reference.md", "orvel_kit.h": "reference-kit.md",
+         "orvel_screen.h": "reference-screen.md"}
+CODE = re.compile(r"(`[^`]*`)")
+NAME = re.compile(r"\b((?:orvel|kit)_\w*[a-z\d])(\(\))?")
+SPECIAL = re.compile(r"([\\*_\[\]<>#])")
 
 
-def paragraphs(member):
-    out = []
-    for place in ("briefdescription", "detaileddescription"):
-        for para in member.find(place).findall("para"):
-            text = inline(para).strip()
-            if text:
-                out.append(f"<div>{text}</div>" if "<ul>" in text else f"<p>{text}</p>")
-    return out
+def places(libraries):
+    """Where each function, record, enumeration and object is told of."""
+    return {thing["name"]: PAGES[library["header"]] for library in libraries
+            for kind in ("functions", "records", "enums", "objects") for thing in library[kind]}
 
 
-def parameters(member):
-    rows = []
-    for item in member.findall(".//parameterlist/parameteritem"):
-        name = "".join(item.find("parameternamelist").itertext()).strip()
-        rows.append(f"<dt>{code_name(name)}</dt><dd>{inline(item.find('parameterdescription'))}</dd>")
-    for section in member.findall(".//simplesect[@kind='return']"):
-        rows.append(f"<dt>returns</dt><dd>{inline(section)}</dd>")
-    return ['<dl class="parameters">', *rows, "</dl>"] if rows else []
+def kind_link(kind):
+    """A kind of widget, linked to its pictures."""
+    words = kind.removeprefix("ORVEL_WIDGET_").lower()
+    return f"[{words.replace('_', ' ')}](widgets.md#{words.replace('_', '-')})"
 
 
-def declaration(member):
-    """The function as a C declaration, wrapped at its parameters."""
-    result = "".join(member.find("type").itertext())
-    head = f"{result}{'' if result.endswith('*') else ' '}{member.findtext('name')}("
-    arguments = []
-    for parameter in member.findall("param"):
-        kind = "".join(parameter.find("type").itertext())
-        name = parameter.findtext("declname") or ""
-        arguments.append(f"{kind}{'' if kind.endswith('*') or not name else ' '}{name}")
-    lines, line = [], head
-    for number, argument in enumerate(arguments):
-        piece = argument + (");" if number == len(arguments) - 1 else ",")
-        if len(line) + len(piece) + 1 > 76:
-            lines.append(line)
-            line = "    "
-        line += ("" if line in (head, "    ") else " ") + piece
-    return "\n".join(lines + [line if arguments else head + "void);"])
+class Words:
+    """Turns comments into Markdown, with names as links."""
+
+    def __init__(self, libraries):
+        self.places = places(libraries)
+
+    def linked(self, match):
+        name, call = match[1], match[2] or ""
+        if name not in self.places:
+            return SPECIAL.sub(r"\\\1", match[0])
+        return f"[`{name}{call}`]({self.places[name]}#{name})"
+
+    def inline(self, text):
+        """A part of a line without backquotes."""
+        out, end = "", 0
+        for match in NAME.finditer(text):
+            out += SPECIAL.sub(r"\\\1", text[end:match.start()]) + self.linked(match)
+            end = match.end()
+        return out + SPECIAL.sub(r"\\\1", text[end:])
+
+    def of(self, text):
+        parts = CODE.split(interface.as_lists(text))
+        return "".join(part if part.startswith("`") else self.inline(part) for part in parts)
+
+    def cell(self, text):
+        return " ".join(self.of(text).split()).replace("|", "&#124;")
 
 
-def sections_of(header):
-    """The line numbers at which the header's sections start, and their names."""
-    for number, line in enumerate(header.read_text(encoding="utf-8").splitlines(), 1):
-        match = SECTION.match(line)
-        if match:
-            yield number, match[1]
+def table(head, rows):
+    lines = ["", "| " + " | ".join(head) + " |", "|" + "---|" * len(head)]
+    return [*lines, *("| " + " | ".join(row) + " |" for row in rows), ""]
 
 
-def fields_of(folder, refid):
-    compound = xml.parse(folder / f"{refid}.xml").getroot().find("compounddef")
-    name = compound.findtext("compoundname")
-    rows = [f'## {name} {{: #{name} }}', "", *paragraphs(compound), "",
-            '<div class="wide"><table><thead><tr><th>Field</th><th>Meaning</th></tr></thead><tbody>']
-    for member in compound.iter("memberdef"):
-        kind = "".join(member.find("type").itertext())
-        about = " ".join(paragraphs(member)).replace("<p>", "").replace("</p>", "")
-        rows.append(f"<tr><td>{code_name(kind + ' ' + member.findtext('name'))}</td>"
-                    f"<td>{about}</td></tr>")
-    return rows + ["</tbody></table></div>", ""]
+def function(words, each):
+    page = [f"### {each['name']} {{: #{each['name']} }}", "", "```c", interface.declaration(each),
+            "```", "", words.of(each["comment"]), ""]
+    rows = [(f"`{one['name']}`", words.cell(one["comment"]))
+            for one in each["arguments"] if "comment" in one]
+    if "comment" in each["returns"]:
+        rows.append(("returns", words.cell(each["returns"]["comment"])))
+    if rows:
+        page += table(("Argument", "Meaning"), rows)
+    notes = []
+    if "kind" in each:
+        notes.append(f"Pictures: {kind_link(each['kind'])}.")
+    if "shown_by" in each:
+        notes.append("Pictures: " + ", ".join(map(kind_link, each["shown_by"])) + ".")
+    if "guarded" in each:
+        notes.append(f"Guarded form: {words.inline(each['guarded'] + '()')}.")
+    return [*page, " ".join(notes), ""]
 
 
-def enumeration(member):
-    name = member.findtext("name")
-    rows = [f"## {name} {{: #{name} }}", "", *paragraphs(member), "",
-            '<div class="wide"><table><thead><tr><th>Kind</th><th>Code</th></tr></thead><tbody>']
-    for value in member.findall("enumvalue"):
-        number = value.findtext("initializer").removeprefix("= ")
-        rows.append(f"<tr><td>{code_name(value.findtext('name'))}</td><td>{number}</td></tr>")
-    return rows + ["</tbody></table></div>", ""]
+def record(words, each):
+    rows = [(f"`{interface.named(field['c'], field['name'])}`", words.cell(field["comment"]))
+            for field in each["fields"]]
+    return [f"### {each['name']} {{: #{each['name']} }}", "", words.of(each["comment"]),
+            *table(("Field", "Meaning"), rows)]
 
 
-def reference(folder, header):
-    """The whole page, as Markdown."""
-    compound = xml.parse(folder / "orvel_8h.xml").getroot().find("compounddef")
-    page = ["# Reference", "", "What the header `orvel.h` says, function by function.", "",
-            "## House rules", "", *paragraphs(compound), ""]
-    for inner in compound.findall("innerclass"):
-        page += fields_of(folder, inner.get("refid"))
-    for member in compound.findall("sectiondef[@kind='enum']/memberdef"):
-        page += enumeration(member)
-    functions = compound.findall("sectiondef[@kind='func']/memberdef")
-    functions.sort(key=lambda member: int(member.find("location").get("line")))
-    sections = list(sections_of(header))
-    for function in functions:
-        line = int(function.find("location").get("line"))
-        while sections and sections[0][0] < line:
-            page += [f"## {sections.pop(0)[1]}", ""]
-        name = function.findtext("name")
-        page += [f"### {name} {{: #{name} .name }}", "", "```c", declaration(function), "```", "",
-                 *paragraphs(function), *parameters(function), ""]
+def enumeration(words, each):
+    rows = [(f"`{value['name']}`", str(value["value"]), words.cell(value["comment"]))
+            for value in each["values"]]
+    if each["name"] == "orvel_widget_kind":
+        rows = [(row[0], row[1], kind_link(row[0][1:-1])) for row in rows]
+    return [f"### {each['name']} {{: #{each['name']} }}", "", words.of(each["comment"]),
+            *table(("Name", "Number", "Meaning"), rows)]
+
+
+def page_of(words, library):
+    title, _, rules = library["comment"].partition("\n\n")
+    page = [f"# {library['header']}", "", words.of(title.split("\n", 1)[1]), "",
+            "## House rules", "", words.of(rules), ""]
+    types = [*library["objects"], *library["records"], *library["enums"]]
+    page += ["## Types", ""] if types else []
+    for each in library["objects"]:
+        page += [f"### {each['name']} {{: #{each['name']} }}", "", words.of(each["comment"]), ""]
+    for each in library["records"]:
+        page += record(words, each)
+    for each in library["enums"]:
+        page += enumeration(words, each)
+    for name, functions in interface.sections(library):
+        page += [f"## {name} {{: #section-{name.lower().replace(' ', '-')} }}", ""]
+        page += [words.of(text) + "\n" for text in library["introductions"].get(name, [])]
+        for each in functions:
+            page += function(words, each)
     return "\n".join(page)
+
+
+def pages():
+    """Every page's name and text."""
+    libraries = interface.libraries()
+    words = Words(libraries)
+    return {PAGES[library["header"]]: page_of(words, library) for library in libraries}

@@ -2,8 +2,8 @@
  * @file orvel.h
  * The whole interface of OrvelSDK, and its manual.
  *
- * A host creates a canvas in memory, draws on it, and saves it as a picture. The same calls give
- * the same bytes on every machine.
+ * The host, which is the program that uses the library, creates a canvas in memory, draws on it,
+ * and saves it as a picture. The same calls give the same bytes on every machine.
  *
  * House rules, for every function unless it says otherwise:
  *  - Null. A null object pointer is tolerated: the call does nothing, or returns its neutral value
@@ -80,7 +80,8 @@ typedef struct orvel_theme {
     orvel_color accent;       /**< what is selected, filled, switched on or open */
     orvel_color border;       /**< frames, rules, tracks, what is off; a list item's arrow */
     orvel_color button;       /**< a button's face */
-    orvel_color button_hover; /**< it or a knob under the pointer; what lists and menus select */
+    orvel_color button_hover; /**< it or a slider's knob under the pointer; selected list and menu
+                                 items */
     orvel_color button_text;  /**< a button's caption */
     orvel_color error;        /**< no widget uses it; for the host's own drawing */
 } orvel_theme;
@@ -277,6 +278,11 @@ ORVEL_API int orvel_icon_exists(const char* name);
  * cut-outs take the colour of the canvas at (x, y), or opaque black where that is transparent or
  * outside.
  *
+ * Two designs measure from the top of the canvas and look as intended only where y is 0: further
+ * down, "home" loses its body, and the stem of "power" reaches past the square. To place them
+ * anywhere, draw them on a canvas of their own and copy it, which is what kit_icon() of the kit
+ * does.
+ *
  * @return 0; -1 for null arguments or a size below 1, which draw nothing, and for an unknown name,
  *         which draws a one-pixel frame of the square.
  */
@@ -352,97 +358,126 @@ ORVEL_API int orvel_theme_save(const orvel_theme* theme, const char* name);
  *  - result: the caller's, for orvel_widget_destroy(), or null.
  *  - text, title, name, items, initials, icon: raises std::bad_alloc when it cannot be copied.
  *
- * A host tests hits itself, so it needs to know what a widget covers: the rectangle given, or the
- * size told beside the constructor, where tw is orvel_text_width() of the text. Texts are not cut
- * to their widget, and some kinds paint a pixel past it.
+ * Hit testing is the host's, so it needs to know what a widget covers: the rectangle of @p w by
+ * @p h pixels at (x, y), or the size that is told beside the constructor, where tw is
+ * orvel_text_width() of the text. Texts are not cut to their widget, and some kinds paint a pixel
+ * past it. A theme's colours are called by their fields.
  */
 
-/** A framed surface with a band for its title along the top, 12 pixels high. */
+/** A window: surface in a border frame, and along its top a band of accent, 12 rows high, with the
+ * title in background. */
 ORVEL_API orvel_widget* orvel_widget_window(orvel_canvas* canvas, const orvel_theme* theme,
                                             const char* title, int x, int y, int w, int h);
-/** A framed surface. */
+/** A panel: surface in a border frame. */
 ORVEL_API orvel_widget* orvel_widget_panel(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                            int y, int w, int h);
-/** tw x 7: text in the text colour, without a ground. */
+/** tw x 7: one line of words, without a ground. */
 ORVEL_API orvel_widget* orvel_widget_label(orvel_canvas* canvas, const orvel_theme* theme,
                                            const char* text, int x, int y);
-/** Reacts to hover. */
+/** A push button: a framed box of the colour button, with its caption in the middle. Under the
+ * pointer the box is button_hover. */
 ORVEL_API orvel_widget* orvel_widget_button(orvel_canvas* canvas, const orvel_theme* theme,
                                             const char* text, int x, int y, int w, int h);
-/** A switch. Shows whether it is active. */
+/** A switch: a framed track, accent when on and else border, and a round knob in background at its
+ * right end when on and at its left end when off. */
 ORVEL_API orvel_widget* orvel_widget_toggle(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                             int y, int w, int h, int on);
-/** tw + 13 x 9: a box and a caption beside it. Shows whether it is active. */
+/** tw + 13 x 9: a box of 9 x 9 with a tick when checked, and a caption to its right. */
 ORVEL_API orvel_widget* orvel_widget_checkbox(orvel_canvas* canvas, const orvel_theme* theme,
                                               const char* text, int x, int y, int checked);
-/** w x 9. Reacts to hover. */
+/** w x 9: a track of 3 rows and a knob of 9 x 9, whose middle is w times the value from the left:
+ * at 0 and 1 half of it lies outside the width. Under the pointer the knob is button_hover, else
+ * accent. */
 ORVEL_API orvel_widget* orvel_widget_slider(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                             int y, int w, double value);
-/** A frame that fills from the left; at 1 the filling covers the right side of the frame. */
+/** A progress bar: a frame that fills from the left with accent; at 1 the filling covers the right
+ * side of the frame. */
 ORVEL_API orvel_widget* orvel_widget_progress(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                               int y, int w, int h, double value);
-/** Reacts to hover. */
+/** A text field: surface in a frame, accent under the pointer and else border, with the text from
+ * the left. It shows neither caret nor selection. */
 ORVEL_API orvel_widget* orvel_widget_textbox(orvel_canvas* canvas, const orvel_theme* theme,
                                              const char* text, int x, int y, int w, int h);
-/** @p name is one of the built-in icons. */
+/** size x size: the built-in icon @p name in accent, from a size of 9 on with a margin of one
+ * pixel. */
 ORVEL_API orvel_widget* orvel_widget_icon(orvel_canvas* canvas, const orvel_theme* theme,
                                           const char* name, int x, int y, int size);
-/** @p name is a bitmap of the resource folder "Icons", drawn at its own size. */
+/** The bitmap @p name of the resource folder "Icons", at its own size. */
 ORVEL_API orvel_widget* orvel_widget_image(orvel_canvas* canvas, const orvel_theme* theme,
                                            const char* name, int x, int y);
-/** A line from x to x + w, both ends included. */
+/** A rule one pixel high from x to x + w, both ends included. */
 ORVEL_API orvel_widget* orvel_widget_separator(orvel_canvas* canvas, const orvel_theme* theme,
                                                int x, int y, int w);
-/** A framed surface with a stripe of the accent down its left side. */
+/** A card: surface in a border frame, with a stripe of accent 3 pixels wide down its left side. */
 ORVEL_API orvel_widget* orvel_widget_card(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                           int y, int w, int h);
-/** tw + 13 x 9: a circle and a caption beside it. Shows whether it is active. */
+/** tw + 13 x 9: a radio button, which is a circle with a dot in it, accent when selected and else
+ * surface, and a caption to its right. One of several is selected at a time if the host sees to
+ * it. */
 ORVEL_API orvel_widget* orvel_widget_radio(orvel_canvas* canvas, const orvel_theme* theme,
                                            const char* text, int x, int y, int selected);
-/** An open dropdown differs by its frame; its list is the host's to draw. */
+/** A drop-down field: surface in a frame, accent when open and else border, with the text from the
+ * left and an arrow at the right. The list that opens is the host's to draw. */
 ORVEL_API orvel_widget* orvel_widget_dropdown(orvel_canvas* canvas, const orvel_theme* theme,
                                               const char* text, int x, int y, int w, int h,
                                               int open);
-/** @p value is the fraction of a clockwise turn from 3 o'clock. */
+/** size x size: a sign that something is going on, which is a circle and a dot on it. @p value is
+ * the fraction of a clockwise turn from 3 o'clock that the dot has made; the host advances it. */
 ORVEL_API orvel_widget* orvel_widget_spinner(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                              int y, int size, double value);
-/** 50 x 10. @p value is the fraction of five stars. */
+/** 50 x 10: five stars, 10 pixels apart, of which the nearest whole number to 5 times the value are
+ * accent, and the others border. @p value is a fraction. */
 ORVEL_API orvel_widget* orvel_widget_rating(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                             int y, double value);
-/** @p value is a number, between a minus and a plus, each in a square of the height. */
+/** A number between a minus and a plus, each in a framed square of the height; @p value is a
+ * number of any size. */
 ORVEL_API orvel_widget* orvel_widget_stepper(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                              int y, int w, int h, int value);
-/** @p items are the captions, joined with "|"; @p selected is the number of one, from 0. */
+/** Tabs side by side, each w / n pixels wide for n of them; the remainder stays empty at the right.
+ * @p items are the captions, joined with "|"; @p selected is the number of the open one, from 0:
+ * it is surface under a line of accent. */
 ORVEL_API orvel_widget* orvel_widget_tabs(orvel_canvas* canvas, const orvel_theme* theme,
                                           const char* items, int x, int y, int w, int h,
                                           int selected);
-/** A disc and its outline, size + 1 pixels across for an even size. Null @p initials are "?". */
+/** A disc of accent with an outline, size + 1 pixels across for an even size. The initials are
+ * placed for one letter, and longer ones reach to the right; null @p initials are "?". */
 ORVEL_API orvel_widget* orvel_widget_avatar(orvel_canvas* canvas, const orvel_theme* theme,
                                             const char* initials, int x, int y, int size);
-/** A number on a rounded ground: 14 x 11 for one digit and 6 more for each further character. */
+/** A number on a rounded ground of accent: 14 x 11 for one digit and 6 more for each further
+ * character. */
 ORVEL_API orvel_widget* orvel_widget_badge(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                            int y, int count);
-/** A title and three dots at the right end, whose colours no theme changes. */
+/** A title bar: surface in a border frame, the title at the left, and at the right end three dots,
+ * whose colours no theme changes. */
 ORVEL_API orvel_widget* orvel_widget_titlebar(orvel_canvas* canvas, const orvel_theme* theme,
                                               const char* title, int x, int y, int w, int h);
-/** @p icon is one of the built-in icons; null or empty for none. */
+/** A row of a list: background in a border frame, or button_hover in an accent one when selected;
+ * at the left an icon of 16 x 16 and the text, at the right an arrow. @p icon is a built-in icon;
+ * null or empty for none. */
 ORVEL_API orvel_widget* orvel_widget_list_item(orvel_canvas* canvas, const orvel_theme* theme,
                                                const char* text, const char* icon, int x, int y,
                                                int w, int h, int selected);
-/** Items side by side, joined with "|"; @p selected is the number of one, from 0. */
+/** A menu bar: items side by side, each w / n pixels wide for n of them, without a ground of its
+ * own; the remainder stays empty at the right. @p items are the captions, joined with "|";
+ * @p selected is the number of one, from 0: it is button_hover over a line of accent. */
 ORVEL_API orvel_widget* orvel_widget_menu(orvel_canvas* canvas, const orvel_theme* theme,
                                           const char* items, int x, int y, int w, int h,
                                           int selected);
-/** Draws nothing until orvel_widget_set_data() has given it values. */
+/** A bar chart: bars of accent in a frame, for n values one every w / n pixels, with a gap of one
+ * pixel; the remainder stays empty at the right. Bars are at least 2 pixels apart, so more than
+ * w / 2 values run past the right side. Draws nothing until orvel_widget_set_data() has given it
+ * values. */
 ORVEL_API orvel_widget* orvel_widget_bars(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                           int y, int w, int h);
-/** A text field with a magnifier. Shows whether it is active. */
+/** A search field: surface in a frame, accent when active and else border, with a magnifier in a
+ * square of the height and the text to its right. */
 ORVEL_API orvel_widget* orvel_widget_search(orvel_canvas* canvas, const orvel_theme* theme,
                                             const char* text, int x, int y, int w, int h);
-/** tw + 8 x 12: a bubble, with a pointer below it that has a row more. */
+/** tw + 8 x 12: a bubble of 10 rows with the text, and below its middle a pointer of 3 rows, the
+ * last of which is outside. */
 ORVEL_API orvel_widget* orvel_widget_tooltip(orvel_canvas* canvas, const orvel_theme* theme,
                                              const char* text, int x, int y);
-/** A line of text under a rule from x to x + w, both ends included. */
+/** A status bar: a line of text on surface, under a rule from x to x + w, both ends included. */
 ORVEL_API orvel_widget* orvel_widget_statusbar(orvel_canvas* canvas, const orvel_theme* theme,
                                                const char* text, int x, int y, int w, int h);
 
@@ -457,7 +492,8 @@ ORVEL_API void orvel_widget_destroy(orvel_widget* widget);
  *  - values: borrowed, @p count of them; null is refused.
  */
 
-/** The pointer is over the widget. Shown by button, slider, textbox. */
+/** The pointer is over the widget: a button's face and a slider's knob are then button_hover, the
+ * frame of a text field is accent. Shown by button, slider, textbox. */
 ORVEL_API void orvel_widget_set_hover(orvel_widget* widget, int on);
 /** On, checked, selected, open or focused. Shown by toggle, checkbox, radio, dropdown, search, list
  * item. */

@@ -43,8 +43,8 @@ def body(comment):
 
 
 def plain(text):
-    """The text of a comment as people read it."""
-    return re.sub(r"@p (?=\w)", "", text)
+    """The text of a comment as people read it, with arguments in backquotes."""
+    return re.sub(r"@p (\w+)", r"`\1`", text)
 
 
 def about(text):

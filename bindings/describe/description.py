@@ -4,6 +4,7 @@ import re
 
 import facts
 import headers
+import javascript
 import python
 
 
@@ -20,4 +21,5 @@ def files(root):
     found = description(root)
     return {"bindings/orvel_api.json": json.dumps(found, indent=1, ensure_ascii=False) + "\n",
             "bindings/python/orvelsdk/_api.py": python.low_level(found),
-            "bindings/python/orvelsdk/_api.pyi": python.stub(found)}
+            "bindings/python/orvelsdk/_api.pyi": python.stub(found),
+            "bindings/js/src/api.ts": javascript.low_level(found)}

@@ -1,6 +1,7 @@
 // Lays the widget states out: both themes side by side, and the calls beneath.
 #include "widget_states.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <sstream>
@@ -82,8 +83,11 @@ void write_widgets(const Output& out) {
     write_sizes(out);
     std::ofstream list = out.list("widgets");
     for (const WidgetKind& kind : widget_kinds()) {
+        std::string maker = "orvel_widget_" + lower(kind.name);
+        std::replace(maker.begin(), maker.end(), '-', '_');
         list << "## " << kind.name << "\n\n"
-             << kind.about << "\n\n<div class=\"states\" markdown=\"1\">\n";
+             << kind.about << " By the library alone: [`" << maker << "`](reference.md#" << maker
+             << ").\n\n<div class=\"states\" markdown=\"1\">\n";
         int index = 0;
         for (const WidgetState& state : kind.states) write_state(out, list, kind, index++, state);
         list << "</div>\n\n";

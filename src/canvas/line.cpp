@@ -108,8 +108,30 @@ void draw_slanted(const Part& part, int64_t M, int64_t m, int64_t ahead, int64_t
     }
 }
 
+/// From so many pixels a row on, rows pay for being drawn one by one.
+constexpr int64_t kFlat = 6;
+
+/// Draws lines that stay in each row for many pixels, row by row.
+void draw_flat(const Part& part, int64_t M, int64_t m, int64_t column, int64_t row,
+               orvel_color color) {
+    const int64_t quotient = M / m, rest = M % m;
+    orvel_color* pixel = part.first;
+    auto to_go = static_cast<int64_t>(part.steps) + 1;
+    int64_t count = (m - 1 - part.error) / m;  // pixels in this row
+    int64_t error = part.error + count * m;    // behind them, before the step aside
+    for (;;) {
+        const int64_t drawn = std::min(count, to_go);
+        fill_run(column > 0 ? pixel : pixel - (drawn - 1), drawn, color);
+        to_go -= drawn;
+        if (to_go == 0) return;
+        pixel += drawn * column + row;
+        count = quotient + (rest > error);
+        error += count * m - M;
+    }
+}
+
 /// Draws any line but a horizontal one.
-void draw(const orvel_canvas& canvas, int x0, int y0, int x1, int y1, uint32_t word) {
+void draw(const orvel_canvas& canvas, int x0, int y0, int x1, int y1, orvel_color color) {
     const auto [left, right] = std::minmax(x0, x1);
     const auto [top, bottom] = std::minmax(y0, y1);
     if (right < 0 || bottom < 0 || left >= canvas.width || top >= canvas.height) return;
@@ -131,9 +153,11 @@ void draw(const orvel_canvas& canvas, int x0, int y0, int x1, int y1, uint32_t w
     const int64_t column = x1 > x0 ? 1 : -1;
     const int64_t row = y1 > y0 ? canvas.width : -static_cast<int64_t>(canvas.width);
     if (m == 0 || m == M) {
-        draw_straight(part, m == 0 ? row : row + column, word);
+        draw_straight(part, m == 0 ? row : row + column, word_of(color));
+    } else if (!is_steep && M >= kFlat * m) {
+        draw_flat(part, M, m, column, row, color);
     } else {
-        draw_slanted(part, M, m, is_steep ? row : column, row + column, word);
+        draw_slanted(part, M, m, is_steep ? row : column, row + column, word_of(color));
     }
 }
 
@@ -144,7 +168,7 @@ using namespace orvel;
 
 void orvel_canvas_line(orvel_canvas* canvas, int x0, int y0, int x1, int y1, orvel_color color) {
     if (!canvas) return;
-    if (y0 != y1) return draw(*canvas, x0, y0, x1, y1, word_of(color));
+    if (y0 != y1) return draw(*canvas, x0, y0, x1, y1, color);
     if (y0 < 0 || y0 >= canvas->height) return;
     const auto [left, right] = std::minmax(x0, x1);
     fill_span(*canvas, {left, static_cast<int64_t>(right) + 1}, y0, color);

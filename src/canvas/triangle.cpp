@@ -2,12 +2,14 @@
 //
 // A pixel is inside unless one edge function is negative there and another positive. The three add
 // up to twice the signed area at every pixel, so inside means that none has the sign opposite to
-// the area's, or that all are zero where the area is. Each edge thus bounds x on a row, by a
-// quotient that is carried from row to row.
+// the area's, or that all are zero where the area is. A row of a triangle thus lies between two
+// edges: the one from the top vertex to the bottom one, and that of the other two which crosses the
+// row. The third is no bound there, since triangles are convex. Where an edge crosses a row is a
+// quotient, which is carried from row to row.
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <initializer_list>
+#include <utility>
 
 #include "canvas/canvas.h"
 
@@ -21,6 +23,90 @@ struct Point {
     int x, y;
 };
 
+/// Columns, both ends included; empty when first > last.
+struct Columns {
+    int first, last;
+};
+
+void fill(const orvel_canvas& canvas, Columns columns, int row, orvel_color color) {
+    if (columns.first > columns.last) return;
+    fill_run(pixel_at(canvas, columns.first, row), columns.last - columns.first + 1, color);
+}
+
+enum class Side { left, right };
+
+/// The first column that is not left of an edge, or the last one that is not right of it, followed
+/// from row to row without a division.
+class Bound {
+public:
+    /// Of the edge from @p top down to @p bottom, beginning with @p row.
+    Bound(Side side, Point top, Point bottom, int row) : slope_(bottom.y - top.y) {
+        const int before_rounding_down = side == Side::left ? slope_ - 1 : 0;
+        const int aside = bottom.x - top.x;
+        column = top.x + divide((row - top.y) * aside + before_rounding_down, rest_);
+        column_step_ = divide(aside, rest_step_);
+    }
+
+    void next_row() {
+        column += column_step_;
+        rest_ += rest_step_;
+        if (rest_ < slope_) return;
+        rest_ -= slope_;
+        ++column;
+    }
+
+    int column;
+
+private:
+    int divide(int value, int& rest) const {
+        rest = value % slope_;
+        const int quotient = value / slope_;
+        if (rest >= 0) return quotient;
+        rest += slope_;
+        return quotient - 1;
+    }
+
+    int slope_, column_step_, rest_, rest_step_;
+};
+
+/// Fills what the canvas shows of the rows from @p row to @p last, and leaves both bounds behind
+/// them.
+void fill_between(const orvel_canvas& canvas, Bound& left_bound, Bound& right_bound, int row,
+                  int last, orvel_color color) {
+    Bound left = left_bound, right = right_bound;  // of their own, in registers
+    for (; row <= last; ++row) {
+        fill(canvas, {std::max(left.column, 0), std::min(right.column, canvas.width - 1)}, row,
+             color);
+        left.next_row();
+        right.next_row();
+    }
+    left_bound = left;
+    right_bound = right;
+}
+
+/// Fills the rows from @p top to @p bottom of a triangle of small coordinates, its vertices given
+/// from the top down.
+void fill_exact(const orvel_canvas& canvas, Point a, Point b, Point c, int top, int bottom,
+                orvel_color color) {
+    if (a.y == c.y) return fill(canvas, {0, canvas.width - 1}, top, color);
+    const int right_of_long = (b.x - a.x) * (c.y - a.y) - (b.y - a.y) * (c.x - a.x);
+    if (right_of_long == 0) {
+        Bound left(Side::left, a, c, top), right(Side::right, a, c, top);
+        return fill_between(canvas, left, right, top, bottom, color);
+    }
+    const Side side = right_of_long > 0 ? Side::left : Side::right;  // of the long edge
+    const Side other = right_of_long > 0 ? Side::right : Side::left;
+    Bound long_edge(side, a, c, top);
+    const auto fill_to = [&](Bound short_edge, int last) {
+        Bound& left = side == Side::left ? long_edge : short_edge;
+        Bound& right = side == Side::left ? short_edge : long_edge;
+        fill_between(canvas, left, right, top, last, color);
+        top = std::max(top, last + 1);
+    };
+    if (a.y < b.y) fill_to(Bound(other, a, b, top), std::min(b.y, bottom));
+    if (b.y < c.y) fill_to(Bound(other, b, c, top), bottom);
+}
+
 /// The edge function of the line from @p a to @p b, in wrapping 32-bit arithmetic.
 struct Edge {
     int per_column, per_row, value;  // value is that of the first pixel of the current row
@@ -29,75 +115,6 @@ struct Edge {
         : per_column(b.y - a.y),
           per_row(a.x - b.x),
           value(-a.x * per_column + (first_row - a.y) * per_row) {}
-
-    Edge operator-() const {
-        Edge opposite = *this;
-        opposite.per_column = -per_column;
-        opposite.per_row = -per_row;
-        opposite.value = -value;
-        return opposite;
-    }
-};
-
-/// Columns, both ends included; empty when first > last.
-struct Columns {
-    int first, last;
-};
-
-/// The quotient of an edge's value and its slope, rounded down and followed from row to row without
-/// a division: the edge is not negative up to this column, or from its opposite on.
-struct Bound {
-    int slope, column, column_step, rest, rest_step;  // not zeroed: most triangles are small
-
-    void follow(const Edge& edge) {
-        slope = std::abs(edge.per_column);
-        column = divide(edge.value, rest);
-        column_step = divide(edge.per_row, rest_step);
-    }
-
-    void next_row() {
-        column += column_step;
-        rest += rest_step;
-        if (rest < slope) return;
-        rest -= slope;
-        ++column;
-    }
-
-private:
-    int divide(int value, int& left_over) const {
-        left_over = value % slope;
-        const int quotient = value / slope;
-        if (left_over >= 0) return quotient;
-        left_over += slope;
-        return quotient - 1;
-    }
-};
-
-/// The bounds of all edges that are not horizontal; those hold on every row of their triangle.
-class Bounds {
-public:
-    void add(const Edge& edge) {
-        if (edge.per_column > 0) left_[lefts_++].follow(edge);
-        if (edge.per_column < 0) right_[rights_++].follow(edge);
-    }
-
-    /// The columns of this row; then goes to the next.
-    Columns take(int width) {
-        Columns columns = {0, width - 1};
-        for (int i = 0; i < lefts_; ++i) {
-            columns.first = std::max(columns.first, -left_[i].column);
-            left_[i].next_row();
-        }
-        for (int i = 0; i < rights_; ++i) {
-            columns.last = std::min(columns.last, right_[i].column);
-            right_[i].next_row();
-        }
-        return columns;
-    }
-
-private:
-    Bound left_[3], right_[3];
-    int lefts_ = 0, rights_ = 0;
 };
 
 /// The plain rule, for what the arithmetic may wrap in: looks at every pixel of a row.
@@ -125,22 +142,6 @@ bool is_exact(const orvel_canvas& canvas, std::initializer_list<Point> points) {
            });
 }
 
-void fill(const orvel_canvas& canvas, Columns columns, int row, orvel_color color) {
-    if (columns.first > columns.last) return;
-    fill_run(pixel_at(canvas, columns.first, row), columns.last - columns.first + 1, color);
-}
-
-Bounds bounds_of(const Edge (&edges)[3]) {
-    const std::int64_t area =
-        static_cast<std::int64_t>(edges[0].value) + edges[1].value + edges[2].value;
-    Bounds bounds;
-    for (const Edge& edge : edges) {
-        if (area >= 0) bounds.add(edge);
-        if (area <= 0) bounds.add(-edge);
-    }
-    return bounds;
-}
-
 }  // namespace
 }  // namespace orvel
 
@@ -154,14 +155,15 @@ void orvel_canvas_fill_triangle(orvel_canvas* canvas, int x0, int y0, int x1, in
     if (top > bottom) return;
 
     const Point p0 = {x0, y0}, p1 = {x1, y1}, p2 = {x2, y2};
-    Edge edges[3] = {{p0, p2, top}, {p2, p1, top}, {p1, p0, top}};
     if (is_exact(*canvas, {p0, p1, p2})) {
-        Bounds bounds = bounds_of(edges);
-        for (int row = top; row <= bottom; ++row) {
-            fill(*canvas, bounds.take(canvas->width), row, color);
-        }
+        Point a = p0, b = p1, c = p2;
+        if (a.y > b.y) std::swap(a, b);
+        if (b.y > c.y) std::swap(b, c);
+        if (a.y > b.y) std::swap(a, b);
+        fill_exact(*canvas, a, b, c, top, bottom, color);
         return;
     }
+    Edge edges[3] = {{p0, p2, top}, {p2, p1, top}, {p1, p0, top}};
     for (int row = top; row <= bottom; ++row) {
         fill(*canvas, scan(edges, canvas->width), row, color);
         for (Edge& edge : edges) edge.value += edge.per_row;

@@ -6,18 +6,19 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <vector>
 
 #include "canvas/canvas.h"
 #include "core/bytes.h"
 #include "core/files.h"
-#include "core/state.h"
 
 namespace orvel {
 namespace {
 
 using std::int32_t;
 using std::int64_t;
+using std::uint32_t;
 
 constexpr int64_t kBlockBytes = 64 * 1024;
 
@@ -59,15 +60,33 @@ int64_t read_at(std::FILE* file, int64_t position, unsigned char* bytes, int64_t
     return static_cast<int64_t>(std::fread(bytes, 1, static_cast<std::size_t>(count), file));
 }
 
-/// Blue, green, red; opaque.
-void draw_row_24(const unsigned char* from, orvel_color* to, int64_t count) {
-    for (int64_t i = 0; i < count; ++i, from += 3) to[i] = {from[2], from[1], from[0], 255};
+/// A pixel as it lies in the file, with its first and third byte, blue and red, exchanged.
+uint32_t exchanged(uint32_t pixel) {
+    const uint32_t ends = pixel & word_of({255, 0, 255, 0});
+    return (pixel ^ ends) | ends << 16 | ends >> 16;
 }
 
-/// Blue, green, red, alpha; where alpha is 0 the canvas stays as it is.
+/// Blue, green, red; opaque. Compilers draw four at once, each read with the byte behind it.
+void draw_row_24(const unsigned char* from, orvel_color* to, int64_t count) {
+    int64_t i = 0;
+    for (; i + 4 < count; i += 4, from += 12) {
+        uint32_t four[4];
+        for (int k = 0; k < 4; ++k) std::memcpy(&four[k], from + 3 * k, sizeof four[k]);
+        for (uint32_t& pixel : four) pixel = exchanged(pixel) | word_of({0, 0, 0, 255});
+        std::memcpy(to + i, four, sizeof four);
+    }
+    for (; i < count; ++i, from += 3) to[i] = {from[2], from[1], from[0], 255};
+}
+
+/// Blue, green, red, alpha; where alpha is 0 the canvas stays as it is. Without a branch, so that
+/// compilers draw four at once.
 void draw_row_32(const unsigned char* from, orvel_color* to, int64_t count) {
     for (int64_t i = 0; i < count; ++i, from += 4) {
-        if (from[3] != 0) to[i] = {from[2], from[1], from[0], from[3]};
+        uint32_t pixel;
+        std::memcpy(&pixel, from, sizeof pixel);
+        const bool is_seen = (pixel & word_of({0, 0, 0, 255})) != 0;
+        pixel = is_seen ? exchanged(pixel) : word_of(to[i]);
+        std::memcpy(to + i, &pixel, sizeof pixel);
     }
 }
 
@@ -128,7 +147,7 @@ using namespace orvel;
 
 int orvel_icon_draw_bitmap(orvel_canvas* canvas, const char* name, int x, int y) {
     if (!canvas || !name) return -1;
-    const File file = open_for_reading(resolve_resource("Icons", name).c_str());
+    const File file = open_resource("Icons", name);
     if (!file) return -1;
     std::setvbuf(file.get(), nullptr, _IONBF, 0);  // each read is a block of its own
     unsigned char bytes[Header::kBytes];

@@ -36,7 +36,7 @@ WRONG = (
     ("orvel.h", "- values: borrowed, @p count of them; null is refused.",
      "- values: written, @p count of them; null is refused.",
      "orvel_widget_set_data: values: written, but it is a const double*"),
-    ("orvel.h", "/** @p value is a number,", "/** Counts",
+    ("orvel.h", "@p value is a\n * number of any size.", "It counts.",
      "orvel_widget_stepper: value: a fraction, but it is an int"),
     ("orvel.h", "@param count  written", "@param counted  written",
      "orvel_icon_list: it has no argument counted"),

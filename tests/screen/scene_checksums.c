@@ -109,9 +109,10 @@ static void draw(const char* folder, const char* scene, int with_data) {
 }
 
 int main(int argument_count, char** arguments) {
-    static const char* const scenes[] = {"departures/board.json",  "home/dashboard.json",
-                                         "instrument/boiler.json", "settings/page.json",
-                                         "weather/mono.json",      "weather/seven.json"};
+    static const char* const scenes[] = {"departures/board.json", "energy/dashboard.json",
+                                         "home/dashboard.json",   "instrument/boiler.json",
+                                         "settings/page.json",    "weather/mono.json",
+                                         "weather/seven.json"};
     size_t i;
     if (argument_count < 2) return 2;
     if (argument_count > 2) {

@@ -55,7 +55,93 @@ stand_in() {  # NAME [COMMANDS]
     chmod +x "$work/bin/$1"
 }
 
+# A checkout whose packages, site and npm package are a file each.
+# shellcheck disable=SC2016  # the stand-ins expand their own arguments
+small_checkout() {
+    tree=$work/tree
+    mkdir -p "$tree/scripts" "$tree/packaging" "$tree/include"
+    cp "$source_folder/scripts/release" "$tree/scripts"
+    cp "$source_folder/packaging/tidy_tarball" "$tree/packaging"
+    printf '#!/bin/bash\necho package >"$1/orvelsdk.deb"\n' >"$tree/scripts/package"
+    stand_in emcc 'echo "emcc (Emscripten gcc/clang-like replacement) 3.1.6 ()"'
+    PATH=$work/bin:$PATH
+    printf '#!/bin/bash\necho module >"$1/orvelsdk-1.2.3.tgz"\n' >"$tree/scripts/npm"
+    printf 'cd "$(dirname "$0")/.." && mkdir -p build/js build/tarball && echo "a b 1 MIT" >build/tarball/compiled-in\n' \
+        >>"$tree/scripts/npm"
+    printf '#!/bin/bash\ncp "$2" "$1.spdx.json"\n' >"$tree/packaging/bill_of_materials"
+    printf '#!/bin/bash\nmkdir -p build/docs/site && echo page >build/docs/site/index.html\n' >"$tree/scripts/docs"
+    sed -i '2s/^/cd "$(dirname "$0")\/.." \&\& /' "$tree/scripts/docs"
+    chmod +x "$tree/scripts/"* "$tree/packaging/"*
+    printf '#define ORVEL_VERSION "1.2.3"\n' >"$tree/include/orvel.h"
+    printf '# Changelog\n\n## 1.2.3\n\n- New.\n\n## 1.2.2\n\n- Old.\n' >"$tree/CHANGELOG.md"
+    echo /build/ >"$tree/.gitignore"
+    git -C "$tree" init -q
+    commit
+}
+
+commit() {
+    git -C "$tree" add -A
+    git -C "$tree" -c user.name=a -c user.email=a@b.example commit -qm "A change"
+}
+
+release() {  # ARGUMENT...; leaves $status, $error
+    status=0
+    "$tree/scripts/release" "$@" >"$work/out" 2>"$work/err" || status=$?
+    error=$(cat "$work/err")
+}
+
 case $2 in
+release_holds_everything_and_its_sums)
+    small_checkout
+    release --twice "$work/dist"
+    expect status "$status$error" 0
+    cd "$work/dist"
+    expect files "$(printf '%s ' *)" \
+        "NOTES.md SHA256SUMS orvelsdk-1.2.3-site.tar.gz orvelsdk-1.2.3-sources.tar.gz \
+orvelsdk-1.2.3.tgz orvelsdk-1.2.3.tgz.spdx.json orvelsdk.deb "
+    expect "what the module has from elsewhere" "$(cat ./*.tgz.spdx.json)" "a b 1 MIT
+lib emscripten 3.1.6 MIT"
+    sha256sum --quiet -c SHA256SUMS || fail "the sums are not those of the files"
+    expect "files with a sum" "$(wc -l <SHA256SUMS)" 6
+    expect notes "$(grep . NOTES.md)" "- New."
+    tar -xzf orvelsdk-1.2.3-site.tar.gz
+    expect "the page" "$(cat orvelsdk-1.2.3-site/index.html)" page
+    tar -xzf orvelsdk-1.2.3-sources.tar.gz
+    diff -r -x .git -x build orvelsdk-1.2.3 "$tree"
+    ;;
+release_made_twice_tells_the_file_that_differs)
+    small_checkout
+    # shellcheck disable=SC2016
+    printf '#!/bin/bash\necho "$0" >"$1/orvelsdk.deb"\n' >"$tree/scripts/package"
+    commit
+    release --twice "$work/dist"
+    expect status "$status" 1
+    expect error "$error" "release: these files came out with other bytes"
+    grep -q '^+.* orvelsdk.deb$' "$work/out" || fail "it does not name the file:" "$(cat "$work/out")"
+    ;;
+release_is_made_of_a_commit_alone)
+    small_checkout
+    echo more >>"$tree/include/orvel.h"
+    release "$work/dist"
+    expect status "$status" 1
+    expect error "$error" "release: found changes without a commit, the first in include/orvel.h"
+    rm -rf "$tree/.git"
+    release "$work/dist"
+    expect status "$status" 1
+    expect "last of it" "$(tail -n 1 "$work/err")" "release: the sources are no git checkout"
+    ;;
+release_removes_nothing_but_a_release)
+    small_checkout
+    mkdir "$work/dist" && echo mine >"$work/dist/letter"
+    release "$work/dist"
+    expect status "$status" 1
+    expect error "$error" "release: $work/dist holds something other than a release"
+    expect letter "$(cat "$work/dist/letter")" mine
+    rm "$work/dist/letter"
+    release "$work/dist"
+    release "$work/dist"
+    expect "status of the second" "$status" 0
+    ;;
 bsd_tools_are_unlike_gnus)
     [ "$(uname)" != Darwin ] || exit 0
     touch "$work/file"
@@ -99,7 +185,8 @@ testing (release)
 those_for_linux_say_so_elsewhere)
     stand_in uname 'echo Darwin'
     echo 'import sys; sys.platform = "darwin"' >"$work/sitecustomize.py"
-    for command in .ci/run bench/run scripts/wheel scripts/matrix scripts/mutate scripts/coverage scripts/valgrind; do
+    for command in .ci/run bench/run scripts/release scripts/wheel scripts/matrix scripts/mutate \
+        scripts/coverage scripts/valgrind; do
         status=0
         PATH=$work/bin:$PATH PYTHONPATH=$work "$source_folder/$command" >"$work/out" 2>&1 || status=$?
         expect "status of $command" $status 1
@@ -164,7 +251,7 @@ bootstrap_without_a_package_manager_names_what_is_missing)
         fail "$error"
     ;;
 commands_explain_themselves)
-    for command in demo check scripts/bake scripts/bootstrap scripts/build scripts/describe scripts/wheel \
+    for command in demo check scripts/bake scripts/bootstrap scripts/build scripts/describe scripts/release scripts/wheel \
         scripts/draw; do
         [[ $("$source_folder/$command" --help) == "usage: "*"$command"* ]] || fail "$command --help"
     done

@@ -63,6 +63,7 @@ class Service(http.server.BaseHTTPRequestHandler):
         answers = {
             "/api.open-meteo.com/v1/forecast": lambda: forecast(urllib.parse.parse_qs(url.query)),
             "/home.example/power-and-rooms.json": lambda: data_of("home"),
+            "/house.example/state.json": lambda: data_of("energy"),
             "/boiler.example/state.json": lambda: data_of("instrument"),
             "/transit.example/stops/seestrasse/departures.json": lambda: data_of("departures")}
         answer = answers.get(url.path)
@@ -103,7 +104,7 @@ class ScenesFetched(unittest.TestCase):
 
     def test_every_pair_of_lines_fetches_and_shows(self):
         lines = re.findall("^ {4}(.*)$", (self.scenes / "README.md").read_text("utf-8"), re.M)
-        self.assertGreaterEqual(len(lines), 12)
+        self.assertGreaterEqual(len(lines), 14)
         for fetch, show in zip(lines[::2], lines[1::2]):
             self.assertTrue(show.startswith("orvel-render "), show)
             self.run_line(fetch)

@@ -47,7 +47,7 @@ class orvel_theme(Structure):
     accent: what is selected, filled, switched on or open
     border: frames, rules, tracks, what is off; a list item's arrow
     button: a button's face
-    button_hover: it or a knob under the pointer; what lists and menus select
+    button_hover: it or a slider's knob under the pointer; selected list and menu items
     button_text: a button's caption
     error: no widget uses it; for the host's own drawing"""
     _fields_ = [("background", orvel_color),
@@ -117,18 +117,18 @@ A resource name without a dot stands for the first file that opens among name.wa
 
 Raises std::bad_alloc.
 
-Returns: 0, or -1 when path is null, which leaves the old root in force.
+Returns: 0, or -1 when `path` is null, which leaves the old root in force.
 Where it raises, the process ends: call kit_resource_path().""")
 orvel_canvas_create = _function(
     _OrvelSDK, "orvel_canvas_create", POINTER(orvel_canvas), [c_int, c_int],
-    """Makes a canvas of width x height pixels, all opaque black. Null when a side is below 1 or
+    """Makes a canvas of `width` x `height` pixels, all opaque black. Null when a side is below 1 or
 the record cannot be allocated; raises std::bad_alloc when the pixels cannot.
 
 Returns: the caller's, for orvel_canvas_destroy(), or null.
 Where it raises, the process ends: call kit_canvas().""")
 orvel_canvas_destroy = _function(
     _OrvelSDK, "orvel_canvas_destroy", None, [POINTER(orvel_canvas)],
-    """Releases a canvas; canvas is taken. No widget made for it may be drawn afterwards.""")
+    """Releases a canvas; `canvas` is taken. No widget made for it may be drawn afterwards.""")
 orvel_canvas_width = _function(
     _OrvelSDK, "orvel_canvas_width", c_int, [POINTER(orvel_canvas)],
     """in pixels; 0 for null""")
@@ -137,7 +137,7 @@ orvel_canvas_height = _function(
     """in pixels; 0 for null""")
 orvel_canvas_clear = _function(
     _OrvelSDK, "orvel_canvas_clear", None, [POINTER(orvel_canvas), orvel_color],
-    """Sets every pixel to color.""")
+    """Sets every pixel to `color`.""")
 orvel_canvas_pixel = _function(
     _OrvelSDK, "orvel_canvas_pixel", None, [POINTER(orvel_canvas), c_int, c_int, orvel_color],
     """Sets the pixel (x, y); ignored outside the canvas.""")
@@ -152,12 +152,12 @@ orvel_canvas_line = _function(
 orvel_canvas_rect = _function(
     _OrvelSDK, "orvel_canvas_rect", None, [POINTER(orvel_canvas), c_int, c_int, c_int, c_int,
                                            orvel_color],
-    """The one-pixel outline of the w x h box at (x, y), inside the box: four lines. Nothing when
-w or h is below 1.""")
+    """The one-pixel outline of the `w` x `h` box at (x, y), inside the box: four lines. Nothing when
+`w` or `h` is below 1.""")
 orvel_canvas_fill_rect = _function(
     _OrvelSDK, "orvel_canvas_fill_rect", None, [POINTER(orvel_canvas), c_int, c_int, c_int, c_int,
                                                 orvel_color],
-    """Fills the box [x, x + w) x [y, y + h). Nothing when w or h is below 1.""")
+    """Fills the box [x, x + w) x [y, y + h). Nothing when `w` or `h` is below 1.""")
 orvel_canvas_circle = _function(
     _OrvelSDK, "orvel_canvas_circle", None, [POINTER(orvel_canvas), c_int, c_int, c_int,
                                              orvel_color],
@@ -180,7 +180,7 @@ exact while no coordinate lies further than 16384 from zero and no side of the c
 Beyond, every pixel of the visible rows is looked at.""")
 orvel_canvas_save_bmp = _function(
     _OrvelSDK, "orvel_canvas_save_bmp", c_int, [POINTER(orvel_canvas), c_char_p],
-    """Writes the canvas to the file path as a 24-bit BMP, bottom row first, without alpha. Raises
+    """Writes the canvas to the file `path` as a 24-bit BMP, bottom row first, without alpha. Raises
 std::bad_alloc.
 
 Returns: 0 once the file was opened: what happens to the writes after that is not looked at. -1
@@ -195,12 +195,12 @@ Returns: 0 or -1, as for orvel_canvas_save_bmp().
 Where it raises, the process ends: call kit_save_bmp_rgba().""")
 orvel_text_width = _function(
     _OrvelSDK, "orvel_text_width", c_int, [c_char_p],
-    """The width of text in pixels: 6 a byte, less the last gap; 0 for null or empty. Every byte
+    """The width of `text` in pixels: 6 a byte, less the last gap; 0 for null or empty. Every byte
 counts, newlines too. The height of a text is always 7.""")
 orvel_text_draw = _function(
     _OrvelSDK, "orvel_text_draw", None, [POINTER(orvel_canvas), c_char_p, c_int, c_int,
                                          orvel_color],
-    """Draws text with the top left corner of its first cell at (x, y). A cell is 5 x 7 pixels, the
+    """Draws `text` with the top left corner of its first cell at (x, y). A cell is 5 x 7 pixels, the
 next one starts 6 further right. Clear bits leave the canvas as it is. A newline (10) is skipped:
 it moves nothing and starts no new line. Every other byte outside 32 ... 126 is a blank cell.
 
@@ -211,29 +211,34 @@ orvel_icon_list = _function(
     """The names of the 68 built-in icons, in their fixed order.
 
 count: written: a number, 68; may be null.
-Returns: the library's own table, count of them; static, never null; do not write to it.""")
+Returns: the library's own table, `count` of them; static, never null; do not write to it.""")
 orvel_icon_exists = _function(
     _OrvelSDK, "orvel_icon_exists", c_int, [c_char_p],
-    """Returns: 1 when name is exactly one of the 68 names, else 0.""")
+    """Returns: 1 when `name` is exactly one of the 68 names, else 0.""")
 orvel_draw_icon = _function(
     _OrvelSDK, "orvel_draw_icon", c_int, [POINTER(orvel_canvas), c_char_p, c_int, c_int, c_int,
                                           orvel_color],
-    """Draws the built-in icon name in the square of side size at (x, y), in one colour. Its
+    """Draws the built-in icon `name` in the square of side `size` at (x, y), in one colour. Its
 cut-outs take the colour of the canvas at (x, y), or opaque black where that is transparent or
 outside.
+
+Two designs measure from the top of the canvas and look as intended only where y is 0: further
+down, "home" loses its body, and the stem of "power" reaches past the square. To place them
+anywhere, draw them on a canvas of their own and copy it, which is what kit_icon() of the kit
+does.
 
 Returns: 0; -1 for null arguments or a size below 1, which draw nothing, and for an unknown
     name, which draws a one-pixel frame of the square.""")
 orvel_draw_icon_ex = _function(
     _OrvelSDK, "orvel_draw_icon_ex", c_int, [POINTER(orvel_canvas), c_char_p, c_int, c_int, c_int,
                                              orvel_color, orvel_color, orvel_color],
-    """As orvel_draw_icon(), with the colours of the design's details (accent) and of its cut-outs
-(background) given.
+    """As orvel_draw_icon(), with the colours of the design's details (`accent`) and of its cut-outs
+(`background`) given.
 
 Returns: 0 or -1, as for orvel_draw_icon().""")
 orvel_icon_draw_bitmap = _function(
     _OrvelSDK, "orvel_icon_draw_bitmap", c_int, [POINTER(orvel_canvas), c_char_p, c_int, c_int],
-    """Draws the BMP file name of the resource folder "Icons" at its own size, its top left corner at
+    """Draws the BMP file `name` of the resource folder "Icons" at its own size, its top left corner at
 (x, y). Of the header, the offset of the pixels, the width, the height and the depth are read and
 the rest is ignored: 24 and 32 bits a pixel, rows in either order. A pixel of a 32-bit file with
 alpha 0 is skipped, any other replaces the canvas pixel. The file is not trusted: no bytes read
@@ -249,13 +254,13 @@ Returns: 0 when the file was accepted; -1 for null arguments, a file that cannot
 Where it raises, the process ends: call kit_bitmap().""")
 orvel_theme_default = _function(
     _OrvelSDK, "orvel_theme_default", None, [POINTER(orvel_theme)],
-    """The dark theme, all nine fields; theme is written.""")
+    """The dark theme, all nine fields; `theme` is written.""")
 orvel_theme_light = _function(
     _OrvelSDK, "orvel_theme_light", None, [POINTER(orvel_theme)],
-    """The light theme, all nine fields; theme is written.""")
+    """The light theme, all nine fields; `theme` is written.""")
 orvel_theme_load = _function(
     _OrvelSDK, "orvel_theme_load", c_int, [POINTER(orvel_theme), c_char_p],
-    """Reads the theme file name of the resource folder "UI"; theme is changed. For each of the
+    """Reads the theme file `name` of the resource folder "UI"; `theme` is changed. For each of the
 nine keys in double quotes, the next quoted text after the next colon is its colour, "#rrggbb". A
 key that is missing or whose value is empty keeps its field, so fill the record first. A value of
 fewer than six characters after the '#' is white; a bad digit counts as 0; alpha becomes 255. The
@@ -267,7 +272,7 @@ Returns: 0 when the file was opened, whatever it held; -1 for null arguments or 
 Where it raises, the process ends: call kit_theme_load().""")
 orvel_theme_save = _function(
     _OrvelSDK, "orvel_theme_save", c_int, [POINTER(orvel_theme), c_char_p],
-    """Writes theme to the file name of the resource folder "UI", 264 bytes, without alpha. A name
+    """Writes `theme` to the file `name` of the resource folder "UI", 264 bytes, without alpha. A name
 without a dot overwrites the file that loading it would find; if there is none, the file gets
 exactly that name. No folder is made. Raises std::bad_alloc.
 
@@ -277,134 +282,153 @@ orvel_widget_window = _function(
     _OrvelSDK, "orvel_widget_window", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                               POINTER(orvel_theme), c_char_p,
                                                               c_int, c_int, c_int, c_int],
-    """A framed surface with a band for its title along the top, 12 pixels high.
+    """A window: surface in a border frame, and along its top a band of accent, 12 rows high, with the
+title in background.
 
 Where it raises, the process ends.""")
 orvel_widget_panel = _function(
     _OrvelSDK, "orvel_widget_panel", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                              POINTER(orvel_theme), c_int, c_int,
                                                              c_int, c_int],
-    """A framed surface.""")
+    """A panel: surface in a border frame.""")
 orvel_widget_label = _function(
     _OrvelSDK, "orvel_widget_label", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                              POINTER(orvel_theme), c_char_p, c_int,
                                                              c_int],
-    """tw x 7: text in the text colour, without a ground.
+    """tw x 7: one line of words, without a ground.
 
 Where it raises, the process ends.""")
 orvel_widget_button = _function(
     _OrvelSDK, "orvel_widget_button", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                               POINTER(orvel_theme), c_char_p,
                                                               c_int, c_int, c_int, c_int],
-    """Reacts to hover.
+    """A push button: a framed box of the colour button, with its caption in the middle. Under the
+pointer the box is button_hover.
 
 Where it raises, the process ends.""")
 orvel_widget_toggle = _function(
     _OrvelSDK, "orvel_widget_toggle", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                               POINTER(orvel_theme), c_int, c_int,
                                                               c_int, c_int, c_int],
-    """A switch. Shows whether it is active.""")
+    """A switch: a framed track, accent when on and else border, and a round knob in background at its
+right end when on and at its left end when off.""")
 orvel_widget_checkbox = _function(
     _OrvelSDK, "orvel_widget_checkbox", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                                 POINTER(orvel_theme), c_char_p,
                                                                 c_int, c_int, c_int],
-    """tw + 13 x 9: a box and a caption beside it. Shows whether it is active.
+    """tw + 13 x 9: a box of 9 x 9 with a tick when checked, and a caption to its right.
 
 Where it raises, the process ends.""")
 orvel_widget_slider = _function(
     _OrvelSDK, "orvel_widget_slider", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                               POINTER(orvel_theme), c_int, c_int,
                                                               c_int, c_double],
-    """w x 9. Reacts to hover.""")
+    """w x 9: a track of 3 rows and a knob of 9 x 9, whose middle is w times the value from the left:
+at 0 and 1 half of it lies outside the width. Under the pointer the knob is button_hover, else
+accent.""")
 orvel_widget_progress = _function(
     _OrvelSDK, "orvel_widget_progress", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                                 POINTER(orvel_theme), c_int, c_int,
                                                                 c_int, c_int, c_double],
-    """A frame that fills from the left; at 1 the filling covers the right side of the frame.""")
+    """A progress bar: a frame that fills from the left with accent; at 1 the filling covers the right
+side of the frame.""")
 orvel_widget_textbox = _function(
     _OrvelSDK, "orvel_widget_textbox", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                                POINTER(orvel_theme), c_char_p,
                                                                c_int, c_int, c_int, c_int],
-    """Reacts to hover.
+    """A text field: surface in a frame, accent under the pointer and else border, with the text from
+the left. It shows neither caret nor selection.
 
 Where it raises, the process ends.""")
 orvel_widget_icon = _function(
     _OrvelSDK, "orvel_widget_icon", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                             POINTER(orvel_theme), c_char_p, c_int,
                                                             c_int, c_int],
-    """name is one of the built-in icons.
+    """size x size: the built-in icon `name` in accent, from a size of 9 on with a margin of one
+pixel.
 
 Where it raises, the process ends.""")
 orvel_widget_image = _function(
     _OrvelSDK, "orvel_widget_image", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                              POINTER(orvel_theme), c_char_p, c_int,
                                                              c_int],
-    """name is a bitmap of the resource folder "Icons", drawn at its own size.
+    """The bitmap `name` of the resource folder "Icons", at its own size.
 
 Where it raises, the process ends.""")
 orvel_widget_separator = _function(
     _OrvelSDK, "orvel_widget_separator", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                                  POINTER(orvel_theme), c_int,
                                                                  c_int, c_int],
-    """A line from x to x + w, both ends included.""")
+    """A rule one pixel high from x to x + w, both ends included.""")
 orvel_widget_card = _function(
     _OrvelSDK, "orvel_widget_card", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                             POINTER(orvel_theme), c_int, c_int,
                                                             c_int, c_int],
-    """A framed surface with a stripe of the accent down its left side.""")
+    """A card: surface in a border frame, with a stripe of accent 3 pixels wide down its left side.""")
 orvel_widget_radio = _function(
     _OrvelSDK, "orvel_widget_radio", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                              POINTER(orvel_theme), c_char_p, c_int,
                                                              c_int, c_int],
-    """tw + 13 x 9: a circle and a caption beside it. Shows whether it is active.
+    """tw + 13 x 9: a radio button, which is a circle with a dot in it, accent when selected and else
+surface, and a caption to its right. One of several is selected at a time if the host sees to
+it.
 
 Where it raises, the process ends.""")
 orvel_widget_dropdown = _function(
     _OrvelSDK, "orvel_widget_dropdown", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                                 POINTER(orvel_theme), c_char_p,
                                                                 c_int, c_int, c_int, c_int, c_int],
-    """An open dropdown differs by its frame; its list is the host's to draw.
+    """A drop-down field: surface in a frame, accent when open and else border, with the text from the
+left and an arrow at the right. The list that opens is the host's to draw.
 
 Where it raises, the process ends.""")
 orvel_widget_spinner = _function(
     _OrvelSDK, "orvel_widget_spinner", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                                POINTER(orvel_theme), c_int, c_int,
                                                                c_int, c_double],
-    """value is the fraction of a clockwise turn from 3 o'clock.""")
+    """size x size: a sign that something is going on, which is a circle and a dot on it. `value` is
+the fraction of a clockwise turn from 3 o'clock that the dot has made; the host advances it.""")
 orvel_widget_rating = _function(
     _OrvelSDK, "orvel_widget_rating", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                               POINTER(orvel_theme), c_int, c_int,
                                                               c_double],
-    """50 x 10. value is the fraction of five stars.""")
+    """50 x 10: five stars, 10 pixels apart, of which the nearest whole number to 5 times the value are
+accent, and the others border. `value` is a fraction.""")
 orvel_widget_stepper = _function(
     _OrvelSDK, "orvel_widget_stepper", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                                POINTER(orvel_theme), c_int, c_int,
                                                                c_int, c_int, c_int],
-    """value is a number, between a minus and a plus, each in a square of the height.""")
+    """A number between a minus and a plus, each in a framed square of the height; `value` is a
+number of any size.""")
 orvel_widget_tabs = _function(
     _OrvelSDK, "orvel_widget_tabs", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                             POINTER(orvel_theme), c_char_p, c_int,
                                                             c_int, c_int, c_int, c_int],
-    """items are the captions, joined with "|"; selected is the number of one, from 0.
+    """Tabs side by side, each w / n pixels wide for n of them; the remainder stays empty at the right.
+`items` are the captions, joined with "|"; `selected` is the number of the open one, from 0:
+it is surface under a line of accent.
 
 Where it raises, the process ends.""")
 orvel_widget_avatar = _function(
     _OrvelSDK, "orvel_widget_avatar", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                               POINTER(orvel_theme), c_char_p,
                                                               c_int, c_int, c_int],
-    """A disc and its outline, size + 1 pixels across for an even size. Null initials are "?".
+    """A disc of accent with an outline, size + 1 pixels across for an even size. The initials are
+placed for one letter, and longer ones reach to the right; null `initials` are "?".
 
 Where it raises, the process ends.""")
 orvel_widget_badge = _function(
     _OrvelSDK, "orvel_widget_badge", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                              POINTER(orvel_theme), c_int, c_int,
                                                              c_int],
-    """A number on a rounded ground: 14 x 11 for one digit and 6 more for each further character.""")
+    """A number on a rounded ground of accent: 14 x 11 for one digit and 6 more for each further
+character.""")
 orvel_widget_titlebar = _function(
     _OrvelSDK, "orvel_widget_titlebar", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                                 POINTER(orvel_theme), c_char_p,
                                                                 c_int, c_int, c_int, c_int],
-    """A title and three dots at the right end, whose colours no theme changes.
+    """A title bar: surface in a border frame, the title at the left, and at the right end three dots,
+whose colours no theme changes.
 
 Where it raises, the process ends.""")
 orvel_widget_list_item = _function(
@@ -412,48 +436,58 @@ orvel_widget_list_item = _function(
                                                                  POINTER(orvel_theme), c_char_p,
                                                                  c_char_p, c_int, c_int, c_int,
                                                                  c_int, c_int],
-    """icon is one of the built-in icons; null or empty for none.
+    """A row of a list: background in a border frame, or button_hover in an accent one when selected;
+at the left an icon of 16 x 16 and the text, at the right an arrow. `icon` is a built-in icon;
+null or empty for none.
 
 Where it raises, the process ends.""")
 orvel_widget_menu = _function(
     _OrvelSDK, "orvel_widget_menu", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                             POINTER(orvel_theme), c_char_p, c_int,
                                                             c_int, c_int, c_int, c_int],
-    """Items side by side, joined with "|"; selected is the number of one, from 0.
+    """A menu bar: items side by side, each w / n pixels wide for n of them, without a ground of its
+own; the remainder stays empty at the right. `items` are the captions, joined with "|";
+`selected` is the number of one, from 0: it is button_hover over a line of accent.
 
 Where it raises, the process ends.""")
 orvel_widget_bars = _function(
     _OrvelSDK, "orvel_widget_bars", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                             POINTER(orvel_theme), c_int, c_int,
                                                             c_int, c_int],
-    """Draws nothing until orvel_widget_set_data() has given it values.""")
+    """A bar chart: bars of accent in a frame, for n values one every w / n pixels, with a gap of one
+pixel; the remainder stays empty at the right. Bars are at least 2 pixels apart, so more than
+w / 2 values run past the right side. Draws nothing until orvel_widget_set_data() has given it
+values.""")
 orvel_widget_search = _function(
     _OrvelSDK, "orvel_widget_search", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                               POINTER(orvel_theme), c_char_p,
                                                               c_int, c_int, c_int, c_int],
-    """A text field with a magnifier. Shows whether it is active.
+    """A search field: surface in a frame, accent when active and else border, with a magnifier in a
+square of the height and the text to its right.
 
 Where it raises, the process ends.""")
 orvel_widget_tooltip = _function(
     _OrvelSDK, "orvel_widget_tooltip", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                                POINTER(orvel_theme), c_char_p,
                                                                c_int, c_int],
-    """tw + 8 x 12: a bubble, with a pointer below it that has a row more.
+    """tw + 8 x 12: a bubble of 10 rows with the text, and below its middle a pointer of 3 rows, the
+last of which is outside.
 
 Where it raises, the process ends.""")
 orvel_widget_statusbar = _function(
     _OrvelSDK, "orvel_widget_statusbar", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                                  POINTER(orvel_theme), c_char_p,
                                                                  c_int, c_int, c_int, c_int],
-    """A line of text under a rule from x to x + w, both ends included.
+    """A status bar: a line of text on surface, under a rule from x to x + w, both ends included.
 
 Where it raises, the process ends.""")
 orvel_widget_destroy = _function(
     _OrvelSDK, "orvel_widget_destroy", None, [POINTER(orvel_widget)],
-    """Releases a widget and its copies, not its canvas or theme; widget is taken.""")
+    """Releases a widget and its copies, not its canvas or theme; `widget` is taken.""")
 orvel_widget_set_hover = _function(
     _OrvelSDK, "orvel_widget_set_hover", None, [POINTER(orvel_widget), c_int],
-    """The pointer is over the widget. Shown by button, slider, textbox.""")
+    """The pointer is over the widget: a button's face and a slider's knob are then button_hover, the
+frame of a text field is accent. Shown by button, slider, textbox.""")
 orvel_widget_set_active = _function(
     _OrvelSDK, "orvel_widget_set_active", None, [POINTER(orvel_widget), c_int],
     """On, checked, selected, open or focused. Shown by toggle, checkbox, radio, dropdown, search, list
@@ -467,8 +501,8 @@ orvel_widget_set_amount = _function(
 tabs, menu.""")
 orvel_widget_set_data = _function(
     _OrvelSDK, "orvel_widget_set_data", None, [POINTER(orvel_widget), POINTER(c_double), c_int],
-    """Replaces the values of a bar chart by a copy of count values, drawn clamped to [0, 1]. A count
-of 0 empties the list. Null values or a negative count do nothing. All or nothing: when memory
+    """Replaces the values of a bar chart by a copy of `count` values, drawn clamped to [0, 1]. A count
+of 0 empties the list. Null `values` or a negative count do nothing. All or nothing: when memory
 runs out, it raises std::bad_alloc, and the old values stay. Shown by bars.
 
 Where it raises, the process ends.""")
@@ -480,7 +514,7 @@ std::bad_alloc; an image raises std::length_error as orvel_icon_draw_bitmap() do
 Where it raises, the process ends.""")
 orvel_play_sound = _function(
     _OrvelSDK, "orvel_play_sound", c_int, [c_char_p],
-    """Plays the file name of the resource folder "Sounds" once, without waiting. Writes
+    """Plays the file `name` of the resource folder "Sounds" once, without waiting. Writes
 "[OrvelSDK] suono: PATH" or "[OrvelSDK] suono non trovato: PATH" to the standard error stream.
 It cannot be stopped; on Linux it is heard to its end even when the host has exited. Raises
 std::bad_alloc.
@@ -492,7 +526,7 @@ Returns: 0 when the system took the sound; -1 for null, a file that does not ope
 Where it raises, the process ends: call kit_play_sound().""")
 orvel_play_music = _function(
     _OrvelSDK, "orvel_play_music", c_int, [c_char_p],
-    """Stops the music, then plays the file name of the resource folder "Music" once in a player
+    """Stops the music, then plays the file `name` of the resource folder "Music" once in a player
 process. Writes "[OrvelSDK] musica: PATH" or "[OrvelSDK] musica non trovata: PATH" to the
 standard error stream. The old music stops even when the new file is missing. Raises
 std::bad_alloc.
@@ -548,7 +582,7 @@ class kit_format(Structure):
     dither: a kit_dither; the layouts of four bytes need none
     turns: a number of quarters clockwise, back when negative
     colors: the number of the palette's, 1 to 16
-    palette: the panel's, without alpha, colors of them
+    palette: the panel's, without alpha, `colors` of them
     plane: the number of the colour that KIT_PLANE marks, from 0
     keep_alpha: 0 or 1: the four-byte layouts get alpha 255, or what is stored"""
     _fields_ = [("layout", c_int),
@@ -575,7 +609,7 @@ class kit_widget(Structure):
     state: of kit_state
     amount: of steppers and badges; the selected item of tabs and menus
     value: the fraction of sliders, progress bars, spinners and ratings
-    data: the values of bars, 0 to 1, count of them
+    data: the values of bars, 0 to 1, `count` of them
     count: how many values; below 1 none
     caret: of a text field with focus: the offset of the caret, in bytes
     anchor: the other end of its selection, in bytes
@@ -601,7 +635,7 @@ class kit_widget(Structure):
 class kit_series(Structure):
     """One row of values.
 
-    values: count of them; NaN or infinite is a missing one
+    values: `count` of them; NaN or infinite is a missing one
     count: how many values
     color: alpha 0: the theme's accent, then others by number
     name: for the legend; may be null"""
@@ -617,7 +651,7 @@ class kit_chart(Structure):
 
     kind: a kit_chart_kind
     box: nothing is painted outside; the ground is left as it is
-    series: count of them
+    series: `count` of them
     count: how many series, 0 to 32
     low: the range, a number; found from the values, with zero for
     high: areas, bars and gauges, when it is the same number
@@ -708,26 +742,26 @@ kit_play_tone = _function(
     """orvel_play_tone(), guarded.""")
 kit_mix = _function(
     _OrvelKit, "kit_mix", orvel_color, [orvel_color, orvel_color, c_int],
-    """The colour percent of the way from one to another, each of the four channels cut toward
- from. A percent is clamped to [0, 100].""")
+    """The colour `percent` of the way from one to another, each of the four channels cut toward
+ `from`. A percent is clamped to [0, 100].""")
 kit_grey = _function(
     _OrvelKit, "kit_grey", c_int, [orvel_color],
     """The lightness of a colour, a number from 0 to 255: (2126 r + 7152 g + 722 b + 5000) / 10000.""")
 kit_copy = _function(
     _OrvelKit, "kit_copy", c_int, [POINTER(orvel_canvas), c_int, c_int, POINTER(orvel_canvas),
                                    POINTER(kit_box)],
-    """Copies the box part of from to the place (x, y) of to, pixel by pixel, alpha included;
+    """Copies the box `part` of `from` to the place (x, y) of `to`, pixel by pixel, alpha included;
 what lies outside either canvas is left out. The two may be one canvas, and the boxes may
 overlap.
 
-part: borrowed; may be null, which is all of from.
+part: borrowed; may be null, which is all of `from`.
 Returns: 0; -1 for null.""")
 kit_stamp = _function(
     _OrvelKit, "kit_stamp", c_int, [POINTER(orvel_canvas), c_int, c_int, POINTER(orvel_canvas),
                                     POINTER(kit_box)],
     """As kit_copy(), but a pixel with alpha 0 leaves what is there.
 
-part: borrowed; may be null, which is all of from.
+part: borrowed; may be null, which is all of `from`.
 Returns: 0; -1 for null.""")
 kit_icon = _function(
     _OrvelKit, "kit_icon", c_int, [POINTER(orvel_canvas), c_char_p, c_int, c_int, c_int,
@@ -742,7 +776,7 @@ Returns: 0; -1 for null, an unknown name, a size below 1 or above 16384, and whe
     out, which all draw nothing.""")
 kit_clip_begin = _function(
     _OrvelKit, "kit_clip_begin", POINTER(orvel_canvas), [POINTER(orvel_canvas), POINTER(kit_box)],
-    """Begins drawing that is to stay inside box: cuts the box to the canvas and returns a canvas of
+    """Begins drawing that is to stay inside `box`: cuts the box to the canvas and returns a canvas of
 just that size that shows what is there. Draw on it with the box's new x and y subtracted, then
 hand both to kit_clip_end(). No pixel outside the box changes.
 
@@ -752,18 +786,18 @@ Returns: the caller's, for orvel_canvas_destroy() or kit_clip_end(); null when n
 kit_clip_end = _function(
     _OrvelKit, "kit_clip_end", c_int, [POINTER(orvel_canvas), POINTER(kit_box),
                                        POINTER(orvel_canvas)],
-    """Copies inside back to the place of box, and destroys it, also where the others are null.
+    """Copies `inside` back to the place of `box`, and destroys it, also where the others are null.
 
 inside: taken; null is refused.
-Returns: 0; -1 for null, and for the canvas itself in place of inside, which stays.""")
+Returns: 0; -1 for null, and for the canvas itself in place of `inside`, which stays.""")
 kit_pixels_stride = _function(
     _OrvelKit, "kit_pixels_stride", c_size_t, [POINTER(kit_format), c_int],
-    """What a row of width pixels takes in bytes, after any turn; 0 for what is no format, a width
+    """What a row of `width` pixels takes in bytes, after any turn; 0 for what is no format, a width
  below 1 and where size_t cannot tell.""")
 kit_pixels = _function(
     _OrvelKit, "kit_pixels", c_int, [POINTER(orvel_canvas), POINTER(kit_box), POINTER(kit_format),
                                      c_void_p, c_size_t, c_size_t],
-    """Writes the pixels of box to to, turned, rows top first, each stride bytes after the one
+    """Writes the pixels of `box` to `to`, turned, rows top first, each `stride` bytes after the one
 before (0: kit_pixels_stride()). The bits that fill up a row's last byte are 0; bytes between the
 rows are left alone. Nothing is written unless all of it fits.
 
@@ -771,10 +805,10 @@ What is no format: a number that no kit_layout or kit_dither has; for the layout
 no palette, a number of colours or a plane outside it. Other fields may hold anything.
 
 box: borrowed; may be null, which is all of the canvas.
-to: written, size of its bytes; null is refused.
+to: written, `size` of its bytes; null is refused.
 Returns: 0; -1 for null, a box that is empty or not wholly on the canvas, what is no format, a
-    stride shorter than a row, a memory of size bytes too small for the rows (the last one ends
-    where its pixels do), and where memory runs out.""")
+    stride shorter than a row, a memory of `size` bytes too small for the rows (the last one
+    ends where its pixels do), and where memory runs out.""")
 kit_sans_11 = _function(
     _OrvelKit, "kit_sans_11", POINTER(kit_face), [],
     """""")
@@ -840,13 +874,13 @@ kit_face_read = _function(
     _OrvelKit, "kit_face_read", POINTER(kit_face), [c_void_p, c_size_t, POINTER(c_char), c_size_t],
     """As kit_face_open(), from memory; reasons begin with "font" in place of a path.
 
-bytes: borrowed, length of them; null is refused.
+bytes: borrowed, `length` of them; null is refused.
 length: in bytes.
 Returns: the caller's, for kit_face_close(); null, and the reason, when it is refused.""")
 kit_face_fallback = _function(
     _OrvelKit, "kit_face_fallback", POINTER(kit_face), [POINTER(kit_face), POINTER(kit_face)],
-    """A face that takes from second what first lacks; lines are as high as the higher one, and
-capitals count as high as those of first. At most 8 faces come together so. Letters of two
+    """A face that takes from `second` what `first` lacks; lines are as high as the higher one, and
+capitals count as high as those of `first`. At most 8 faces come together so. Letters of two
 faces are not kerned with each other.
 
 first: kept until the new one is closed; null is refused.
@@ -854,7 +888,7 @@ second: kept until the new one is closed; null is refused.
 Returns: the caller's, for kit_face_close(); null for null, too many, or when memory runs out.""")
 kit_face_close = _function(
     _OrvelKit, "kit_face_close", None, [POINTER(kit_face)],
-    """Releases what kit_face_open(), _read() or _fallback() returned; face is taken.""")
+    """Releases what kit_face_open(), _read() or _fallback() returned; `face` is taken.""")
 kit_face_ascent = _function(
     _OrvelKit, "kit_face_ascent", c_int, [POINTER(kit_face)],
     """in pixels: rows above the baseline's""")
@@ -869,14 +903,14 @@ kit_face_cap = _function(
     """in pixels: the height of a capital""")
 kit_face_has = _function(
     _OrvelKit, "kit_face_has", c_int, [POINTER(kit_face), c_uint],
-    """Returns: 1 when the face, or one behind it, has the character, code is its number; else 0.""")
+    """Returns: 1 when the face, or one behind it, has the character, `code` is its number; else 0.""")
 kit_text_width = _function(
     _OrvelKit, "kit_text_width", c_int, [POINTER(kit_face), c_char_p],
     """The width of a line in pixels: all its advances and kernings.""")
 kit_text_draw = _function(
     _OrvelKit, "kit_text_draw", c_int, [POINTER(orvel_canvas), POINTER(kit_face), c_char_p, c_int,
                                         c_int, orvel_color],
-    """Draws one line that starts at x and whose letters stand on the row baseline: the lowest row of
+    """Draws one line that starts at x and whose letters stand on the row `baseline`: the lowest row of
 a letter without a descender is the one above it.
 
 canvas: borrowed; may be null.
@@ -901,7 +935,7 @@ canvas: borrowed; may be null, where nothing is drawn.
 Returns: the number of lines that the whole paragraph takes, 0 for an empty text.""")
 kit_text_x = _function(
     _OrvelKit, "kit_text_x", c_int, [POINTER(kit_face), c_char_p, c_int],
-    """The width in pixels of a line up to a caret; offset is where, in bytes. An offset inside a
+    """The width in pixels of a line up to a caret; `offset` is where, in bytes. An offset inside a
 character counts as the one before it; one past the end as the end.""")
 kit_text_at = _function(
     _OrvelKit, "kit_text_at", c_int, [POINTER(kit_face), c_char_p, c_int],
@@ -934,7 +968,7 @@ h: written, in pixels; may be null.
 Returns: 0; -1 for null, an unknown kind and where memory runs out, which want 0 x 0.""")
 kit_field = _function(
     _OrvelKit, "kit_field", c_int, [POINTER(kit_widget), POINTER(kit_box), POINTER(kit_box)],
-    """Where a text field, a text box or search, shows its text: widget as for kit_draw(). The column
+    """Where a text field, a text box or search, shows its text: `widget` as for kit_draw(). The column
 of a letter is the left one of the room with its kit_text_x() and without what is returned.
 
 room: written: the box that the words show in; may be null.
@@ -958,7 +992,7 @@ class kit_screen(Structure):
 
 
 class kit_screen_host(Structure):
-    """What a screen asks its host for by name, each by a function that gets self and returns null
+    """What a screen asks its host for by name, each by a function that gets `self` and returns null
     for a name that it does not know; a null function knows none. They must not call the screen.
      - self, picture, theme, face, include: kept until the screen is closed; may be null.
      - name: borrowed; never null.
@@ -968,7 +1002,7 @@ class kit_screen_host(Structure):
     picture: A picture, for nodes of the kind "picture"; pixels with alpha 0 do not show.
     theme: A theme, beside "dark" and "light".
     face: A face, beside those of kit_face_named().
-    include: The text of a scene file for "include", its bytes to length. Where no function is
+    include: The text of a scene file for "include", its bytes to `length`. Where no function is
         given: files beside the scene's own, and for kit_screen_read() none."""
     _fields_ = [("self", c_void_p),
                 ("picture", CFUNCTYPE(c_void_p, c_void_p, c_char_p)),
@@ -1090,18 +1124,18 @@ kit_screen_read = _function(
                                                            POINTER(c_char), c_size_t],
     """As kit_screen_open(), from memory. Includes come from the host.
 
-bytes: borrowed, length of them; null is refused.
+bytes: borrowed, `length` of them; null is refused.
 name: with which reasons begin; borrowed; may be null, which is "scene".
 data: borrowed; may be null, which is the "sample".
 host: borrowed; may be null; what it holds is kept until the screen is closed.
 Returns: the caller's, for kit_screen_close(); null, and the reason, when it is refused.""")
 kit_screen_close = _function(
     _OrvelScreen, "kit_screen_close", None, [POINTER(kit_screen)],
-    """Releases a screen; screen is taken.""")
+    """Releases a screen; `screen` is taken.""")
 kit_screen_size = _function(
     _OrvelScreen, "kit_screen_size", None, [POINTER(kit_screen), POINTER(c_int), POINTER(c_int)],
     """The size that the screen has: its file's "size", what kit_screen_resize() said, or what its root
- wants. 0 for null. w and h are written, in pixels, and may be null.""")
+ wants. 0 for null. `w` and `h` are written, in pixels, and may be null.""")
 kit_screen_resize = _function(
     _OrvelScreen, "kit_screen_resize", c_int, [POINTER(kit_screen), c_int, c_int, POINTER(c_char),
                                                c_size_t],
@@ -1109,25 +1143,25 @@ kit_screen_resize = _function(
 kit_screen_set = _function(
     _OrvelScreen, "kit_screen_set", c_int, [POINTER(kit_screen), c_char_p, c_char_p,
                                             POINTER(c_char), c_size_t],
-    """Sets the value name ("battery", "now.temp", "days[2].name"; empty: all of the data) to the
-JSON text json. Objects on its way are made where they are missing, an index one past the end
+    """Sets the value `name` ("battery", "now.temp", "days[2].name"; empty: all of the data) to the
+JSON text `json`. Objects on its way are made where they are missing, an index one past the end
 of a list adds to it.""")
 kit_screen_get = _function(
     _OrvelScreen, "kit_screen_get", c_char_p, [POINTER(kit_screen), c_char_p],
-    """Returns: the value name as JSON, borrowed until the next call; null where there is none.""")
+    """Returns: the value `name` as JSON, borrowed until the next call; null where there is none.""")
 kit_screen_add = _function(
     _OrvelScreen, "kit_screen_add", c_int, [POINTER(kit_screen), c_char_p, c_int, c_char_p,
                                             POINTER(c_char), c_size_t],
-    """Adds the node json to the row, column or stack parent, before its child number at,
+    """Adds the node `json` to the row, column or stack `parent`, before its child number `at`,
  counted from 0; a negative or larger number adds it at the end.""")
 kit_screen_remove = _function(
     _OrvelScreen, "kit_screen_remove", c_int, [POINTER(kit_screen), c_char_p, POINTER(c_char),
                                                c_size_t],
-    """Removes the node id, with all below it, from the row, column or stack that it is in.""")
+    """Removes the node `id`, with all below it, from the row, column or stack that it is in.""")
 kit_screen_change = _function(
     _OrvelScreen, "kit_screen_change", c_int, [POINTER(kit_screen), c_char_p, c_char_p, c_char_p,
                                                POINTER(c_char), c_size_t],
-    """Sets the key key ("text", "width", ...) of a node.
+    """Sets the key `key` ("text", "width", ...) of a node.
 
 id: borrowed; may be null, which is the scene itself, whose "theme" and "face" can be set.
 json: borrowed; may be null, which removes the key.""")
@@ -1142,7 +1176,7 @@ dirty: written: the smallest rectangle that holds all that was drawn, empty when
 Returns: 0; -1 for null, and where memory runs out, where the next call draws it again.""")
 kit_screen_expose = _function(
     _OrvelScreen, "kit_screen_expose", None, [POINTER(kit_screen), POINTER(kit_box)],
-    """Has the next kit_screen_draw() draw a box, too; box may be null, which is everything.""")
+    """Has the next kit_screen_draw() draw a box, too; `box` may be null, which is everything.""")
 kit_screen_send = _function(
     _OrvelScreen, "kit_screen_send", c_int, [POINTER(kit_screen), POINTER(kit_screen_event),
                                              c_longlong],

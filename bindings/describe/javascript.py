@@ -1,0 +1,429 @@
+"""Writes the low level of JavaScript, in TypeScript: every name of the description, each call with
+its arguments checked and laid into the memory of WebAssembly."""
+
+TARGET = "wasm32"
+# By type: what the view of memory reads and writes, the check, and its type in TypeScript.
+NUMBERS = {"int": ("Int32", "int"), "enum": ("Int32", "int"), "unsigned": ("Uint32", "unsigned"),
+           "size": ("Uint32", "unsigned"), "double": ("Float64", "real"),
+           "int64": ("BigInt64", "wide")}
+LISTS = ("bytes", "memory")
+
+HEAD = """// The interfaces of OrvelSDK in C, for JavaScript.
+//
+// Made by scripts/describe from bindings/orvel_api.json: edit the headers, and run it. Names and
+// order are those of C. Left out are the room for a reason, which comes as an exception, and what
+// only tells how long something is. Records are plain objects, and what they lack is 0; an object of
+// the library is freed by its function, or when nothing holds it any more.
+
+import * as Pass from "./arguments.js";
+import type { Given, Memory, Out, Reals, Text } from "./arguments.js";
+import { refusal } from "./errors.js";
+import { asked, hostsLend, Lender } from "./hosts.js";
+import type { Asked } from "./hosts.js";
+import * as Room from "./memory.js";
+import * as Objects from "./objects.js";
+import type { Cell } from "./objects.js";
+"""
+REASON = 1024
+
+
+def comment(text, indent=""):
+    lines = [line.rstrip() for line in text.replace("*/", "* /").splitlines()]
+    if not lines:
+        return ""
+    if len(lines) == 1 and len(indent + lines[0]) < 92:
+        return f"{indent}/** {lines[0]} */\n"
+    rows = [f"{indent} * {line}".rstrip() for line in lines]
+    return "\n".join([f"{indent}/**", *rows, f"{indent} */"]) + "\n"
+
+
+def wrapped(head, words, tail, indent=""):
+    """@p head, the words with commas between, and @p tail: in one line, or a word a line."""
+    line = f"{head}{', '.join(words)}{tail}"
+    if len(indent + line) < 100:
+        return line
+    return f"{head}\n" + "".join(f"{indent}    {word},\n" for word in words) + indent + tail
+
+
+def calls_back(record):
+    return any(field["type"] == "function" for field in record["fields"])
+
+
+class Records:
+    """The records of all libraries, by name."""
+
+    def __init__(self, description):
+        self.all = {each["name"]: each for library in description["libraries"]
+                    for each in library["records"]}
+
+    def __contains__(self, name):
+        return name in self.all
+
+    def size(self, name):
+        return self.all[name]["size"][TARGET]
+
+    def is_host(self, name):
+        return name in self.all and calls_back(self.all[name])
+
+
+def fields_of(record):
+    """Those that a caller sets: neither the reserved ones nor what a list knows by itself."""
+    counted = {field.get("length") for field in record["fields"]}
+    return [field for field in record["fields"]
+            if field["name"] not in counted and field.get("ownership") != "nothing"]
+
+
+# ---- Types
+
+def field_type(field):
+    kind, of = field["type"], field.get("of")
+    if kind == "record":
+        return of
+    if kind == "object":
+        return f"{of} | null"
+    if kind == "text":
+        return "Text"
+    if kind == "pointer":
+        return "Reals" if of == "double" else f"readonly {of}[] | null"
+    return "number"
+
+
+def argument_type(argument, records):
+    kind, of = argument["type"], argument.get("of")
+    if kind == "record":
+        return f"Given<{of}>"
+    if kind == "object":
+        return f"{of} | null"
+    if kind == "pointer" and records.is_host(of):
+        return "Asked | null"
+    if kind == "pointer" and of in records:
+        written = argument["ownership"] in ("written", "changed")
+        return f"{'Partial' if written else 'Given'}<{of}> | null"
+    if kind == "pointer":
+        return "Reals" if "length" in argument else "Out"
+    return {"text": "Text", "bytes": "Text", "memory": "Memory"}.get(kind, "number")
+
+
+def result_type(result):
+    kind = result["type"]
+    if kind == "object":
+        return f"{result['of']} | null"
+    if kind == "record":
+        return result["of"]
+    if kind == "pointer":
+        return "string[]"
+    return {"void": "void", "text": "string | null"}.get(kind, "number")
+
+
+# ---- Records
+
+def put_field(record, field, records):
+    """Writes a field of the record @p from, which is there, to its place."""
+    name, kind, of = field["name"], field["type"], field.get("of")
+    value, place = f"from.{name}", f"at + {field['offset'][TARGET]}"
+    what = f'"{record}.{name}"'
+    if kind in NUMBERS:
+        access, check = NUMBERS[kind]
+        return [f"if ({value} !== undefined) "
+                f"Room.view.set{access}({place}, Pass.{check}({value}, {what}), true);"]
+    if kind == "byte":
+        return [f"if ({value} !== undefined) Room.view.setUint8({place}, byte({value}, {what}));"]
+    if kind == "record":
+        return [f"if ({value} !== undefined) put_{of}({place}, {value});"]
+    if kind == "text":
+        return [f"Room.view.setUint32({place}, Pass.text({value}, {what}), true);"]
+    if kind == "object":
+        return [f"Room.view.setUint32({place}, Objects.object({value}, {of}, {what}), true);"]
+    found = (f"Pass.reals({value}, {what})" if of == "double" else
+             f"Pass.records({value}, {what}, {records.size(of)}, put_{of})")
+    return [f"const [{name}, {name}_count] = {found};",
+            f"Room.view.setUint32({place}, {name}, true);",
+            f"Room.view.setUint32(at + @{field['length']}@, {name}_count, true);"]
+
+
+def put_record(record, records):
+    name = record["name"]
+    lines = [line for field in fields_of(record) for line in put_field(name, field, records)]
+    for field in record["fields"]:
+        lines = [line.replace(f"@{field['name']}@", str(field["offset"][TARGET]))
+                 for line in lines]
+    body = "".join(f"    {line}\n" for line in lines)
+    return (f"\nfunction put_{name}(at: number, from: Given<{name}>): void {{\n"
+            f"    Pass.record(from, \"a {name}\");\n"
+            f"    Room.bytes.fill(0, at, at + {record['size'][TARGET]});\n{body}}}\n")
+
+
+def get_field(field):
+    kind, place = field["type"], f"at + {field['offset'][TARGET]}"
+    if kind == "byte":
+        return f"Room.view.getUint8({place})"
+    if kind == "record":
+        return f"get_{field['of']}({place})"
+    if kind == "text":
+        return f"told(Room.view.getUint32({place}, true))"
+    read = f"Room.view.get{NUMBERS[kind][0]}({place}, true)"
+    return f"Number({read})" if kind == "int64" else read
+
+
+def readable(record):
+    return all(field["type"] in ("byte", "record", "text", *NUMBERS) for field in fields_of(record))
+
+
+def get_record(record):
+    name = record["name"]
+    rows = "".join(f"        {each['name']}: {get_field(each)},\n" for each in fields_of(record))
+    return f"\nfunction get_{name}(at: number): {name} {{\n    return {{\n{rows}    }};\n}}\n"
+
+
+def record_text(record, records):
+    name = record["name"]
+    rows = "".join(comment(field["comment"], "    ") + f"    {field['name']}: {field_type(field)};\n"
+                   for field in fields_of(record))
+    text = f"\n{comment(record['comment'])}export interface {name} {{\n{rows}}}\n"
+    text += put_record(record, records)
+    return text + (get_record(record) if readable(record) else "")
+
+
+# ---- Functions
+
+class Call:
+    """One function: the lines before the call, what is passed, and the lines after it."""
+
+    def __init__(self, function, records):
+        self.function, self.records = function, records
+        self.before, self.passed, self.after, self.kept = [], [], [], []
+        self.shown, self.screen, self.taken, self.first = [], None, [], []
+        self.arguments = function["arguments"]
+        self.result = function["returns"]
+        self.lengths = {each["length"]: each["name"] for each in self.arguments
+                        if "length" in each}
+        if self.result["type"] == "record":
+            self.before.append(f"const result = Room.allot({records.size(self.result['of'])});")
+            self.passed.append("result")
+        for argument in self.arguments:
+            self.add(argument)
+
+    def add(self, argument):
+        name, kind, of = argument["name"], argument["type"], argument.get("of")
+        if name in self.lengths:
+            self.passed.append(f"{self.lengths[name]}_length")
+            return
+        if kind == "buffer":
+            self.before += [f"const {name} = Room.allot({REASON});", f"Room.bytes[{name}] = 0;",
+                            f"const {name}_length = {REASON};"]
+            self.passed.append(name)
+            return
+        if name == self.result.get("length"):
+            self.before.append(f"const {name} = Room.allot(4);")
+            self.passed.append(name)
+            return
+        self.shown.append(argument)
+        if kind == "object":
+            self.add_object(argument)
+        elif kind == "pointer":
+            self.add_pointer(argument)
+        elif kind in LISTS or kind == "record":
+            check = {"bytes": "data", "memory": "memory", "record": "value"}[kind]
+            self.add_laid(argument, check)
+        elif kind == "text":
+            self.passed.append(f'Pass.text({name}, "{name}")')
+        else:
+            self.passed.append(f'Pass.{NUMBERS[kind][1]}({name}, "{name}")'
+                               + (" as unknown as number" if kind == "int64" else ""))
+
+    def add_laid(self, argument, check):
+        name, of = argument["name"], argument.get("of")
+        if check in ("given", "value"):
+            self.passed.append(f'Pass.{check}({name}, {self.records.size(of)}, put_{of})')
+            return
+        self.before.append(f'const [{name}_at, {name}_length] = Pass.{check}({name}, "{name}");')
+        self.passed.append(f"{name}_at")
+        if check == "memory":
+            self.after.append(f"{name}?.set(Room.bytes.subarray({name}_at, {name}_at + {name}_length));")
+
+    def add_object(self, argument):
+        name, of, owner = argument["name"], argument["of"], argument["ownership"]
+        if owner == "taken" and len(self.arguments) == 1:
+            self.taken.append((name, of))
+            return
+        if of == "kit_screen":
+            self.screen = name
+            self.before.append(f'screen_cell = Objects.use({name}, {of}, "{name}");')
+            self.passed.append("screen_cell?.address ?? 0")
+            return
+        if owner == "kept":
+            self.kept.append(f'Objects.keep({name}, {of}, "{name}")')
+        if owner == "taken":
+            self.taken.append((name, of))
+            self.before.append(f'Objects.givable({name}, {of}, "{name}");')
+        self.passed.append(f'Objects.object({name}, {of}, "{name}")')
+
+    def add_pointer(self, argument):
+        name, of, owner = argument["name"], argument["of"], argument["ownership"]
+        if self.records.is_host(of):
+            self.first.append(f"const lender = {name} ? new Lender({name}) : undefined;")
+            self.before.append(f"const {name}_at = lender === undefined ? 0 : "
+                            f"lender.lay(Room.allot({self.records.size(of)}));")
+            self.passed.append(f"{name}_at")
+            self.kept.append("lender")
+        elif owner == "kept":
+            size = self.records.size(of)
+            self.first.append(f"const {name}_kept = Objects.Shared.of({name}, {size}, put_{of});")
+            self.passed.append(f"{name}_kept?.address ?? 0")
+            self.kept.append(f"{name}_kept")
+        elif of not in self.records and "length" in argument:
+            self.before.append(f'const [{name}_at, {name}_length] = Pass.reals({name}, "{name}");')
+            self.passed.append(f"{name}_at")
+        elif owner in ("written", "changed"):
+            self.add_written(name, of, owner)
+        else:
+            self.add_laid(argument, "given")
+
+    def add_written(self, name, of, owner):
+        size = self.records.size(of) if of in self.records else 4
+        laid = f'Pass.room({name}, "{name}", {size})' if owner == "written" else \
+            f'Pass.given({name}, {size}, put_{of})'
+        self.before.append(f"const {name}_at = {laid};")
+        self.passed.append(f"{name}_at")
+        read = f"Object.assign({name}, get_{of}({name}_at))" if of in self.records else \
+            f"{name}.value = Room.view.getInt32({name}_at, true)"
+        self.after.append(f"if ({name}_at !== 0 && {name}) {read};")
+
+    # The lines that follow the call.
+
+    def conversion(self):
+        result, kind = self.result, self.result["type"]
+        if kind == "object" and result["ownership"] == "caller":
+            kept = "".join(f", {each}" for each in self.kept)
+            return f'Objects.made(found, {result["of"]}, "{result["free"]}"{kept})'
+        if kind == "object":
+            return f"Objects.lent(found, {result['of']})"
+        if kind == "record":
+            return f"get_{result['of']}(result)"
+        if kind == "text":
+            return "told(found)"
+        if kind == "pointer":
+            return f"list(found, Room.view.getInt32({result['length']}, true))"
+        if kind == "int64":
+            return "Number(found)"
+        return "found >>> 0" if NUMBERS[kind][0] == "Uint32" else "found"
+
+    def lines(self):
+        name = self.function.get("guarded", self.function["name"])
+        call = f"Room.wasm.{name}!("
+        has_reason = any(each["type"] == "buffer" for each in self.arguments)
+        kind = self.result["type"]
+        yield from self.before
+        call = call if kind in ("void", "record") else f"const found = {call}"
+        yield wrapped(call, self.passed, ");", "        ")
+        yield from self.after
+        for taken, of in self.taken:
+            others = "".join(f"if ({each['name']} !== {taken}) " for each in self.shown
+                             if each["type"] == "object" and each["name"] != taken)
+            yield f'{others}Objects.gone({taken});'
+        if has_reason:
+            bad = "found === 0" if kind == "object" else "found !== 0"
+            yield "asked();"
+            yield f'if ({bad}) throw refusal(Room.textAt(why), "{self.function["name"]} failed");'
+        elif self.screen:
+            yield "asked();"
+        if kind != "void":
+            yield f"return {self.conversion()};"
+
+    def text(self):
+        function = self.function
+        words = [f"{each['name']}: {argument_type(each, self.records)}" for each in self.shown]
+        head = wrapped(f"export function {function['name']}(", words,
+                       f"): {result_type(self.result)} {{") + "\n"
+        lines = list(self.lines())
+        finish = ["Room.leave(mark);"]
+        first = [*self.first, "const mark = Room.enter();"]
+        for kept in self.kept:
+            if kept == "lender" or kept.endswith("_kept"):
+                finish.insert(0, f"{kept}?.settle();")
+        if self.screen:
+            first.append("let screen_cell: Cell | undefined;")
+            finish.insert(0, "Objects.idle(screen_cell);")
+        body = "".join(f"        {line}\n" for line in lines)
+        start = "".join(f"    {line}\n" for line in first)
+        ending = "".join(f"        {line}\n" for line in finish)
+        return (f"\n{comment(function_text(function, self.shown))}{head}{start}    try {{\n{body}"
+                f"    }} catch (reason) {{\n        throw Room.refused(reason);\n"
+                f"    }} finally {{\n{ending}    }}\n}}\n")
+
+
+def freeing(function):
+    """A function that frees an object, which may have to wait for what needs it."""
+    argument = function["arguments"][0]
+    name, of = argument["name"], argument["of"]
+    return (f"\n{comment(function['comment'])}export function {function['name']}"
+            f"({name}: {of} | null): void {{\n    Objects.take({name}, {of}, \"{name}\");\n}}\n")
+
+
+def function_text(function, shown):
+    names = [each["name"] for each in shown]
+    rows = [f"@param {each['name']} {each['comment']}" for each in function["arguments"]
+            if "comment" in each and each["name"] in names]
+    if "comment" in function["returns"]:
+        rows.append(f"@returns {function['returns']['comment']}")
+    parts = [function["comment"], "\n".join(rows)]
+    return "\n\n".join(part for part in parts if part)
+
+
+def constants(library):
+    yield "\n"
+    for item in library["constants"]:
+        value = f'"{item["value"]}"' if item["type"] == "text" else item["value"]
+        yield f"export const {item['name']} = {value};\n"
+    for enum in library["enums"]:
+        for each in enum["values"]:
+            yield comment(each["comment"]) + f"export const {each['name']} = {each['value']};\n"
+
+
+def function(each, records):
+    one = each["arguments"][0] if len(each["arguments"]) == 1 else {}
+    return freeing(each) if one.get("ownership") == "taken" else Call(each, records).text()
+
+
+def library_text(library, records):
+    for item in library["objects"]:
+        yield f"\n{comment(item['comment'])}export class {item['name']} extends Objects.Handle {{\n" \
+              f'    declare private readonly is: "{item["name"]}";\n}}\n'
+    for record in library["records"]:
+        if not calls_back(record):
+            yield record_text(record, records)
+    yield from constants(library)
+    for each in library["functions"]:
+        yield function(each, records)
+
+
+SMALL = """
+function byte(value: number, what: string): number {
+    if ((value & 255) !== value) {
+        Pass.int(value, what);
+        throw new RangeError(`${what} is ${value}, not 0 to 255`);
+    }
+    return value;
+}
+
+function told(address: number): string | null {
+    return address === 0 ? null : Room.textAt(address);
+}
+
+function list(address: number, count: number): string[] {
+    return Array.from({ length: count },
+                      (_, i) => Room.textAt(Room.view.getUint32(address + 4 * i, true)));
+}
+"""
+
+
+def low_level(description):
+    """The text of api.ts."""
+    records = Records(description)
+    text = HEAD + SMALL
+    for library in description["libraries"]:
+        text += "".join(library_text(library, records))
+    size = records.size("orvel_theme")
+    return text + ("\nhostsLend({\n    picture: orvel_canvas,\n    face: kit_face,\n"
+                   f"    themeSize: {size},\n"
+                   '    putTheme: (at, theme) => put_orvel_theme(at, theme),\n});\n')
