@@ -14,12 +14,15 @@ void answer(Turn& turn, const kit_screen_event& event) {
     const int x = near(event.x), y = near(event.y);
     switch (event.kind) {
     case KIT_EVENT_MOVE: return point(turn, x, y);
-    case KIT_EVENT_PRESS: return event.button == 0 ? press(turn, x, y) : point(turn, x, y);
+    case KIT_EVENT_PRESS:
+        return event.button == 0 ? press(turn, x, y, event.modifiers) : point(turn, x, y);
     case KIT_EVENT_RELEASE: return event.button == 0 ? release(turn, x, y) : point(turn, x, y);
     case KIT_EVENT_LEAVE: return leave(turn);
     case KIT_EVENT_WHEEL: return point(turn, x, y), wheel(turn, near(event.dx), near(event.dy));
     case KIT_EVENT_KEY: return press_key(turn, event.key, event.modifiers);
     case KIT_EVENT_TEXT: return type(turn, event.text ? event.text : "");
+    case KIT_EVENT_COMPOSE: return compose(turn, event.text ? event.text : "", event.caret);
+    case KIT_EVENT_PASTE: return paste(turn, event.text ? event.text : "");
     case KIT_EVENT_BLUR: return let_keyboard_go(turn);
     case KIT_EVENT_FOCUS: turn.live.away = false; return;
     default: return;  // time has passed, and that was all
@@ -80,7 +83,13 @@ int kit_screen_focus(kit_screen* screen, const char* id) {
     });
 }
 
-int kit_screen_caret(const kit_screen*, kit_box*) { return -1; }
+int kit_screen_caret(const kit_screen* screen, kit_box* box) {
+    const int i = screen && box ? find_node(screen->nodes, screen->live.focused) : -1;
+    if (i < 0 || !at(screen->nodes, i).is_field()) return -1;
+    const kit_widget widget = placed_widget(at(screen->nodes, i));
+    kit_field(&widget, nullptr, box);
+    return 0;
+}
 
 int kit_screen_pointer(const kit_screen* screen) {
     const int i = screen ? find_node(screen->nodes, screen->live.hovered) : -1;

@@ -6,6 +6,7 @@
 #include "screen/scroll.h"
 #include "screen/steps.h"
 #include "screen/turn.h"
+#include "screen/typing.h"
 
 namespace kit {
 namespace {
@@ -151,7 +152,7 @@ bool control_key(Turn& turn, int i, const Pressed& key) {
         return number_key(turn, node, key);
     }
     if (is_one_of(node, {ORVEL_WIDGET_TABS, ORVEL_WIDGET_MENU})) return item_key(turn, node, key);
-    if (node.is_field()) return false;
+    if (node.is_field()) return field_key(turn, node, key.key, key.modifiers);
     const bool finding = key.key == ' ' && turn.live.clock < turn.live.typed.until;
     if (key.is_press() && !finding) {
         act(turn, node);
@@ -261,6 +262,7 @@ void type(Turn& turn, std::string_view text) {
     const Nodes& nodes = turn.nodes();
     live.tip.spent = true;
     const int i = find_node(nodes, live.focused);
+    if (i >= 0 && at(nodes, i).is_field()) return type_into(turn, at(nodes, i), text);
     const int dropdown = live.open.tag != 0 ? find_node(nodes, live.open.tag) : i;
     if (dropdown >= 0 && !at(nodes, dropdown).items.empty()) {
         const Node& node = at(nodes, dropdown);
@@ -287,7 +289,20 @@ void type(Turn& turn, std::string_view text) {
     }
 }
 
+void paste(Turn& turn, std::string_view text) {
+    const int i = find_node(turn.nodes(), turn.live.focused);
+    if (i >= 0 && at(turn.nodes(), i).is_field()) paste_into(turn, at(turn.nodes(), i), text);
+}
+
+void compose(Turn& turn, std::string_view text, int caret) {
+    const int i = find_node(turn.nodes(), turn.live.focused);
+    if (i >= 0 && at(turn.nodes(), i).is_field()) {
+        compose_in(turn, at(turn.nodes(), i), text, caret);
+    }
+}
+
 void let_keyboard_go(Turn& turn) {
+    compose(turn, "", 0);
     turn.live.away = true;
     turn.live.typed = {};
     close_list(turn);

@@ -5,6 +5,7 @@
 #include <new>
 
 #include "screen/build.h"
+#include "screen/field.h"
 #include "screen/items.h"
 #include "screen/number.h"
 #include "screen/values.h"
@@ -191,6 +192,8 @@ void set_drawn(const Value& value, const KeySpec& key, Node& node) {
     case Key::Chosen: node.chosen = write_json(value); return;
     case Key::Value: node.choice = write_json(value); return;
     case Key::Items: node.items = joined(value); return;
+    case Key::Limit: node.limit = whole(value); return;
+    case Key::Secret: node.secret = value.truth; return;
     case Key::Icon: node.icon = value.text; return;
     case Key::Series: node.series = series_of(value, node.look); return;
     case Key::Values: node.numbers = numbers_of(value); return;
@@ -230,6 +233,10 @@ void finish(Node& node) {
         int w = 0;
         if (kit_size(&image, &w, nullptr) != 0) throw std::bad_alloc();
         node.unknown = w == 0;
+    }
+    if (node.is_field()) {
+        node.content = node.text;
+        node.text = words_at_rest(node);
     }
     if (!node.choice.empty()) set_flag(is_chosen(node), KIT_ACTIVE, node.state);
     if (node.counts && node.is_widget(ORVEL_WIDGET_DROPDOWN)) {

@@ -94,6 +94,8 @@ constexpr KeySpec kKeys[] = {
     {"key", Key::Shortcut, Type::Shortcut, kControl},
     {"sound", Key::Sound, Type::Words, kControl},
     {"hint", Key::Hint, Type::Words, kField},
+    {"limit", Key::Limit, Type::Length, kField},
+    {"secret", Key::Secret, Type::Truth, kField},
     {"icon", Key::Icon, Type::Icon, kIcon},
     {"series", Key::Series, Type::Series, kChart},
     {"values", Key::Values, Type::Numbers, kChart},

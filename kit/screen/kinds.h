@@ -135,6 +135,8 @@ enum class Key {
     Shortcut,
     Sound,
     Hint,
+    Limit,
+    Secret,
     Icon,
     Series,
     Values,

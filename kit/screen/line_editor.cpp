@@ -205,12 +205,20 @@ LineEditor::Shown LineEditor::shown(std::string_view dot) const {
 }
 
 int LineEditor::behind_shown(int at, std::string_view dot) const {
-    if (!secret_) return to_int(place_of(at));
-    std::size_t place = 0;
-    for (std::size_t left = clamped(at, text_.size() * dot.size()) / dot.size(); left > 0; --left) {
-        place = letter_end(text_, place);
+    const Shown now = shown(dot);
+    at = std::clamp(at, 0, to_int(now.text.size()));
+    const bool behind = is_composing() && at >= now.composed_end;
+    at -= std::clamp(at - now.composed, 0, now.composed_end - now.composed);
+    std::size_t place = static_cast<std::size_t>(at);
+    if (secret_) {
+        place = 0;
+        for (std::size_t left = static_cast<std::size_t>(at) / dot.size(); left > 0; --left) {
+            place = letter_end(text_, place);
+        }
     }
-    return to_int(place);
+    const Part part = selection();
+    if (behind) place += part.end - part.begin;
+    return to_int(place_from(text_, place));
 }
 
 }  // namespace kit

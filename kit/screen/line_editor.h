@@ -25,6 +25,7 @@ class LineEditor {
 public:
     /// At most so many letters; 0: as many as 64 KiB hold.
     void set_limit(int letters) { limit_ = letters > 0 ? static_cast<std::size_t>(letters) : 0; }
+    int limit() const { return static_cast<int>(limit_); }
     /// Nobody is to read it: nothing is copied, and there are no words in it.
     void set_secret(bool secret) { secret_ = secret; }
 
@@ -72,7 +73,8 @@ public:
         int composed, composed_end;  // where that stands
     };
     Shown shown(std::string_view dot) const;
-    /// The offset in the text of one in the text that shows while nothing is composed.
+    /// The offset in the text of one in the text that shows; all of what is composed is at its
+    /// begin.
     int behind_shown(int at, std::string_view dot) const;
 
 private:

@@ -83,7 +83,7 @@ bool same_looks(const Live& a, const Live& b) {
     const auto looks = [](const Live& live) {
         return std::tie(live.hovered, live.bar, live.held.grip, live.held.tag, live.held.over,
                         live.focused, live.ring, live.away, live.open.tag, live.open.marked,
-                        live.scrolled);
+                        live.scrolled, live.editing);
     };
     const Tag one = a.tip_shows() ? a.tip.tag : 0, other = b.tip_shows() ? b.tip.tag : 0;
     return looks(a) == looks(b) && one == other;
@@ -105,7 +105,11 @@ void enliven(Nodes& nodes, Live& live) {
     if (live.open.tag != 0) add_list(nodes, live);
     find_under(nodes, live);
     if (live.tip_shows()) add_tooltip(nodes, live);
-    for (Node& node : nodes) show_states(node, live);
+    follow_field(nodes, live);
+    for (Node& node : nodes) {
+        show_states(node, live);
+        if (node.is_field()) show_field(node, live);
+    }
 }
 
 Nodes shown(const Sources& sources, const Value& data, Pair size, Live& live) {

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "screen/field.h"
 #include "screen/node.h"
 #include "screen/sources.h"
 
@@ -72,6 +73,9 @@ struct Live {
     Tip tip;
     Typed typed;
     std::vector<Scrolled> scrolled;
+    EditingPtr editing;
+    Clicks clicks;
+    int field_scroll = 0;  // of the field that has the keyboard
 
     bool tip_shows() const;
 };

@@ -91,6 +91,9 @@ kit_widget widget_of(const Node& node) {
     widget.value = node.value;
     widget.data = node.numbers.data();
     widget.count = static_cast<int>(node.numbers.size());
+    widget.caret = node.caret.caret;
+    widget.anchor = node.caret.anchor;
+    widget.scroll = node.caret.scroll;
     return widget;
 }
 

@@ -39,6 +39,13 @@ using Tag = std::uint64_t;
 /// What shows of input; to be added up.
 enum LiveState : unsigned { kHovered = 1, kPressed = 2, kFocused = 4, kOpen = 8 };
 
+/// Where a text field has its caret, what is composed, and the widget's scroll: in its words.
+struct FieldCaret {
+    int caret = 0, anchor = 0, composed = 0, composed_end = 0, scroll = 0;
+
+    bool operator==(const FieldCaret&) const = default;
+};
+
 constexpr int kNoSide = -1;
 constexpr int kAll = INT_MIN;
 constexpr int kMostList = 1 << 30;  // pixels of a list, however long
@@ -75,6 +82,10 @@ struct Node {
 
     // What it shows.
     std::string text, hint, icon, unit;
+    std::string content;  // of a text field, whose words may be others
+    int limit = 0;        // in letters; 0: none
+    bool secret = false;
+    FieldCaret caret;
     std::string written;  // a number, as it was
     std::string step;     // of the range; empty: none
     std::string tip, sound;

@@ -65,7 +65,20 @@ private:
     bool widget(const kit_box& box) const {
         kit_widget record = widget_of(node_);
         record.box = box;
-        return kit_draw(canvas_, &node_.look.theme, &record) == 0;
+        if (kit_draw(canvas_, &node_.look.theme, &record) != 0) return false;
+        if (node_.caret.composed != node_.caret.composed_end) underline(record);
+        return true;
+    }
+    /// What is composed.
+    void underline(const kit_widget& field) const {
+        kit_box room = {}, caret = {};
+        const int scroll = kit_field(&field, &room, &caret);
+        const auto column = [&](int offset) {
+            const int x = room.x - scroll + kit_text_x(field.face, field.text, offset);
+            return std::clamp(x, room.x, room.x + room.w);
+        };
+        const int from = column(node_.caret.composed), to = column(node_.caret.composed_end);
+        fill({from, caret.y + caret.h - caret.w, to - from, caret.w}, node_.look.theme.text);
     }
     bool text() const {
         const auto align = static_cast<kit_align>(node_.words);

@@ -6,6 +6,7 @@
 #include "screen/popup.h"
 #include "screen/scroll.h"
 #include "screen/turn.h"
+#include "screen/typing.h"
 #include "screen/under.h"
 
 namespace kit {
@@ -47,6 +48,7 @@ void slip(Turn& turn, int i) {
 void hold_control(Turn& turn, int i) {
     Held& held = turn.live.held;
     const Node& node = at(turn.nodes(), i);
+    if (node.is_field()) return drag_field(turn, node);
     const int under = control_under(turn.nodes(), turn.live.x, turn.live.y);
     const bool was = held.over;
     held.over = under == i && part_at(node, turn.live.x) == held.part;
@@ -137,7 +139,7 @@ void point(Turn& turn, int x, int y) {
     if (i >= 0) live.open.marked = at(turn.nodes(), i).slot;
 }
 
-void press(Turn& turn, int x, int y) {
+void press(Turn& turn, int x, int y, unsigned modifiers) {
     Live& live = turn.live;
     live.held = {};
     point(turn, x, y);
@@ -157,8 +159,13 @@ void press(Turn& turn, int x, int y) {
     live.focused = i < 0 ? 0 : at(turn.nodes(), i).tag;
     live.ring = false;
     live.typed = {};
-    if (i >= 0) return hold(turn, i);
-    hold_scroller(turn, true);
+    if (i < 0) {
+        hold_scroller(turn, true);
+        return;
+    }
+    hold(turn, i);
+    const Node& node = at(turn.nodes(), i);
+    if (node.is_field()) press_field(turn, node, modifiers);
 }
 
 void release(Turn& turn, int x, int y) {

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "screen/turn.h"
+#include "screen/typing.h"
 
 namespace kit {
 namespace {
@@ -37,7 +38,9 @@ void pass_time(Turn& turn, long long now) {
     held.next += times * kRepeat;
     if (i >= 0) {
         const auto steps = static_cast<long long>(std::min<Clock>(times, 1000000));
-        move_by(turn, at(turn.nodes(), i), held.part * steps);
+        const Node& node = at(turn.nodes(), i);
+        if (node.is_field()) return drag_on(turn, node, steps);
+        move_by(turn, node, held.part * steps);
     }
 }
 

@@ -56,12 +56,14 @@ Clock due(const Live& live);
 Clock elapsed(const Live& live, long long now);
 
 void point(Turn& turn, int x, int y);
-void press(Turn& turn, int x, int y);
+void press(Turn& turn, int x, int y, unsigned modifiers);
 void release(Turn& turn, int x, int y);
 void leave(Turn& turn);
 void wheel(Turn& turn, int dx, int dy);
 void press_key(Turn& turn, int key, unsigned modifiers);
 void type(Turn& turn, std::string_view text);
+void paste(Turn& turn, std::string_view text);
+void compose(Turn& turn, std::string_view text, int caret);
 void let_keyboard_go(Turn& turn);
 
 /* The keyboard's place. */

@@ -454,6 +454,19 @@ TEST(LineEditorTest, ATextFromOutsideThatIsTheSameLeavesWhatIsComposed) {
     EXPECT_TRUE(editor.is_composing());
 }
 
+TEST(LineEditorTest, OffsetsOfWhatShowsAreFoundAroundWhatIsComposed) {
+    LineEditor editor = editing("a[bc|de\u0301");
+    editor.compose("xyz", 1);  // shows "axyzde\u0301"
+    const std::vector<int> places = {0, 1, 1, 1, 3, 4, 7, 7, 7};
+    for (std::size_t at = 0; at < places.size(); ++at) {
+        EXPECT_EQ(editor.behind_shown(static_cast<int>(at), "*"), places[at]) << at;
+    }
+    editor.set_secret(true);
+    for (std::size_t at = 0; at < 6; ++at) {
+        EXPECT_EQ(editor.behind_shown(static_cast<int>(at), "*"), places[at]) << at;
+    }
+}
+
 TEST(LineEditorTest, NothingIsComposedWhereOffsetsAreEqual) {
     const LineEditor::Shown shown = editing("a[b|c").shown("*");
     EXPECT_EQ(shown.text, "abc");

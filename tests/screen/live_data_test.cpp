@@ -119,6 +119,7 @@ TEST(LiveDataTest, EveryKeyThatIsDrawnIsDrawnAnew) {
              {R"("button": "Go", "focus": "${x}")", "false", "true"},
              {R"("dropdown": "Go", "on": "${x}")", "false", "true"},
              {R"("textbox": "", "hint": "${x}")", "\"A\"", "\"B\""},
+             {R"("textbox": "A", "secret": "${x}")", "false", "true"},
              {R"("menu": ["A", "B"], "selected": "${x}")", "0", "1"},
              {R"("menu": "${x}")", "[\"A\"]", "[\"B\"]"},
              {R"("slider": 1, "range": "${x}")", "[0, 2]", "[0, 3]"},

@@ -93,7 +93,8 @@ const Row kRows[] = {
                  made.data = kBars;
                  made.count = 3;
              })},
-    {"search", R"({"search": "Größe"})", widget(ORVEL_WIDGET_SEARCH, "Größe")},
+    {"search", R"({"search": "Größe", "limit": 5, "secret": false})",
+     widget(ORVEL_WIDGET_SEARCH, "Größe")},
     {"tooltip", R"({"tooltip": "Größe"})", widget(ORVEL_WIDGET_TOOLTIP, "Größe")},
     {"statusbar", R"({"statusbar": "Größe"})", widget(ORVEL_WIDGET_STATUSBAR, "Größe")},
 };

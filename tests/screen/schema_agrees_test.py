@@ -38,6 +38,7 @@ GOOD = [
     {"row": [], "min": [None, 4], "max": 9, "width": "${n}", "//": {"any": ["thing"]}},
     {"row": [], "theme": {"text": "#000000", "accent": "${hex}"}, "ground": "surface"},
     {"row": [], "theme": "light", "id": "größe-2_a", "name": "a row", "edge": "border"},
+    {"textbox": "", "limit": 8, "secret": True}, {"search": "", "limit": "${n}", "secret": "${b}"},
     {"textbox": "", "hint": "Name", "focus": True, "disabled": False, "hover": True},
     {"stepper": 5}, {"badge": "${n}"}, {"rating": 0.5}, {"bars": [0.5, None]}, {"progress": 1},
     {"dropdown": "a", "items": ["a", "b"], "selected": "${n}"}, {"dropdown": "${t}", "items": "${list}"},
@@ -74,7 +75,8 @@ BAD = [
     {"button": "a", "key": "f13"}, {"button": "a", "key": ""}, {"button": "a", "key": " "}, {"button": "a", "key": 5},
     {"button": "a", "key": "enter "}, {"button": "a", "key": "ss"}, {"text": "a", "key": "s"}, {"text": "a", "sound": "s"},
     {"include": "../part.json"}, {"include": "/part.json"}, {"include": "a//b.json"}, {"include": ""},
-    {"include": "part.json", "with": []}, {"button": "a", "on": "yes"}, {"button": "a", "hint": "b"},
+    {"include": "part.json", "with": []}, {"button": "a", "on": "yes"}, {"button": "a", "hint": "b"}, {"textbox": "", "limit": 0},
+    {"textbox": "", "limit": 32768}, {"search": "", "secret": "yes"}, {"text": "", "secret": True},
     {"stack": [], "justify": "between"}, {"row": [], "justify": "stretch"}, {"row": [], "scroll": "a"},
 ]
 

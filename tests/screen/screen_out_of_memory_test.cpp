@@ -20,6 +20,7 @@ const std::string kScene = scene(
          "title": "Window"},
         {"chart": "line", "series": [{"values": "${values}", "name": "A"}], "axes": true},
         {"picture": "any"}, {"image": "none"}, {"include": "other", "with": {"x": "${title}"}},
+        {"textbox": "${title}", "id": "field"},
         {"tabs": ["One", "${title}"], "selected": 1, "theme": {"accent": "#123456"}}],
         "id": "root", "scroll": true})",
     R"("size": [90, 200], "face": "sans 11",
@@ -45,6 +46,7 @@ kit_screen_host host_of(CanvasPtr& picture) {
 /// What the calls work on; made anew for each.
 struct Stage {
     Stage() : screen(opened(kScene, nullptr, &host)) {
+        kit_screen_focus(screen.get(), "field");
         kit_screen_draw(screen.get(), canvas.get(), nullptr);
     }
     CanvasPtr picture = make_canvas(8, 8);
@@ -67,6 +69,16 @@ int sent(Stage& stage, const char* id, int kind) {
     event.kind = kind;
     event.x = box.x + box.w / 2;
     event.y = box.y + box.h / 2;
+    return kit_screen_send(stage.screen.get(), &event, 0);
+}
+
+/// The same of one for the text field that has the keyboard.
+int sent_to_field(Stage& stage, int kind, const char* text, int key = 0) {
+    kit_screen_event event = {};
+    event.kind = kind;
+    event.text = text;
+    event.key = key;
+    event.modifiers = KIT_MOD_CONTROL;
     return kit_screen_send(stage.screen.get(), &event, 0);
 }
 
@@ -115,6 +127,20 @@ const Row kRows[] = {
                                   stage.why, sizeof stage.why);
      }},
     {"kit_screen_send ", [](Stage& stage) { return sent(stage, "button", KIT_EVENT_PRESS); }},
+    {"kit_screen_send ", [](Stage& stage) { return sent(stage, "field", KIT_EVENT_PRESS); }},
+    {"kit_screen_send ",
+     [](Stage& stage) {
+         return sent_to_field(stage, KIT_EVENT_TEXT,
+                              "What was typed, longer than what it replaces");
+     }},
+    {"kit_screen_send ",
+     [](Stage& stage) {
+         return sent_to_field(stage, KIT_EVENT_COMPOSE, "What an input method composes");
+     }},
+    {"kit_screen_send ",
+     [](Stage& stage) { return sent_to_field(stage, KIT_EVENT_KEY, nullptr, 'x'); }},
+    {"kit_screen_send ",
+     [](Stage& stage) { return sent_to_field(stage, KIT_EVENT_KEY, nullptr, KIT_KEY_HOME); }},
     {"kit_screen_focus ",
      [](Stage& stage) { return kit_screen_focus(stage.screen.get(), "button"); }},
     {"kit_screen_draw kit_screen_expose ",
