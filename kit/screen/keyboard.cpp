@@ -97,12 +97,14 @@ bool item_key(Turn& turn, const Node& node, const Pressed& key) {
 /// Those of a control's kind that go with it: radio buttons with one value, else of one parent.
 std::vector<int> group_of(const Nodes& nodes, int i) {
     const Node& one = at(nodes, i);
+    const bool shares = one.is_widget(ORVEL_WIDGET_RADIO) && !one.choice.empty();
     std::vector<int> group;
     for (int k = 0; k < nodes.front().end; ++k) {
         const Node& node = at(nodes, k);
-        const bool shares = !one.choice.empty() && !one.target.empty() && node.target == one.target;
         if (node.kind != one.kind || !node.is_usable()) continue;
-        if (node.parent == one.parent || (shares && node.is_widget(ORVEL_WIDGET_RADIO))) {
+        const bool goes =
+            shares && !one.target.empty() ? node.target == one.target : node.parent == one.parent;
+        if (goes && shares == (node.is_widget(ORVEL_WIDGET_RADIO) && !node.choice.empty())) {
             group.push_back(k);
         }
     }

@@ -74,7 +74,7 @@ void find_under(const Nodes& nodes, Live& live) {
             live.inside ? scrollers_under(nodes, live.x, live.y) : std::vector<int>{};
         live.bar = around.empty() ? 0 : at(nodes, around.front()).tag;
     }
-    const Tag tip = free ? tip_under(nodes, live.x, live.y) : 0;
+    const Tag tip = live.inside ? tip_under(nodes, live.x, live.y) : 0;
     if (tip != live.tip.tag) live.tip = {tip, live.clock, false};
 }
 

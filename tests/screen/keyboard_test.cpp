@@ -1,0 +1,310 @@
+// What keys do to a screen.
+#include "live.h"
+
+namespace {
+
+using namespace orvel_test;
+
+const std::string kForm = scene(
+    R"({"column": [{"button": "A", "id": "a", "height": 24, "key": "ctrl+a"},
+        {"button": "Off", "id": "off", "disabled": true, "height": 24, "key": "f5"},
+        {"stack": [{"toggle": "${t}", "id": "hidden", "key": "f6"},
+                   {"toggle": "${t}", "id": "t", "key": "alt+t"}], "show": 1, "height": 24},
+        {"row": [{"textbox": "", "id": "field", "width": 60}, {"slider": "${s}", "id": "s", "key": "enter", "width": 100}]},
+        {"checkbox": "C", "on": "${t}", "id": "c", "key": "x"}]})",
+    R"("size": [200, 200], "sample": {"t": false, "s": 0.5}, )");
+
+TEST(KeyboardTest, TabWalksWhatCanBeUsedInTheOrderOfTheTree) {
+    const Used used(kForm);
+    std::string walk;
+    for (int i = 0; i < 6; ++i) {
+        used.key(KIT_KEY_TAB);
+        walk += used.focused();
+    }
+    EXPECT_EQ(walk, " a t field s c a");
+    walk.clear();
+    for (int i = 0; i < 5; ++i) {
+        used.key(KIT_KEY_TAB, KIT_MOD_SHIFT);
+        walk += used.focused();
+    }
+    EXPECT_EQ(walk, " c s field t a");
+    const Used fresh(kForm);
+    fresh.key(KIT_KEY_TAB, KIT_MOD_SHIFT);
+    EXPECT_EQ(fresh.focused(), " c");
+    fresh.key(KIT_KEY_TAB, KIT_MOD_CONTROL);
+    EXPECT_EQ(fresh.focused(), " c");
+    const Used none(scene(R"({"button": "A"})"));
+    none.key(KIT_KEY_TAB);
+    EXPECT_EQ(none.focused(), "");
+}
+
+/// Whether a pixel of the screen's first row is that of a ring.
+bool has_ring(const Used& used) {
+    const CanvasPtr canvas = drawn(used.screen.get());
+    orvel_theme theme;
+    orvel_theme_default(&theme);
+    const orvel_color pixel = orvel_canvas_pixel_get(canvas.get(), 50, 0);
+    return pixel.r == theme.accent.r && pixel.g == theme.accent.g && pixel.b == theme.accent.b;
+}
+
+TEST(KeyboardTest, TheRingShowsForKeysAndNotForThePointer) {
+    const Used used(kForm);
+    used.click(50, 10);
+    EXPECT_EQ(used.focused(), " a");
+    EXPECT_FALSE(has_ring(used));
+    used.key(' ');
+    EXPECT_TRUE(has_ring(used));
+    used.plain(KIT_EVENT_BLUR);
+    EXPECT_FALSE(has_ring(used));
+    used.plain(KIT_EVENT_FOCUS);
+    EXPECT_TRUE(has_ring(used));
+    used.click(50, 199);
+    EXPECT_EQ(used.focused(), "");
+}
+
+TEST(KeyboardTest, AFocusThatTheSceneShowsEndsWithARealOne) {
+    const Used used(scene(R"({"column": [{"button": "A", "focus": true, "id": "a"},
+                                         {"button": "B", "id": "b"}]})"));
+    EXPECT_EQ(used.focused(), " a");
+    EXPECT_EQ(used.focus("b"), 0);
+    EXPECT_EQ(used.focused(), " b");
+}
+
+TEST(KeyboardTest, SpaceAndEnterPress) {
+    const Used used(kForm);
+    used.focus("a");
+    used.key(' ');
+    used.key(KIT_KEY_ENTER);
+    EXPECT_EQ(used.changes(), "press #a\npress #a\n");
+    used.focus("t");
+    used.key(' ');
+    used.focus("c");
+    used.key(' ', KIT_MOD_CONTROL);
+    used.key(KIT_KEY_ENTER);
+    EXPECT_EQ(used.changes(), "value #t t=true\nvalue #c t=false\n");
+}
+
+TEST(KeyboardTest, ShortcutsUseAControlFromAnywhere) {
+    const Used used(kForm);
+    used.key('a', KIT_MOD_CONTROL);
+    used.key('A', KIT_MOD_CONTROL);
+    used.key('a');
+    used.key('a', KIT_MOD_CONTROL | KIT_MOD_SHIFT);
+    EXPECT_EQ(used.changes(), "press #a\npress #a\n");
+    used.key('t', KIT_MOD_ALT);
+    EXPECT_EQ(used.changes(), "value #t t=true\n");
+    used.key(KIT_KEY_F5);  // is disabled
+    used.key(KIT_KEY_F6);  // is hidden
+    EXPECT_EQ(used.changes(), "");
+    EXPECT_EQ(used.focused(), "");
+    used.key(KIT_KEY_ENTER);  // what has no press gets the keyboard
+    EXPECT_EQ(used.focused(), " s");
+    used.key('x');
+    EXPECT_EQ(used.changes(), "value #c t=false\n");
+    used.focus("field");
+    used.key('x');  // a letter for the field
+    EXPECT_EQ(used.changes(), "");
+    used.key('t', KIT_MOD_ALT);
+    EXPECT_EQ(used.changes(), "value #t t=true\n");
+}
+
+TEST(KeyboardTest, ArrowsGoThroughRadioButtons) {
+    const std::string radios =
+        R"({"row": [{"radio": "A", "id": "a", "selected": "${m}", "value": 1},
+        {"column": [{"radio": "B", "id": "b", "selected": "${m}", "value": 2}]},
+        {"radio": "Other", "id": "o", "on": "${t}"},
+        {"radio": "C", "id": "c", "selected": "${m}", "value": 3, "disabled": true}]})";
+    const Used used(scene(radios, R"("size": [300, 40], "sample": {"m": 1, "t": false}, )"));
+    used.focus("a");
+    used.key(KIT_KEY_RIGHT);
+    EXPECT_EQ(used.focused(), " b");
+    EXPECT_EQ(used.changes(), "value #b m=2\n");
+    used.key(KIT_KEY_DOWN);
+    EXPECT_EQ(used.focused(), " a");
+    EXPECT_EQ(used.changes(), "value #a m=1\n");
+    used.key(KIT_KEY_UP);
+    EXPECT_EQ(used.changes(), "value #b m=2\n");
+    used.key(KIT_KEY_HOME);
+    EXPECT_EQ(used.focused(), " b");
+    EXPECT_EQ(used.changes(), "");
+}
+
+const std::string kRows = scene(
+    R"({"column": [{"column": [{"each": "rows", "list_item": "${item}", "id": "row", "height": 20}],
+                    "scroll": true, "height": 60}, {"button": "End", "id": "end"}]})",
+    R"("size": [100, 100], "sample": {"rows": ["Adam", "Äpfel", "Berta", "Bertram", "Anna",
+                                               "Ärger", "Zoë"]}, )");
+
+TEST(KeyboardTest, ArrowsAndPagesGoThroughListItemsAndScrollThem) {
+    const Used used(kRows);
+    used.focus("row[0]");
+    used.key(KIT_KEY_DOWN, 0, 3);
+    EXPECT_EQ(used.focused(), " row[3]");
+    EXPECT_EQ(used.box("row[3]"), (kit_box{0, 40, 100, 20}));
+    used.key(KIT_KEY_PAGE_DOWN);
+    EXPECT_EQ(used.focused(), " row[6]");
+    used.key(KIT_KEY_DOWN);
+    EXPECT_EQ(used.focused(), " row[6]");
+    used.key(KIT_KEY_PAGE_UP);
+    EXPECT_EQ(used.focused(), " row[3]");
+    EXPECT_EQ(used.box("row[3]"), (kit_box{0, 0, 100, 20}));
+    used.key(KIT_KEY_HOME);
+    EXPECT_EQ(used.focused(), " row[0]");
+    used.key(KIT_KEY_END);
+    EXPECT_EQ(used.focused(), " row[6]");
+    used.key(KIT_KEY_LEFT);
+    EXPECT_EQ(used.focused(), " row[6]");
+    EXPECT_EQ(used.changes(), "");
+    used.key(KIT_KEY_ENTER);
+    EXPECT_EQ(used.changes(), "press #row[6]\n");
+    used.key(KIT_KEY_TAB);
+    EXPECT_EQ(used.focused(), " end");
+    used.key(KIT_KEY_TAB);
+    EXPECT_EQ(used.focused(), " row[0]");
+    EXPECT_EQ(used.box("row[0]"), (kit_box{0, 0, 100, 20}));
+}
+
+TEST(KeyboardTest, APageOfWhatDoesNotScrollIsTenRows) {
+    const Used used(scene(R"({"column": [{"each": "rows", "list_item": "A", "id": "row"}]})",
+                          R"("sample": {"rows": [1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12]}, )"));
+    used.focus("row[0]");
+    used.key(KIT_KEY_PAGE_DOWN);
+    EXPECT_EQ(used.focused(), " row[10]");
+}
+
+TEST(KeyboardTest, TypedLettersFindAListItem) {
+    Used used(kRows);
+    used.focus("row[0]");
+    used.type("b");
+    EXPECT_EQ(used.focused(), " row[2]");
+    used.type("ERTR");
+    EXPECT_EQ(used.focused(), " row[3]");
+    used.type(" ");  // part of what is looked for
+    used.key(' ');
+    EXPECT_EQ(used.changes(), "");
+    used.wait(1000);
+    used.type("ä");
+    EXPECT_EQ(used.focused(), " row[5]");
+    used.type("Ä");  // the next one
+    EXPECT_EQ(used.focused(), " row[1]");
+    used.wait(1000);
+    used.type(" ");
+    used.type("nobody");
+    EXPECT_EQ(used.focused(), " row[1]");
+    used.wait(1000);
+    used.type("an");
+    EXPECT_EQ(used.focused(), " row[4]");
+    used.wait(1000);
+    used.type("zOË");
+    EXPECT_EQ(used.focused(), " row[6]");
+    used.type(std::string(1000, 'x').c_str());
+    used.plain(KIT_EVENT_TEXT, nullptr);
+    used.wait(1000);
+    used.type("\xC3");
+    EXPECT_EQ(used.focused(), " row[1]");
+    used.focus("end");
+    used.type("a");
+    EXPECT_EQ(used.focused(), " end");
+}
+
+TEST(KeyboardTest, KeysThatNobodyWantsScroll) {
+    const std::string text = R"({"row": [{"column": [{"button": "A", "id": "a", "height": 300}],
+            "scroll": true, "width": 50, "id": "left"},
+        {"row": [{"rect": "accent", "width": 500, "id": "wide"}], "scroll": true, "width": 50},
+        {"column": [{"rect": "error", "height": 300, "id": "high"}], "scroll": true, "grow": 1}]})";
+    const Used used(scene(text, R"("size": [150, 100], )"));
+    const auto tops = [&] {
+        const std::string all = described(used.screen.get());
+        const auto place = [&](const char* id) {
+            const std::size_t at = all.find(id);
+            return all.substr(at, all.find(' ', at + 6) - at);
+        };
+        return place("#a ") + ' ' + place("#wide ") + ' ' + place("#high ");
+    };
+    used.key(KIT_KEY_DOWN);
+    EXPECT_EQ(tops(), "#a 0,-48 #wide 50,0 #high 100,0");
+    used.key(KIT_KEY_PAGE_DOWN);
+    EXPECT_EQ(tops(), "#a 0,-148 #wide 50,0 #high 100,0");
+    used.key(KIT_KEY_END);
+    EXPECT_EQ(tops(), "#a 0,-200 #wide 50,0 #high 100,0");
+    used.key(KIT_KEY_HOME);
+    used.key(KIT_KEY_DOWN, KIT_MOD_CONTROL);
+    used.key(KIT_KEY_RIGHT);
+    EXPECT_EQ(tops(), "#a 0,0 #wide 50,0 #high 100,0");
+    used.move(75, 50);
+    used.key(KIT_KEY_RIGHT);
+    used.key(KIT_KEY_DOWN);
+    EXPECT_EQ(tops(), "#a 0,0 #wide 2,0 #high 100,0");
+    used.key(KIT_KEY_PAGE_DOWN);
+    EXPECT_EQ(tops(), "#a 0,0 #wide -48,0 #high 100,0");
+    used.move(125, 50);
+    used.key(KIT_KEY_END);
+    EXPECT_EQ(tops(), "#a 0,0 #wide -48,0 #high 100,-200");
+    used.focus("a");
+    used.key(KIT_KEY_PAGE_DOWN);
+    EXPECT_EQ(tops(), "#a 0,-100 #wide -48,0 #high 100,-200");
+    const Used none(scene(R"({"textbox": "", "id": "a"})"));
+    none.key(KIT_KEY_END);
+    none.focus("a");
+    none.key(KIT_KEY_END);
+}
+
+TEST(KeyboardTest, EscapeEndsADrag) {
+    const Used used(kForm);
+    const kit_box box = used.box("s");
+    used.press(box.x + 5, box.y + box.h / 2);
+    EXPECT_NE(used.value("s"), "0.5");
+    used.changes();
+    used.key(KIT_KEY_ESCAPE);
+    EXPECT_EQ(used.changes(), "value #s s=0.5\n");
+    used.move(box.x + 50, box.y + 5);
+    used.release(box.x + 50, box.y + 5);
+    EXPECT_EQ(used.changes(), "");
+    used.press(50, 10);
+    used.key(KIT_KEY_ESCAPE);
+    used.release(50, 10);
+    EXPECT_EQ(used.changes(), "");
+    used.press(box.x + box.w / 2, box.y + box.h / 2);  // on its knob, and not moved
+    used.key(KIT_KEY_ESCAPE);
+    used.key(KIT_KEY_ESCAPE);
+    EXPECT_EQ(used.changes(), "");
+}
+
+TEST(KeyboardTest, FocusIsGivenByAnId) {
+    const Used used(kRows);
+    EXPECT_EQ(used.focus("row[6]"), 0);
+    EXPECT_EQ(used.box("row[6]"), (kit_box{0, 40, 100, 20}));
+    EXPECT_EQ(used.focus("nobody"), -1);
+    EXPECT_EQ(used.focused(), " row[6]");
+    EXPECT_EQ(used.focus(""), 0);
+    EXPECT_EQ(used.focused(), "");
+    EXPECT_EQ(used.focus(nullptr), 0);
+}
+
+TEST(KeyboardTest, WhatGoesLetsGo) {
+    const Used used(scene(R"({"column": [{"button": "A", "id": "a", "if": "there", "height": 30},
+                                         {"button": "B", "id": "b", "disabled": "${off}"}]})",
+                          R"("size": [90, 90], "sample": {"there": true, "off": false}, )"));
+    used.press(50, 10);
+    EXPECT_EQ(used.focused(), " a");
+    set(used.screen.get(), "there", "false");
+    set(used.screen.get(), "there", "true");
+    EXPECT_EQ(used.line("a"), "button \"A\" hover");
+    used.release(50, 10);
+    EXPECT_EQ(used.changes(), "");
+    used.focus("b");
+    set(used.screen.get(), "off", "true");
+    EXPECT_EQ(used.focused(), "");
+}
+
+TEST(KeyboardTest, WhatIsOutOfSightAndCannotBeScrolledIsLeftOut) {
+    const Used used(scene(R"({"column": [{"button": "A", "id": "a", "height": 30},
+                                         {"button": "B", "id": "b", "height": 30},
+                                         {"button": "C", "id": "c", "height": 0}]})",
+                          R"("size": [90, 30], )"));
+    used.key(KIT_KEY_TAB);
+    used.key(KIT_KEY_TAB);
+    EXPECT_EQ(used.focused(), " a");
+}
+
+}  // namespace

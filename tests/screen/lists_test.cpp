@@ -1,0 +1,311 @@
+// What opens over the rest: the lists of dropdowns, and tooltips.
+#include "live.h"
+
+namespace {
+
+using namespace orvel_test;
+
+const std::string kModes = scene(
+    R"({"column": [{"dropdown": "Choose", "items": ["Eco", "Comfort", "Boost"], "id": "mode",
+                    "selected": "${mode}", "width": 90, "height": 24},
+        {"button": "Below", "id": "below", "height": 100}]})",
+    R"("size": [200, 200], "sample": {"mode": 1}, )");
+
+TEST(ListsTest, ADropdownShowsItsItemAndOpensOverTheRest) {
+    const Used used(kModes);
+    EXPECT_EQ(used.line("mode"), "dropdown =\"Comfort\"");
+    used.click(50, 12);
+    EXPECT_EQ(used.line("mode"), "dropdown =\"Comfort\" open focus");
+    EXPECT_EQ(used.popped(),
+              "column 0,24 90x74\n"
+              "  list_item \"Eco\" 1,25 88x24\n"
+              "  list_item \"Comfort\" on focus 1,49 88x24\n"
+              "  list_item \"Boost\" 1,73 88x24\n");
+    used.move(50, 80);
+    EXPECT_EQ(used.line("below"), "button \"Below\"");  // is out of reach
+    used.click(50, 80);
+    EXPECT_EQ(used.changes(), "value #mode mode=2\n");
+    EXPECT_EQ(used.popped(), "");
+    EXPECT_EQ(used.line("mode"), "dropdown =\"Boost\" focus");
+    EXPECT_STREQ(kit_screen_report(used.screen.get()), "");
+}
+
+TEST(ListsTest, TheListIsDrawnOverTheRestAndGoesWithoutATrace) {
+    const Used used(kModes);
+    const CanvasPtr before = drawn(used.screen.get());
+    const CanvasPtr canvas = drawn(used.screen.get());
+    used.focus("mode");
+    used.focus(nullptr);
+    used.press(50, 12);
+    used.release(50, 12);
+    kit_box dirty = {};
+    EXPECT_EQ(kit_screen_draw(used.screen.get(), canvas.get(), &dirty), 0);
+    EXPECT_EQ(dirty, (kit_box{0, 0, 200, 124}));
+    EXPECT_TRUE(checksum(canvas.get()) == checksum(drawn(used.screen.get()).get()));
+    EXPECT_FALSE(checksum(canvas.get()) == checksum(before.get()));
+    used.key(KIT_KEY_ESCAPE);
+    used.leave();
+    EXPECT_EQ(kit_screen_draw(used.screen.get(), canvas.get(), &dirty), 0);
+    used.focus(nullptr);
+    EXPECT_EQ(kit_screen_draw(used.screen.get(), canvas.get(), nullptr), 0);
+    EXPECT_TRUE(checksum(canvas.get()) == checksum(before.get()));
+}
+
+TEST(ListsTest, APressBesideItClosesItAndDoesNothingElse) {
+    const Used used(kModes);
+    used.click(50, 12);
+    used.click(150, 80);
+    EXPECT_EQ(used.popped(), "");
+    EXPECT_EQ(used.changes(), "");
+    used.click(50, 12);
+    used.click(50, 12);  // on the dropdown itself
+    EXPECT_EQ(used.popped(), "");
+    used.click(50, 12);
+    used.press(50, 60);
+    used.release(150, 180);  // dragged off a row
+    EXPECT_NE(used.popped(), "");
+    EXPECT_EQ(used.changes(), "");
+    used.click(0, 30);  // its edge
+    EXPECT_NE(used.popped(), "");
+}
+
+TEST(ListsTest, KeysGoThroughTheList) {
+    const Used used(kModes);
+    used.focus("mode");
+    used.key(KIT_KEY_ENTER);
+    used.key(KIT_KEY_DOWN, 0, 5);
+    EXPECT_NE(used.popped().find("list_item \"Boost\" focus"), std::string::npos);
+    used.key(KIT_KEY_UP);
+    used.key(KIT_KEY_HOME);
+    EXPECT_NE(used.popped().find("list_item \"Eco\" focus"), std::string::npos);
+    EXPECT_EQ(used.changes(), "");
+    used.key(KIT_KEY_ENTER);
+    EXPECT_EQ(used.changes(), "value #mode mode=0\n");
+    used.key(' ');
+    used.key(KIT_KEY_END);
+    used.key(KIT_KEY_ESCAPE);
+    used.key(KIT_KEY_DOWN, KIT_MOD_ALT);
+    EXPECT_NE(used.popped().find("list_item \"Eco\" on focus"), std::string::npos);
+    used.key(KIT_KEY_UP, KIT_MOD_ALT);
+    EXPECT_EQ(used.popped(), "");
+    used.key(' ');
+    used.key('q');
+    used.key(KIT_KEY_TAB);
+    EXPECT_EQ(used.popped(), "");
+    EXPECT_EQ(used.focused(), " below");
+    EXPECT_EQ(used.changes(), "");
+}
+
+TEST(ListsTest, KeysChooseWithoutOpening) {
+    const Used used(kModes);
+    used.focus("mode");
+    used.key(KIT_KEY_DOWN);
+    EXPECT_EQ(used.changes(), "value #mode mode=2\n");
+    used.key(KIT_KEY_LEFT);
+    EXPECT_EQ(used.changes(), "value #mode mode=1\n");
+    used.key(KIT_KEY_HOME);
+    used.key(KIT_KEY_END);
+    used.key(KIT_KEY_PAGE_UP);
+    EXPECT_EQ(used.changes(), "value #mode mode=2\n");
+    used.type("c");
+    EXPECT_EQ(used.changes(), "value #mode mode=1\n");
+    used.key(KIT_KEY_ENTER);
+    used.type("x");
+    used.key(KIT_KEY_ESCAPE);
+    used.type("e");
+    EXPECT_EQ(used.changes(), "");  // still "cxe"
+}
+
+TEST(ListsTest, LettersGoThroughTheList) {
+    Used used(kModes);
+    used.focus("mode");
+    used.key(' ');
+    used.type("b");
+    EXPECT_NE(used.popped().find("list_item \"Boost\" focus"), std::string::npos);
+    used.key(KIT_KEY_ENTER);
+    EXPECT_EQ(used.changes(), "value #mode mode=2\n");
+}
+
+TEST(ListsTest, ADropdownCanHaveAText) {
+    const Used used(scene(R"({"dropdown": "${mode}", "items": ["Eco", "Comfort"], "id": "it"})",
+                          R"("size": [100, 100], "sample": {"mode": "Comfort"}, )"));
+    used.focus("it");
+    used.key(KIT_KEY_ENTER);
+    EXPECT_NE(used.popped().find("list_item \"Comfort\" on focus"), std::string::npos);
+    used.key(KIT_KEY_UP);
+    used.key(KIT_KEY_ENTER);
+    EXPECT_EQ(used.changes(), "value #it mode=\"Eco\"\n");
+    set(used.screen.get(), "mode", "\"Other\"");
+    used.key(KIT_KEY_DOWN);
+    EXPECT_EQ(used.changes(), "value #it mode=\"Eco\"\n");
+}
+
+TEST(ListsTest, WithoutAChosenItemItShowsItsOwnWords) {
+    const Used used(kModes);
+    set(used.screen.get(), "mode", "-1");
+    EXPECT_EQ(used.line("mode"), "dropdown =\"Choose\"");
+    used.focus("mode");
+    used.key(KIT_KEY_ENTER);
+    used.key(KIT_KEY_ENTER);  // no row is marked
+    EXPECT_EQ(used.changes(), "");
+    set(used.screen.get(), "mode", "7");
+    EXPECT_NE(std::string(kit_screen_report(used.screen.get())).find("range: \"selected\" is 7"),
+              std::string::npos);
+}
+
+/// A dropdown of many items, at a height.
+std::string many(int top, int count, int height = 100) {
+    std::string items;
+    for (int i = 0; i < count; ++i) items += (i > 0 ? ", " : "") + std::to_string(i);
+    return scene(
+        R"({"column": [{"space": )" + std::to_string(top) +
+            R"(}, {"dropdown": "A", "id": "it", "selected": "${a}", "height": 20, "items": [)" +
+            items + "]}]}",
+        R"("sample": {"a": 0}, "size": [60, )" + std::to_string(height) + "], ");
+}
+
+std::string list_box(const std::string& text) {
+    const Used used(text);
+    used.focus("it");
+    used.key(KIT_KEY_ENTER);
+    const std::string popped = used.popped();
+    return popped.substr(7, popped.find('\n') - 7);
+}
+
+TEST(ListsTest, TheListFindsItsPlaceOnTheScreen) {
+    EXPECT_EQ(list_box(many(0, 2)), "0,20 60x50");
+    EXPECT_EQ(list_box(many(80, 2)), "0,30 60x50");  // there is no room below
+    EXPECT_EQ(list_box(many(0, 20)), "0,20 60x80");  // it scrolls
+    EXPECT_EQ(list_box(many(70, 20)), "0,0 60x70");  // above is more room
+    EXPECT_EQ(list_box(many(10, 20, 40)), "0,0 60x20");
+    const std::string wide = scene(
+        R"({"row": [{"space": 80}, {"dropdown": "A", "items": ["Very long words", "B"], "id": "it",
+                     "width": 20, "height": 20}]})",
+        R"("size": [100, 100], )");
+    EXPECT_EQ(list_box(wide), "0,20 100x50");
+}
+
+TEST(ListsTest, ALongListScrolls) {
+    const Used used(many(0, 1000));
+    used.focus("it");
+    used.key(KIT_KEY_ENTER);
+    used.key(KIT_KEY_DOWN, 0, 5);
+    EXPECT_NE(used.popped().find("list_item \"5\" focus 1,75 58x24"), std::string::npos);
+    used.key(KIT_KEY_PAGE_DOWN);
+    EXPECT_NE(used.popped().find("list_item \"8\" focus 1,75 58x24"), std::string::npos);
+    used.key(KIT_KEY_PAGE_UP);
+    used.key(KIT_KEY_END);
+    EXPECT_NE(used.popped().find("list_item \"999\" focus 1,75 58x24"), std::string::npos);
+    used.wheel(30, 50, 120);
+    EXPECT_NE(used.popped().find("list_item \"999\" focus 1,123"), used.popped().size());
+    used.press(56, 25);  // the bar, at its top
+    used.release(56, 25);
+    EXPECT_NE(used.popped().find("list_item \"0\" on"), std::string::npos) << used.popped();
+    used.press(30, 90);
+    used.move(30, 60);  // a finger
+    used.release(30, 60);
+    EXPECT_NE(used.popped(), "");
+    EXPECT_EQ(used.changes(), "");
+    // Opened again, what is chosen is in the middle.
+    used.key(KIT_KEY_ESCAPE);
+    set(used.screen.get(), "a", "500");
+    used.key(KIT_KEY_ENTER);
+    EXPECT_NE(used.popped().find("list_item \"500\" on hover focus 1,48 58x24"), std::string::npos)
+        << used.popped();
+}
+
+TEST(ListsTest, WhatOpenedGoesWithItsDropdown) {
+    const Used used(kModes);
+    used.focus("mode");
+    used.key(KIT_KEY_ENTER);
+    EXPECT_EQ(kit_screen_change(used.screen.get(), "mode", "disabled", "true", nullptr, 0), 0);
+    EXPECT_EQ(used.popped(), "");
+    EXPECT_EQ(kit_screen_change(used.screen.get(), "mode", "disabled", nullptr, nullptr, 0), 0);
+    EXPECT_EQ(used.popped(), "");
+    used.focus("mode");
+    used.key(KIT_KEY_ENTER);
+    used.plain(KIT_EVENT_BLUR);
+    EXPECT_EQ(used.popped(), "");
+    used.key(KIT_KEY_ENTER);
+    EXPECT_EQ(used.focus("below"), 0);
+    EXPECT_EQ(used.popped(), "");
+}
+
+TEST(ListsTest, ADropdownIsAsWideAsItsWidestItem) {
+    const auto width = [](const char* node) {
+        return Used(scene(std::string(R"({"row": [{"id": "it", )") + node + "}]}",
+                          R"("size": [300, 30], )"))
+            .box("it")
+            .w;
+    };
+    EXPECT_EQ(width(R"("dropdown": "A", "items": ["Wide words", "B"], "selected": 1)"),
+              width(R"("dropdown": "Wide words")"));
+    EXPECT_EQ(width(R"("dropdown": "Wide words", "items": ["A", "B"])"),
+              width(R"("dropdown": "Wide words")"));
+}
+
+const std::string kTips = scene(
+    R"({"column": [{"space": 40}, {"row": [{"button": "A", "id": "a", "tip": "What A does",
+                     "width": 40, "height": 30},
+                    {"panel": {"text": "Words"}, "tip": "A panel", "width": 60}]}]})",
+    R"("size": [120, 120], )");
+
+TEST(ListsTest, ATooltipShowsAfterAPause) {
+    Used used(kTips);
+    used.move(20, 50);
+    EXPECT_EQ(kit_screen_wait(used.screen.get(), used.now), 600);
+    used.wait(599);
+    EXPECT_EQ(used.popped(), "");
+    used.move(21, 50);  // begins again
+    EXPECT_EQ(kit_screen_wait(used.screen.get(), used.now), 600);
+    used.wait(600);
+    EXPECT_EQ(used.popped().substr(0, 21), "tooltip \"What A does\"") << used.popped();
+    EXPECT_EQ(kit_screen_wait(used.screen.get(), used.now), -1);
+    used.move(22, 51);  // stays
+    EXPECT_NE(used.popped(), "");
+    used.move(90, 50);
+    EXPECT_EQ(used.popped(), "");
+    used.wait(600);
+    EXPECT_EQ(used.popped().substr(0, 17), "tooltip \"A panel\"");
+    used.leave();
+    EXPECT_EQ(used.popped(), "");
+}
+
+TEST(ListsTest, ATooltipGoesByAPressAKeyAndTheWheel) {
+    for (int way = 0; way < 3; ++way) {
+        Used used(kTips);
+        used.move(20, 50);
+        used.wait(600);
+        EXPECT_NE(used.popped(), "");
+        if (way == 0) used.click(20, 50);
+        if (way == 1) used.key(KIT_KEY_F1);
+        if (way == 2) used.wheel(20, 50, 120);
+        EXPECT_EQ(used.popped(), "") << way;
+        used.wait(10000);
+        EXPECT_EQ(used.popped(), "") << way;
+    }
+    Used used(kTips);
+    used.focus("a");
+    used.move(20, 50);
+    used.wait(600);
+    used.key(KIT_KEY_ESCAPE);
+    EXPECT_EQ(used.popped(), "");
+}
+
+TEST(ListsTest, ATooltipStaysOnTheScreen) {
+    const auto tip = [](const char* head, const char* space) {
+        Used used(scene(std::string(R"({"column": [{"space": )") + space +
+                            R"(}, {"button": "A", "tip": "What it does", "height": 20}]})",
+                        head));
+        used.move(5, std::atoi(space) + 5);
+        used.wait(600);
+        const std::string popped = used.popped();
+        return popped.substr(popped.rfind('"') + 2);
+    };
+    EXPECT_EQ(tip(R"("size": [200, 100], )", "60"), "54,38 91x22\n");
+    EXPECT_EQ(tip(R"("size": [200, 100], )", "0"), "54,20 91x22\n");
+    EXPECT_EQ(tip(R"("size": [40, 30], )", "8"), "0,8 40x22\n");
+    EXPECT_EQ(tip(R"("size": [40, 10], )", "0"), "0,0 40x10\n");
+}
+
+}  // namespace
