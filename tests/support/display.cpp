@@ -25,12 +25,16 @@ Display::Display(const std::string& size) {
 }
 
 bool Display::find(const std::string& title) {
-    const Finished found = run({"timeout", "15", "xdotool", "search", "--sync", "--onlyvisible",
-                                "--name", "^" + title + "$"});
-    window_ = found.output.substr(0, found.output.find('\n'));
-    if (found.status != 0) return false;
-    xdotool({"windowfocus", "--sync", window_});
-    return true;
+    // A search fails when a window goes while it looks at it.
+    for (int attempt = 0; attempt < 3; ++attempt) {
+        const Finished found = run({"timeout", "10", "xdotool", "search", "--sync", "--onlyvisible",
+                                    "--name", "^" + title + "$"});
+        window_ = found.output.substr(0, found.output.find('\n'));
+        if (found.status != 0) continue;
+        xdotool({"windowfocus", "--sync", window_});
+        return true;
+    }
+    return false;
 }
 
 void Display::xdotool(std::vector<std::string> arguments) {

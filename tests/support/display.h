@@ -19,7 +19,7 @@ public:
     const std::string& error() const { return error_; }
 
     /// Waits for the window of this title, which what follows is about, and gives it the keyboard.
-    /// False when there is none after 15 seconds.
+    /// False when there is none after 30 seconds.
     bool find(const std::string& title);
 
     void move(int x, int y);

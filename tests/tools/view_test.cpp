@@ -1,8 +1,13 @@
 // orvel-view on a virtual display: a pointer moves and clicks, keys are pressed, and pictures taken
 // of the window show, pixel by pixel, what orvel-render makes of the session that was recorded.
 #include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 
+#include <chrono>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 
 #include "picture_file.h"
@@ -146,6 +151,26 @@ TEST_F(View, AnswersThePointer) {
     EXPECT_TRUE(told(R"("change":"press","id":"go")"));
     display->click(30, 45);
     EXPECT_TRUE(told(R"("change":"value","id":"on","name":"on","value":true)"));
+    display->press(60, 75);
+    display->move(150, 90);
+    display->release();
+    EXPECT_TRUE(told(R"("change":"value","id":"level","name":"level","value":)"));
+    picture();
+    expect_replayed();
+}
+
+TEST_F(View, AnswersTheKeyboard) {
+    start({"--silent"});
+    const Picture plain = picture();
+    display->key("Tab");
+    EXPECT_FALSE(same(plain, picture()));
+    display->key("space");
+    EXPECT_TRUE(told(R"("change":"value","id":"on","name":"on","value":true)"));
+    display->key("Tab");
+    display->key("Right");
+    EXPECT_TRUE(told(R"("name":"level","value":41)"));
+    display->key("shift+Tab");
+    display->key("Return");
     picture();
     expect_replayed();
 }
@@ -246,6 +271,33 @@ TEST_F(View, PlaysASession) {
     pictures = 1;
     picture();
     expect_replayed();
+}
+
+TEST_F(View, IsNotHeldUpByASoundServerThatDoesNotAnswer) {
+    const std::string path = folder / "mute";
+    const int server = socket(AF_UNIX, SOCK_STREAM, 0);
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    std::strncpy(address.sun_path, path.c_str(), sizeof address.sun_path - 1);
+    ASSERT_EQ(bind(server, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    ASSERT_EQ(listen(server, 8), 0);
+    std::string heard = kScene;
+    write_file(scene,
+               heard.replace(heard.find(R"("id": "on")"), 10, R"("id": "on", "sound": "click")"));
+    setenv("PULSE_SERVER", ("unix:" + path).c_str(), 1);
+    fs::create_directories(folder / "kit/Sounds");
+    fs::copy(ORVEL_SOURCE_DIR "/examples/resources/Sounds", folder / "kit/Sounds");
+    start({"--resources", folder / "kit"});
+    unsetenv("PULSE_SERVER");
+    for (int i = 0; i < 5; ++i) display->click(30, 45);
+    EXPECT_TRUE(told(R"("change":"sound","id":"on","name":"","value":"click")"));
+    const auto before = std::chrono::steady_clock::now();
+    picture();
+    EXPECT_TRUE(complained("[OrvelSDK] suono: "));
+    const auto waited = std::chrono::steady_clock::now() - before;
+    EXPECT_LT(std::chrono::duration<double>(waited).count(), 1.5);
+    EXPECT_EQ(program->stop(), 0);
+    close(server);
 }
 
 TEST_F(View, WaitsWithoutWorkWhenNothingMoves) {
