@@ -24,11 +24,13 @@ from ._formats import DITHERS, FORMATS
 from ._icons import ICONS
 from ._resources import (play_music, play_sound, play_tone, set_resource_path, stop_music)
 from ._hosts import Host
+from ._input import Change
 from ._screens import Screen
 from ._widgets import CHARTS, KINDS, Chart, Series, Widget
 
 __version__ = (_kit_version() or b"").decode()
 
-__all__ = ["Box", "CHARTS", "Canvas", "Chart", "Closed", "Color", "DITHERS", "Error", "FACES",
-           "FORMATS", "Face", "Host", "ICONS", "KINDS", "OutOfMemory", "Screen", "Series", "Theme",
-           "Widget", "play_music", "play_sound", "play_tone", "set_resource_path", "stop_music"]
+__all__ = ["Box", "CHARTS", "Canvas", "Change", "Chart", "Closed", "Color", "DITHERS", "Error",
+           "FACES", "FORMATS", "Face", "Host", "ICONS", "KINDS", "OutOfMemory", "Screen", "Series",
+           "Theme", "Widget", "play_music", "play_sound", "play_tone", "set_resource_path",
+           "stop_music"]

@@ -19,6 +19,7 @@ from ._folder import SceneFolder, read_text
 from ._formats import format_of
 from ._handles import Handle, Owner
 from ._hosts import Host, Lender
+from ._input import POINTERS, Change, change_of, event_of, moment
 
 _REASON = 1024
 
@@ -232,6 +233,60 @@ class Screen(Owner):
         """Has the next draw() draw this box, too; everything when there is none."""
         record = None if box is None else ctypes.byref(_api.kit_box(*box_of(box)))
         self._call(_api.kit_screen_expose, record)
+
+    # ---- Input
+
+    def send(self, kind: str, x: int = 0, y: int = 0, *, key: Union[str, int] = 0,
+             modifiers: Iterable[str] = (), text: str = "", dx: int = 0, dy: int = 0,
+             button: int = 0, caret: int = 0, now: Optional[int] = None) -> None:
+        """One event: "move", "press", "release", "leave", "wheel", "key", "text", "compose",
+        "paste", "blur", "focus" or "time". Keys have names, "enter" or "f5", or are characters;
+        modifiers are "shift", "ctrl", "alt". Times are in milliseconds; without one it is now."""
+        fields = {"key": key, "modifiers": modifiers, "text": text, "dx": dx, "dy": dy,
+                  "button": button, "caret": caret}
+        event = event_of(kind, x, y, fields)
+        if self._call(_api.kit_screen_send, ctypes.byref(event), moment(now)) != 0:
+            raise OutOfMemory("the memory is too small for this event")
+
+    def click(self, x: int, y: int, *, now: Optional[int] = None) -> None:
+        """A press and a release at one place."""
+        self.send("press", x, y, now=now)
+        self.send("release", x, y, now=now)
+
+    def pending(self) -> Iterator[Change]:
+        """The changes that came of events since the last time, oldest first."""
+        record = _api.kit_change()
+        while True:
+            with self._turn:
+                if self._call(_api.kit_screen_next, ctypes.byref(record)) != 1:
+                    return
+                change = change_of(record)
+            yield change
+
+    def wait(self, now: Optional[int] = None) -> Optional[int]:
+        """In how many milliseconds time matters by itself, and a "time" is due; None: it does
+        not."""
+        ms = self._call(_api.kit_screen_wait, moment(now))
+        return None if ms < 0 else int(ms)
+
+    def focus(self, id: Optional[str]) -> None:
+        """Gives the keyboard to the node with this id; to none for None."""
+        text = None if id is None else words(id, "an id")
+        if self._call(_api.kit_screen_focus, text) != 0:
+            raise KeyError(id)
+
+    @property
+    def caret(self) -> Optional[Box]:
+        """Where the caret of the text field with the keyboard stands; None where there is none."""
+        record = _api.kit_box()
+        if self._call(_api.kit_screen_caret, ctypes.byref(record)) != 0:
+            return None
+        return Box(record.x, record.y, record.w, record.h)
+
+    @property
+    def pointer(self) -> str:
+        """The shape of the pointer where it is: "arrow", "hand" or "text"."""
+        return POINTERS[self._call(_api.kit_screen_pointer)]
 
     # ---- What is there
 

@@ -7,7 +7,7 @@ import weakref
 
 import pytest
 from conftest import SOURCES
-from orvelsdk import Box, Canvas, Error, Face, Host, Screen, Theme
+from orvelsdk import Box, Canvas, Change, Error, Face, Host, Screen, Theme
 
 METER = {
     "orvel": 1, "size": [240, 80],
@@ -305,3 +305,75 @@ def test_a_lone_surrogate_among_values_shows_as_elsewhere():
                     {"a": 1, "b": 2})
     screen["a"], screen["b"] = "\ud800!", "\U0001f600 \x7f\\"
     assert screen["a"] == "\ufffd!" and screen["b"] == "\U0001f600 \x7f\\"
+
+
+FORM = {
+    "orvel": 1, "size": [100, 90],
+    "root": {"column": [{"toggle": "${on}", "id": "light", "width": 60, "height": 30, "tip": "Light"},
+                        {"textbox": "${words}", "id": "words", "height": 30},
+                        {"button": "Go", "id": "go", "key": "ctrl+g", "sound": "click",
+                         "height": 30}]}}
+
+
+def form():
+    return Screen(FORM, {"on": False, "words": ""})
+
+
+def test_events_change_values_and_the_changes_are_an_iterator():
+    screen = form()
+    screen.draw()
+    screen.click(30, 15, now=0)
+    assert list(screen.pending()) == [Change("value", "light", "on", True)]
+    assert screen["on"] is True and screen.draw() is not None
+    assert list(screen.pending()) == []
+    screen.send("key", key="g", modifiers=["ctrl"], now=1)
+    screen.send("key", key=ord("G"), modifiers={"ctrl"}, now=2)
+    assert [change.kind for change in screen.pending()] == ["press", "sound"] * 2
+
+
+def test_a_change_may_be_answered_while_they_are_told():
+    screen = form()
+    screen.click(30, 15)
+    for change in screen.pending():
+        screen["words"] = f"{change.name} is {change.value}"
+    assert screen["words"] == "on is True"
+
+
+def test_time_matters_where_a_tooltip_is_to_show():
+    screen = form()
+    assert screen.wait() is None
+    screen.send("move", 30, 15, now=100)
+    assert screen.pointer == "hand"
+    assert screen.wait(100) == 600 and screen.wait(5000) == 0
+    screen.send("time", now=700)
+    assert 'tooltip "Light"' in screen.describe()
+    screen.send("leave", now=701)
+    assert screen.pointer == "arrow"
+
+
+def test_text_fields_take_words():
+    screen = form()
+    assert screen.caret is None
+    screen.focus("words")
+    assert screen.caret is not None
+    screen.send("text", text="Größe", now=0)
+    screen.send("key", key="backspace", now=1)
+    assert screen["words"] == "Größ"
+    screen.focus(None)
+    assert screen.caret is None
+    with pytest.raises(KeyError):
+        screen.focus("nobody")
+
+
+def test_wrong_events_are_told_as_they_are_written():
+    screen = form()
+    for words, error in ((("push",), ValueError), (("move", 1.5, 2), TypeError),
+                         (("move", 2**40, 2), ValueError)):
+        with pytest.raises(error):
+            screen.send(*words)
+    for words, error in (({"key": "any"}, ValueError), ({"modifiers": ["hyper"]}, ValueError),
+                         ({"modifiers": "ctrl"}, TypeError), ({"now": 1.5}, TypeError),
+                         ({"now": 2**70}, ValueError), ({"text": 5}, TypeError)):
+        with pytest.raises(error):
+            screen.send("key", **words)
+    assert list(screen.pending()) == []
