@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <functional>
 #include <utility>
 
 #include "screen/field.h"
@@ -25,9 +26,9 @@ bool is_edited(const Turn& turn, const Node& field) {
 }
 
 /// Does something to the text; where that is another one then, the field is to have it.
-template <typename Act>
-void edit(Turn& turn, const Node& field, const Act& act) {
-    Editing next = is_edited(turn, field) ? *turn.live.editing : *begin_editing(field);
+void edit(Turn& turn, const Node& field, const std::function<bool(LineEditor&)>& act) {
+    const EditingPtr now = is_edited(turn, field) ? turn.live.editing : begin_editing(field);
+    Editing next = *now;
     LineEditor editor = next.editor;
     next.offered.reset();
     if (act(editor)) {
@@ -104,7 +105,8 @@ bool command_key(Turn& turn, const Node& field, const Stroke& stroke) {
 /// Empties a search; gives another field the text that it had when the keyboard came.
 bool take_back(Turn& turn, const Node& field) {
     const bool empties = field.is_widget(ORVEL_WIDGET_SEARCH);
-    const std::string text = empties ? "" : turn.live.editing->first;
+    std::string text;
+    if (!empties) text = turn.live.editing->first;
     if (field.content == text) return false;
     edit(turn, field, [&](LineEditor& editor) { return editor.replace_all(text); });
     return true;
@@ -182,7 +184,6 @@ void drag_on(Turn& turn, const Node& field, long long steps) {
 bool field_key(Turn& turn, const Node& field, int key, unsigned modifiers) {
     const Stroke stroke = {key, (modifiers & KIT_MOD_SHIFT) != 0,
                            (modifiers & KIT_MOD_CONTROL) != 0, (modifiers & KIT_MOD_ALT) != 0};
-    if (!is_edited(turn, field)) turn.live.editing = begin_editing(field);
     if (turn.live.editing->editor.is_composing()) return true;  // the input method has it
     if (move_key(turn, field, stroke) || erase_key(turn, field, stroke)) return true;
     if (command_key(turn, field, stroke)) return true;

@@ -361,7 +361,7 @@ TEST(FieldsTest, EnterTellsThatItWasPressed) {
     field.focus("it");
     field.key(KIT_KEY_ENTER);
     EXPECT_EQ(field.changes(), "press #it\n");
-    field.key(KIT_KEY_ENTER, kShift);
+    for (const unsigned modifier : {kShift, kControl, kAlt}) field.key(KIT_KEY_ENTER, modifier);
     EXPECT_EQ(field.changes(), "");
     const Used nameless(scene(R"({"textbox": "${a}"})", R"("sample": {"a": "b"}, )"));
     nameless.key(KIT_KEY_TAB);
@@ -539,6 +539,39 @@ TEST(FieldsTest, WithoutAValueOfTheDataItIsTheHostsToDo) {
     EXPECT_EQ(after.x - before.x, kit_text_width(nullptr, "b"));  // the caret is behind it
     used.key('z', kControl);
     EXPECT_EQ(used.changes(), "value #it=\"ac\"\n");
+}
+
+TEST(FieldsTest, TheHostMayGiveAnotherTextThanWasTyped) {
+    const Used used(scene(R"({"textbox": "ac", "id": "it", "width": 100, "height": 30})"));
+    used.focus("it");
+    used.key(KIT_KEY_END);
+    used.type("b");
+    EXPECT_EQ(used.changes(), "value #it=\"acb\"\n");
+    EXPECT_EQ(kit_screen_change(used.screen.get(), "it", "textbox", "\"ACB\"", nullptr, 0), 0);
+    EXPECT_EQ(used.line("it"), "textbox =\"ACB\" focus");
+    used.key(KIT_KEY_END);
+    used.type("d");
+    EXPECT_EQ(used.changes(), "value #it=\"ACBd\"\n");
+}
+
+TEST(FieldsTest, TheKeyboardGoesFromOneFieldToTheNext) {
+    const Typing field("abc");
+    field.focus("it");
+    field.focus("other");
+    field.type("y");
+    EXPECT_EQ(field.changes(), "value #other other=\"y\"\n");
+    EXPECT_EQ(field.seen(), "abc");
+}
+
+TEST(FieldsTest, ADragEndsWhereTheHostTakesTheKeyboardAway) {
+    Typing field("abc");
+    field.press(field.at(1), 15);
+    field.move(120, 15);
+    field.focus("go");
+    field.wait(1000);
+    field.move(field.at(2), 15);
+    field.focus("it");
+    EXPECT_EQ(field.seen(), "[abc|");
 }
 
 TEST(FieldsTest, ALimitCountsCharacters) {
