@@ -35,6 +35,18 @@ const std::string kEverything = scene(
        "rooms": ["Hall", "Bath", "Attic", "Cellar", "Garden", "Garage", "Hut", "Shed", "Barn"],
        "tab": 0, "words": "Words"}, )");
 
+const std::string kFields = scene(
+    R"({"column": [
+      {"textbox": "${words}", "hint": "Words"},
+      {"search": "${words}", "limit": 6, "width": 70},
+      {"textbox": "${words}", "secret": "${on}", "id": "secret", "key": "f2", "tip": "Secret"},
+      {"textbox": "Nobody's", "id": "unbound", "face": "bold 14"},
+      {"row": [{"textbox": "${short}", "width": 40}, {"textbox": "${words}", "width": 15},
+               {"button": "Go", "id": "go"}]},
+      {"toggle": "${on}"}, {"textbox": "${words}", "id": "room", "disabled": "${on}"}]})",
+    R"("size": [120, 190], "sample": {"on": true, "short": "one two",
+       "words": "Words that don't fit, e\u0301 and \ud83c\udde9\ud83c\uddea"}, )");
+
 kit_screen_event random_event(Random& random, int width, int height) {
     constexpr int kKeys[] = {KIT_KEY_ENTER,
                              KIT_KEY_TAB,
@@ -54,8 +66,23 @@ kit_screen_event random_event(Random& random, int width, int height) {
                              'o',
                              'g',
                              'a',
+                             'c',
+                             'v',
+                             'x',
+                             'y',
                              'z'};
-    constexpr const char* kTexts[] = {"a", "b", "H", "\xC3\xA4", " ", "\xFF", "ca", "", "Wort"};
+    constexpr const char* kTexts[] = {"a",
+                                      "b",
+                                      "H",
+                                      "\xC3\xA4",
+                                      " ",
+                                      "\xFF",
+                                      "ca",
+                                      "",
+                                      "Wort",
+                                      "\xCC\x81",
+                                      "\xF0\x9F\x87\xA9",
+                                      "Two words, long ones\n"};
     kit_screen_event event = {};
     const int kind = random.between(0, 19);
     event.kind = kind <= KIT_EVENT_FOCUS ? kind : kind % 3 + 1;  // the pointer more often
@@ -139,7 +166,7 @@ void storms(std::uint64_t count, int events) {
         SCOPED_TRACE("case " + std::to_string(number));
         Random random(number + 77);
         if (number % 4 != 0) {
-            storm(opened(kEverything), random, events);
+            storm(opened(number % 4 == 1 ? kFields : kEverything), random, events);
         } else {
             RandomScreens screens(number);
             const std::string text = screens.scene(), data = screens.data();
@@ -158,13 +185,19 @@ TEST(StormTest, TheHostMayChangeAnythingMeanwhile) {
     for (const std::uint64_t number : some_cases(20)) {
         SCOPED_TRACE("case " + std::to_string(number));
         Random random(number);
-        const ScreenPtr screen = opened(kEverything);
+        const ScreenPtr screen = opened(number % 2 == 0 ? kEverything : kFields);
         const CanvasPtr canvas = drawn(screen.get());
         for (int i = 0; i < 100 && !testing::Test::HasFailure(); ++i) {
             const kit_screen_event event = random_event(random, 220, 230);
             ASSERT_EQ(kit_screen_send(screen.get(), &event, 100LL * i), 0);
             const char* const yes = random.one_in(2) ? "true" : "false";
-            switch (random.between(0, 5)) {
+            switch (random.between(0, 7)) {
+            case 5:
+                set(screen.get(), "words", random.one_in(2) ? "\"\"" : "\"Other words\"");
+                break;
+            case 6:
+                kit_screen_change(screen.get(), "unbound", "textbox", "\"Nobody'sa\"", nullptr, 0);
+                break;
             case 0: set(screen.get(), "on", yes); break;
             case 1: set(screen.get(), "off", yes); break;
             case 2: set(screen.get(), "tab", random.one_in(2) ? "0" : "1"); break;
