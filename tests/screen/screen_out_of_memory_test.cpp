@@ -14,20 +14,25 @@ using namespace orvel_test;
 
 const std::string kScene = scene(
     R"({"column": [{"row": [{"text": "${title} that is longer than short strings are"},
-        {"button": "A button with many words", "icon": "mail", "id": "button"}],
+        {"button": "A button with many words", "icon": "mail", "id": "button",
+         "tip": "What the button does, in words"}],
         "wrap": true, "ground": "surface"},
         {"window": {"each": "days", "as": "day", "text": "${day.name}", "wrap": true, "id": "day"},
          "title": "Window"},
         {"chart": "line", "series": [{"values": "${values}", "name": "A"}], "axes": true},
         {"picture": "any"}, {"image": "none"}, {"include": "other", "with": {"x": "${title}"}},
         {"textbox": "${title}", "id": "field"},
+        {"dropdown": "A choice", "items": ["Something to choose", "${title}"], "id": "drop", "key": "f1"},
+        {"checkbox": "Choose", "on": "${some.where.on}", "id": "check", "key": "f2"},
         {"tabs": ["One", "${title}"], "selected": 1, "theme": {"accent": "#123456"}}],
         "id": "root", "scroll": true})",
     R"("size": [90, 200], "face": "sans 11",
-       "sample": {"title": "Title", "values": [1, 2, 3], "days": [{"name": "Monday"}]}, )");
+       "sample": {"title": "Title", "values": [1, 2, 3], "days": [{"name": "Monday"}],
+                  "some": {"where": {"on": false}}}, )");
 
 constexpr const char* kReplaced =
-    R"({"title": "Another title, which is longer", "values": [3, 2], "days": []})";
+    R"({"title": "Another title, which is longer", "values": [3, 2], "days": [],
+        "some": {"where": {"on": true}}})";
 
 kit_screen_host host_of(CanvasPtr& picture) {
     kit_screen_host host = {};
@@ -47,6 +52,13 @@ kit_screen_host host_of(CanvasPtr& picture) {
 struct Stage {
     Stage() : screen(opened(kScene, nullptr, &host)) {
         kit_screen_focus(screen.get(), "field");
+        kit_screen_event event = {};
+        event.kind = KIT_EVENT_MOVE;
+        kit_box box = {};
+        kit_screen_box(screen.get(), "button", &box);
+        event.x = box.x + 1;
+        event.y = box.y + 1;
+        kit_screen_send(screen.get(), &event, 0);
         kit_screen_draw(screen.get(), canvas.get(), nullptr);
     }
     CanvasPtr picture = make_canvas(8, 8);
@@ -80,6 +92,17 @@ int sent_to_field(Stage& stage, int kind, const char* text, int key = 0) {
     event.key = key;
     event.modifiers = KIT_MOD_CONTROL;
     return kit_screen_send(stage.screen.get(), &event, 0);
+}
+
+/// The same of an event that says nothing but its kind, and how far a wheel is turned.
+int sent_at(Stage& stage, int kind, long long now, int key = 0) {
+    kit_screen_event event = {};
+    event.kind = kind;
+    event.key = key;
+    event.x = 3;
+    event.y = 195;
+    event.dy = -120;
+    return kit_screen_send(stage.screen.get(), &event, now);
 }
 
 int told(const char* text) { return text && *text ? 0 : -1; }
@@ -141,6 +164,10 @@ const Row kRows[] = {
      [](Stage& stage) { return sent_to_field(stage, KIT_EVENT_KEY, nullptr, 'x'); }},
     {"kit_screen_send ",
      [](Stage& stage) { return sent_to_field(stage, KIT_EVENT_KEY, nullptr, KIT_KEY_HOME); }},
+    {"kit_screen_send ", [](Stage& stage) { return sent_at(stage, KIT_EVENT_WHEEL, 0); }},
+    {"kit_screen_send ", [](Stage& stage) { return sent_at(stage, KIT_EVENT_TIME, 600); }},
+    {"kit_screen_send ", [](Stage& stage) { return sent_at(stage, KIT_EVENT_KEY, 0, KIT_KEY_F1); }},
+    {"kit_screen_send ", [](Stage& stage) { return sent_at(stage, KIT_EVENT_KEY, 0, KIT_KEY_F2); }},
     {"kit_screen_focus ",
      [](Stage& stage) { return kit_screen_focus(stage.screen.get(), "button"); }},
     {"kit_screen_draw kit_screen_expose ",

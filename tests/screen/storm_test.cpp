@@ -178,7 +178,7 @@ void storms(std::uint64_t count, int events) {
 
 TEST(StormTest, EveryChangeEqualsAWholeRedraw) { storms(20, 150); }
 
-TEST(StormTest, ManyStormsLeaveTheScreenConsistent) { storms(400, 400); }
+TEST(StormTest, ManyStormsLeaveTheScreenConsistent) { storms(100, 400); }
 
 /// Changes of the data and of the tree between events.
 TEST(StormTest, TheHostMayChangeAnythingMeanwhile) {
