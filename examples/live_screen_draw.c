@@ -63,7 +63,7 @@ static void draw_search(const screen* s, const page* p) {
 
 static void draw_rows(const screen* s, const page* p) {
     if (plant_in_row(s, 0) < 0) {
-        say(p, kit_sans_12(), "No plant is called so", (kit_box){LEFT + 12, 98, 180, 34}, KIT_LEFT,
+        say(p, kit_sans_12(), "No plant by that name", (kit_box){LEFT + 12, 98, 180, 34}, KIT_LEFT,
             quiet(p));
     }
     for (int row = 0; row < PLANTS; ++row) {

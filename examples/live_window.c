@@ -1,4 +1,4 @@
-/* live_screen in a window of SDL2's.
+/* live_screen in an SDL2 window.
    Usage: live_window [--silent] [--frames N] */
 #include <SDL.h>
 #include <stdio.h>

@@ -99,7 +99,7 @@ orvel_package(liborvelsdk0 SECTION libs
     HOLDS "the shared library.")
 orvel_package(liborvelsdk-dev SECTION libdevel
     DEPENDS "liborvelsdk0 (= ${PROJECT_VERSION})"
-    HOLDS "the header, what CMake and pkg-config need to find\nthe library, the interfaces as data, and six theme files.")
+    HOLDS "the header, the pkg-config and CMake files, manual\npages, the interfaces as data, and six theme files.")
 
 set(letters DejaVu 2.37 Bitstream-Vera ${PROJECT_SOURCE_DIR}/kit/words/faces/LICENSE-DejaVu)
 orvel_package(liborvelkit0 SECTION libs
@@ -109,7 +109,7 @@ orvel_package(liborvelkit0 SECTION libs
 orvel_package(liborvelkit-dev SECTION libdevel
     DEPENDS "liborvelkit0 (= ${PROJECT_VERSION}), liborvelsdk-dev (= ${PROJECT_VERSION})"
     COMPILED_IN ${letters}
-    HOLDS "the header of the kit, the kit as an archive, and\nwhat CMake and pkg-config need to find both.")
+    HOLDS "the header of the kit, its static library, manual\npages, and the pkg-config and CMake files.")
 
 if(TARGET OrvelScreen)
     find_package(nlohmann_json QUIET)
@@ -125,7 +125,7 @@ if(TARGET OrvelScreen)
     orvel_package(liborvelscreen-dev SECTION libdevel
         DEPENDS "liborvelscreen0 (= ${PROJECT_VERSION}), liborvelkit-dev (= ${PROJECT_VERSION})"
         COMPILED_IN ${reader}
-        HOLDS "the header of screens, their library as an\narchive, and what CMake and pkg-config need to find both.")
+        HOLDS "the header of screens, their static library, manual\npages, and the pkg-config and CMake files.")
 endif()
 
 # The functions' manual pages, made from the description; their library's package for development has them.

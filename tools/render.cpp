@@ -32,7 +32,7 @@ struct Wishes {
 void describe_options(CommandLine& program, Wishes& wishes) {
     program.argument("SCENE", wishes.scene.scene, "The scene file; - is the standard input");
     program.option("--data", wishes.data, "FILE", "A JSON file of the values to show; - as above");
-    program.option("--set", wishes.scene.values, "NAME=VALUE", "One value more");
+    program.option("--set", wishes.scene.values, "NAME=VALUE", "Set one value");
     program.flag("--sample", wishes.scene.sample, "Show the scene's own sample values");
     program.option("-o,--output", wishes.output, "FILE",
                    "The picture: .png, .bmp, .ppm, .pbm or .raw; - is the standard output");
@@ -44,7 +44,7 @@ void describe_options(CommandLine& program, Wishes& wishes) {
     program.option("--panel", wishes.panel, {"mono", "gray4", "gray16", "rgb565", "red", "seven"},
                    "The panel that shows it");
     program.option("--dither", wishes.dither, {"none", "ordered", "diffused"},
-                   "How colours that the panel lacks are made up for");
+                   "How to approximate colours that the panel lacks");
     program.option("--rotate", wishes.rotate, {"0", "90", "180", "270"}, "Degrees clockwise");
     program.option("--changed-from", wishes.previous, "FILE",
                    "Print X Y WIDTH HEIGHT of what differs from this earlier PNG or BMP");

@@ -58,7 +58,7 @@ def _parser() -> _Parser:
         help="make every pixel a square of this side")
     add("--panel", choices=[name for name in PANELS if name], help="the panel that shows it")
     add("--dither", choices=("none", "ordered", "diffused"), default="none",
-        help="how colours that the panel lacks are made up for")
+        help="how to approximate colours that the panel lacks")
     add("--rotate", type=int, choices=(0, 90, 180, 270), default=0, help="degrees clockwise")
     add("--changed-from", dest="previous", metavar="FILE",
         help="print X Y WIDTH HEIGHT of what differs from this earlier PNG or BMP")
