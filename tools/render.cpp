@@ -67,6 +67,32 @@ bool read_size(const std::string& text, int& width, int& height) {
     return width > 0 && height > 0;
 }
 
+/// The file of those read that the picture would be written over; empty when it is none of them.
+std::string overwritten(const Wishes& wishes) {
+    std::vector<std::string> read = wishes.data;
+    read.insert(read.end(), {wishes.scene.scene, wishes.scene.theme});
+    for (const std::string& file : read) {
+        std::error_code none;
+        const bool both_are_files = file != "-" && wishes.output != "-";
+        if (both_are_files && std::filesystem::equivalent(file, wishes.output, none)) return file;
+    }
+    return "";
+}
+
+/// What is wrong with what is to be written; empty when nothing is.
+std::string settle_format(Wishes& wishes) {
+    const std::string extension = std::filesystem::path(wishes.output).extension().string();
+    if (wishes.format.empty() && extension.size() > 1) wishes.format = extension.substr(1);
+    if (wishes.format.empty()) wishes.format = "png";
+    bool known = false;
+    for (const char* format : {"png", "bmp", "ppm", "pbm", "raw"}) known |= wishes.format == format;
+    if (!known) return wishes.output + ": not .png, .bmp, .ppm, .pbm or .raw; --format tells";
+    if (wishes.format == "pbm" && wishes.panel.empty()) wishes.panel = "mono";
+    if (wishes.format == "pbm" && wishes.panel != "mono") return "a .pbm is for --panel mono only";
+    if (wishes.format == "raw" && wishes.scale > 1) return "--scale is not for raw bytes";
+    return "";
+}
+
 /// What is wrong with the options together; empty when nothing is.
 std::string settle(Wishes& wishes) {
     if (!wishes.size.empty() && !read_size(wishes.size, wishes.scene.width, wishes.scene.height)) {
@@ -83,18 +109,17 @@ std::string settle(Wishes& wishes) {
                         (wishes.scene.scene == "-" ? 1 : 0);
     if (dashes > 1) return "the standard input can be read once only";
     if (dashes > 0 && wishes.watch) return "--watch reads again, which the standard input cannot";
-    const std::string extension = std::filesystem::path(wishes.output).extension().string();
-    if (wishes.format.empty() && extension.size() > 1) wishes.format = extension.substr(1);
-    if (wishes.format.empty()) wishes.format = "png";
-    bool known = false;
-    for (const char* format : {"png", "bmp", "ppm", "pbm", "raw"}) known |= wishes.format == format;
-    if (!known) return wishes.output + ": not .png, .bmp, .ppm, .pbm or .raw; --format tells";
-    if (wishes.format == "pbm" && wishes.panel.empty()) wishes.panel = "mono";
-    if (wishes.format == "pbm" && wishes.panel != "mono") return "a .pbm is for --panel mono only";
-    if (wishes.format == "raw" && wishes.scale > 1) return "--scale is not for raw bytes";
+    const std::string mistake = settle_format(wishes);
+    if (!mistake.empty()) return mistake;
     if (wishes.output == "-" && (wishes.describe || wishes.check || !wishes.previous.empty())) {
         return "the standard output cannot take a picture and lines of text";
     }
+    if (wishes.output.empty() && !wishes.previous.empty()) {
+        return "--changed-from goes with -o only";
+    }
+    if (wishes.dither != "none" && wishes.panel.empty()) return "--dither goes with --panel only";
+    const std::string lost = overwritten(wishes);
+    if (!lost.empty()) return wishes.output + ": would be written over " + lost;
     wishes.outlet.panel = orvel_tools::panel_named(wishes.panel);
     wishes.outlet.dither = wishes.dither == "ordered"    ? KIT_DITHER_ORDERED
                            : wishes.dither == "diffused" ? KIT_DITHER_DIFFUSED
