@@ -2,7 +2,7 @@
 #   slow          takes long: `ctest -LE slow` leaves it out
 #   realtime      times what is seen or heard in other programs, so it runs alone
 #   pixels        sees pixels or the bytes of files: what scripts/matrix builds and runs
-#   threads       runs threads: what the thread sanitizer watches
+#   threads       runs threads: what the preset tsan builds and runs
 #   no-emulation  cannot pass in a process that qemu emulates
 #   no-memcheck   cannot pass, or end, in a process that valgrind watches
 set(test_labels slow realtime pixels threads no-emulation no-memcheck)
@@ -34,6 +34,9 @@ function(orvel_test name)
     endif()
     if("pixels" IN_LIST arg_LABELS)
         add_dependencies(pixel_tests ${name})
+    endif()
+    if("${arg_LABELS};${arg_SOME}" MATCHES "threads")
+        add_dependencies(thread_tests ${name})
     endif()
 
     set(named "")

@@ -32,20 +32,18 @@ def quiet(command, **options):
         sys.exit(f"manual: {' '.join(map(str, command))} failed:\n{done.stdout}")
 
 
-def included(what, lists, work):
-    """What stands on a page for [[NAME]], a list of the pictures' program, [[output FILE]], and
-    [[file PATH]], one of the sources."""
+def included(what, lists):
+    """What stands on a page for [[NAME]], a list of the pictures' program, and [[file PATH]], one of
+    the sources."""
     if what.startswith("file "):
         path = SOURCES / what.split()[1]
         return f"```{path.suffix[1:]} {path.name}\n{path.read_text(encoding='utf-8')}```"
-    if what.startswith("output "):
-        return "```text\n" + (work / what.split()[1]).read_text(encoding="utf-8") + "```"
     return (lists / f"{what}.md").read_text(encoding="utf-8")
 
 
-def staged(text, lists, work):
+def staged(text, lists):
     """A page as the site's builder takes it: lists included, file names and outputs marked."""
-    text = INCLUDE.sub(lambda match: included(match[1], lists, work), text)
+    text = INCLUDE.sub(lambda match: included(match[1], lists), text)
     text = OUTPUT_FENCE.sub(
         lambda match: f'<div class="output" markdown="1">\n\n```text\n{match[1]}```\n\n</div>', text)
     return NAMED_FENCE.sub(r'<p class="file"><code>\2</code></p>\n\n```\1', text)
@@ -98,7 +96,7 @@ def main():
             step(f"running {page.name}")
             blocks.run(page, SOURCES, tree, work)
         text = page.read_text(encoding="utf-8")
-        (pages / page.name).write_text(staged(text, lists, work), encoding="utf-8")
+        (pages / page.name).write_text(staged(text, lists), encoding="utf-8")
         for picture in (*work.glob("*.png"), *work.glob("*.gif")):
             (pages / page.stem).mkdir(exist_ok=True)
             shutil.copy(picture, pages / page.stem)

@@ -56,6 +56,8 @@ def print_out(site, program, date):
     browser = Browser(program)
     try:
         browser.open(site / "cheat-sheet.html", WIDTH, HEIGHT)
+        # On paper links lead nowhere, and they would tell the folder of the site.
+        browser.ask("document.querySelectorAll('.cheat a').forEach((a) => a.removeAttribute('href'))")
         pdf = base64.b64decode(browser.call("Page.printToPDF", preferCSSPageSize=True, **A4)["data"])
         browser.call("Emulation.setEmulatedMedia", media="print")
         browser.call("Emulation.setDeviceMetricsOverride", width=WIDTH, height=HEIGHT,

@@ -39,7 +39,7 @@ def named(c_type, name):
     if "(*)" in c_type:
         return c_type.replace("(*)", f"(*{name})")
     base, bracket, rest = c_type.partition("[")
-    return f"{base}{'' if base.endswith('*') else ' '}{name}{bracket}{rest}"
+    return f"{base} {name}{bracket}{rest}"
 
 
 def declaration(function, width=76):

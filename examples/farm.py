@@ -7,7 +7,7 @@
 JOBS has a line of JSON for each dashboard: {"name": "kitchen-17", "scene": "home/dashboard.json",
 "data": {...}}. Of each comes NAME.png, and a line "CHECKSUM  NAME" in the file checksums, where the
 checksum is that of the pixels: the same on every machine, whichever drew it. A worker that is lost is
-made up for; a dashboard that cannot be drawn is told, and the rest goes on.
+made up for; a dashboard that cannot be drawn is reported, and the rest goes on.
 
 The workers need Python with orvelsdk and distributed, and nothing else: scenes travel with the work.
 """

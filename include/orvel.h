@@ -360,8 +360,8 @@ ORVEL_API int orvel_theme_save(const orvel_theme* theme, const char* name);
  *
  * Hit testing is the host's, so it needs to know what a widget covers: the rectangle of @p w by
  * @p h pixels at (x, y), or the size that is told beside the constructor, where tw is
- * orvel_text_width() of the text. Texts are not cut to their widget, and some kinds paint a pixel
- * past it. A theme's colours are called by their fields.
+ * orvel_text_width() of the text. Texts are not cut to their widget, and some kinds paint past it,
+ * by a pixel unless more is said. A theme's colours are called by their fields.
  */
 
 /** A window: surface in a border frame, and along its top a band of accent, 12 rows high, with the
@@ -421,7 +421,7 @@ ORVEL_API orvel_widget* orvel_widget_radio(orvel_canvas* canvas, const orvel_the
 ORVEL_API orvel_widget* orvel_widget_dropdown(orvel_canvas* canvas, const orvel_theme* theme,
                                               const char* text, int x, int y, int w, int h,
                                               int open);
-/** size x size: a sign that something is going on, which is a circle and a dot on it. @p value is
+/** size x size: a busy sign, a circle and a dot on it that may reach past the square. @p value is
  * the fraction of a clockwise turn from 3 o'clock that the dot has made; the host advances it. */
 ORVEL_API orvel_widget* orvel_widget_spinner(orvel_canvas* canvas, const orvel_theme* theme, int x,
                                              int y, int size, double value);

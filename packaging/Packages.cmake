@@ -110,7 +110,7 @@ orvel_package(liborvelsdk0 SECTION libs
     HOLDS "the shared library.")
 orvel_package(liborvelsdk-dev SECTION libdevel
     DEPENDS "liborvelsdk0 (= ${PROJECT_VERSION})"
-    HOLDS "the header, what CMake and pkg-config need to find\nthe library, the interfaces as data, and six theme files.")
+    HOLDS "the header, the pkg-config and CMake files, manual\npages, the interfaces as data, and six theme files.")
 
 set(letters DejaVu 2.37 Bitstream-Vera ${PROJECT_SOURCE_DIR}/kit/words/faces/LICENSE-DejaVu)
 orvel_package(liborvelkit0 SECTION libs
@@ -120,7 +120,7 @@ orvel_package(liborvelkit0 SECTION libs
 orvel_package(liborvelkit-dev SECTION libdevel
     DEPENDS "liborvelkit0 (= ${PROJECT_VERSION}), liborvelsdk-dev (= ${PROJECT_VERSION})"
     COMPILED_IN ${letters}
-    HOLDS "the header of the kit, the kit as an archive, and\nwhat CMake and pkg-config need to find both.")
+    HOLDS "the header of the kit, its static library, manual\npages, and the pkg-config and CMake files.")
 
 if(TARGET OrvelScreen)
     find_package(nlohmann_json QUIET)
@@ -136,7 +136,38 @@ if(TARGET OrvelScreen)
     orvel_package(liborvelscreen-dev SECTION libdevel
         DEPENDS "liborvelscreen0 (= ${PROJECT_VERSION}), liborvelkit-dev (= ${PROJECT_VERSION})"
         COMPILED_IN ${reader}
-        HOLDS "the header of screens, their library as an\narchive, and what CMake and pkg-config need to find both.")
+        HOLDS "the header of screens, their static library, manual\npages, and the pkg-config and CMake files.")
+endif()
+
+# The functions' manual pages, made from the description; their library's package for development has them.
+find_package(Python3 COMPONENTS Interpreter)
+if(Python3_FOUND)
+    set(gzip "")
+    if(CPACK_GENERATOR STREQUAL "DEB")
+        set(gzip --gzip)
+    endif()
+    execute_process(COMMAND ${Python3_EXECUTABLE} -B ${PROJECT_SOURCE_DIR}/docs/manual_pages.py ${gzip}
+                            ${PROJECT_BINARY_DIR}/man3 COMMAND_ERROR_IS_FATAL ANY)
+    foreach(library IN ITEMS orvelsdk orvelkit orvelscreen)
+        if(NOT library STREQUAL "orvelscreen" OR TARGET OrvelScreen)
+            install(DIRECTORY ${PROJECT_BINARY_DIR}/man3/${library}/
+                    DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT lib${library}-dev)
+        endif()
+    endforeach()
+endif()
+
+# The manual's site, where scripts/package is given one. Debian has the search of its own.
+set(ORVEL_SITE "" CACHE PATH "The manual's site, to be packed as orvelsdk-doc")
+if(ORVEL_SITE AND CPACK_GENERATOR STREQUAL "DEB")
+    orvel_package(orvelsdk-doc SECTION doc
+        DEPENDS "libjs-lunr"
+        HOLDS "the manual as a site that needs no server, and a\ncheat sheet: /usr/share/doc/orvelsdk-doc/html/index.html.")
+    set(CPACK_DEBIAN_ORVELSDK-DOC_PACKAGE_ARCHITECTURE all)
+    set(site ${CMAKE_INSTALL_DATADIR}/doc/orvelsdk-doc/html)
+    install(DIRECTORY ${ORVEL_SITE}/ DESTINATION ${site} COMPONENT orvelsdk-doc
+            PATTERN lunr.js EXCLUDE)
+    file(CREATE_LINK ../../../../javascript/lunr/lunr.js ${PROJECT_BINARY_DIR}/lunr.js SYMBOLIC)
+    install(FILES ${PROJECT_BINARY_DIR}/lunr.js DESTINATION ${site}/search COMPONENT orvelsdk-doc)
 endif()
 
 # The module of Python is for every processor. Others than Debian's users take it as a wheel.

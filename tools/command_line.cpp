@@ -44,7 +44,7 @@ CommandLine::CommandLine(const char* name, const char* about, const char* status
     app_->set_version_flag("--version", ORVEL_VERSION, "Print the version and exit");
     app_->set_help_flag("-h,--help", "Print this help and exit");
     app_->add_option("--completion", *shell_,
-                     "Print what completes this program's arguments in bash, zsh or fish, and exit")
+                     "Print the completion script for bash, zsh or fish, and exit")
         ->type_name("SHELL")
         ->check(CLI::IsMember({"bash", "zsh", "fish"}));
 }

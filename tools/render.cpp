@@ -42,7 +42,7 @@ void describe_options(CommandLine& program, Wishes& wishes) {
     program.option("--panel", wishes.panel, {"mono", "gray4", "gray16", "rgb565", "red", "seven"},
                    "The panel that shows it");
     program.option("--dither", wishes.dither, {"none", "ordered", "diffused"},
-                   "How colours that the panel lacks are made up for");
+                   "How to approximate colours that the panel lacks");
     program.option("--rotate", wishes.rotate, {"0", "90", "180", "270"}, "Degrees clockwise");
     program.option("--changed-from", wishes.previous, "FILE",
                    "Print X Y WIDTH HEIGHT of what differs from this earlier PNG or BMP");
@@ -78,6 +78,21 @@ std::string settle_results(const Wishes& wishes) {
     if (wishes.output == "-" && (lines || wishes.changes == "-")) {
         return "the standard output cannot take a picture and lines of text";
     }
+    if (wishes.output.empty() && !wishes.previous.empty()) {
+        return "--changed-from goes with -o only";
+    }
+    return "";
+}
+
+/// The file of those read that the picture would be written over; empty when it is none of them.
+std::string overwritten(const Wishes& wishes) {
+    std::vector<std::string> read = wishes.data;
+    read.insert(read.end(), {wishes.scene.scene, wishes.scene.theme, wishes.events});
+    for (const std::string& file : read) {
+        std::error_code none;
+        const bool both_are_files = file != "-" && wishes.output != "-";
+        if (both_are_files && std::filesystem::equivalent(file, wishes.output, none)) return file;
+    }
     return "";
 }
 
@@ -92,6 +107,9 @@ std::string settle_format(Wishes& wishes) {
     if (wishes.format == "pbm" && wishes.panel.empty()) wishes.panel = "mono";
     if (wishes.format == "pbm" && wishes.panel != "mono") return "a .pbm is for --panel mono only";
     if (wishes.format == "raw" && wishes.scale > 1) return "--scale is not for raw bytes";
+    if (wishes.dither != "none" && wishes.panel.empty()) return "--dither goes with --panel only";
+    const std::string lost = overwritten(wishes);
+    if (!lost.empty()) return wishes.output + ": would be written over " + lost;
     wishes.outlet.panel = orvel_tools::panel_named(wishes.panel);
     wishes.outlet.dither = wishes.dither == "ordered"    ? KIT_DITHER_ORDERED
                            : wishes.dither == "diffused" ? KIT_DITHER_DIFFUSED

@@ -132,7 +132,8 @@ bool Scene::dress(const SceneWishes& wishes, std::string& error) {
     }
     if (wishes.width > 0 && kit_screen_resize(screen_.get(), wishes.width, wishes.height,
                                               why.data(), why.size()) != 0) {
-        error = why.data();
+        error = "--size " + std::to_string(wishes.width) + "x" + std::to_string(wishes.height) +
+                ": " + why.data();
         return false;
     }
     return true;
@@ -157,8 +158,9 @@ std::vector<std::string> Scene::complaints() const {
     std::vector<std::string> lines;
     std::istringstream all(report);
     for (std::string line; std::getline(all, line);) {
+        // Within a text of the scene, the quote would have a backslash.
         const std::string kind = ": unknown: ";
-        const std::size_t at = line.find(kind);
+        const std::size_t at = line.find(kind + "there is no \"");
         if (at == std::string::npos) continue;
         line.replace(at, kind.size(), ": ");
         lines.push_back(folder_.explained(line));

@@ -90,7 +90,7 @@ bool SceneFolder::add_theme(const std::string& path, std::string& error) {
 
 std::string SceneFolder::explained(const std::string& reason) const {
     for (const auto& [name, why] : refused_) {
-        const bool about_it = reason.find(name + '"') != std::string::npos;
+        const bool about_it = reason.find('"' + name + '"') != std::string::npos;
         if (about_it) return std::string(reason).append(" (").append(why).append(")");
     }
     return reason;

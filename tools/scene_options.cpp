@@ -24,7 +24,7 @@ bool read_size(const std::string& text, int& width, int& height) {
 
 void describe_scene_options(CommandLine& program, SceneWishes& wishes, std::string& size) {
     program.argument("SCENE", wishes.scene, "The scene file; - is the standard input");
-    program.option("--set", wishes.values, "NAME=VALUE", "One value more");
+    program.option("--set", wishes.values, "NAME=VALUE", "Set one value");
     program.flag("--sample", wishes.sample, "Show the scene's own sample values");
     program.option("--size", size, "WIDTHxHEIGHT", "Another size than the scene's");
     program.option("--theme", wishes.theme, "FILE", "dark, light or a theme file");

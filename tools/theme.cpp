@@ -97,8 +97,8 @@ std::filesystem::path own_folder(const std::string& name) {
     return "";
 }
 
-/// Prints where the delivered themes lie: installed beside this program, or in the sources that it
-/// was built from.
+/// Prints where the themes that come with it lie: installed beside this program, or in the sources
+/// that it was built from.
 int print_path(const CommandLine& program, const std::string& name) {
     std::error_code failed;
     const std::filesystem::path here = own_folder(name);
@@ -108,14 +108,14 @@ int print_path(const CommandLine& program, const std::string& name) {
         std::printf("%s\n", folder.c_str());
         return 0;
     }
-    return program.fail("the delivered themes are not installed beside this program");
+    return program.fail("the themes that come with OrvelSDK are not installed beside this program");
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
     CommandLine program("orvel-theme",
-                        "Says what the library makes of theme files. Loading one never complains: "
+                        "Checks theme files. The library loads any file without complaint: "
                         "what is missing or wrong just shows.",
                         "0 when all is well, 1 when something was found, 2 on an error.");
     CommandLine command(
@@ -129,7 +129,8 @@ int main(int argc, char** argv) {
     command.option("--min-contrast", wanted, "Also object to ratios below this one");
     command.option("--preview", preview, "FILE",
                    "Write a PNG of widgets in the theme and its nine colours");
-    const CommandLine path(program, "path", "Print the folder of the delivered theme files");
+    const CommandLine path(program, "path",
+                           "Print the folder of the theme files that come with OrvelSDK");
     if (const auto done = program.parse(argc, argv)) return *done;
     if (path.given()) return program.end(print_path(program, argv[0]));
     return program.end(check_all(program, files, wanted, preview));

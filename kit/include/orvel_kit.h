@@ -167,7 +167,7 @@ typedef enum kit_layout {
 } kit_layout;
 
 /**
- * How the colours that a layout lacks are made up for. Levels of grey and of the channels of 16
+ * How colours that a layout lacks are approximated. Levels of grey and of the channels of 16
  * bits lie evenly from black to white. Of a palette, the nearest colour is that with the least 2
  * dr^2 + 4 dg^2 + 3 db^2.
  */
@@ -433,7 +433,7 @@ typedef enum kit_chart_kind {
     KIT_CHART_LINE = 0,    /**< a line for each series */
     KIT_CHART_AREA = 1,    /**< the same, filled down to zero or to the nearer end of the range */
     KIT_CHART_SPARK = 2,   /**< a line without anything around it; the last value has a dot */
-    KIT_CHART_BARS = 3,    /**< bars side by side, one of each series at every place */
+    KIT_CHART_BARS = 3,    /**< grouped bars: one of each series at every place */
     KIT_CHART_STACKED = 4, /**< bars on top of each other, positive ones up, negative ones down */
     KIT_CHART_GAUGE = 5    /**< the last value of the first series on three quarters of a ring */
 } kit_chart_kind;

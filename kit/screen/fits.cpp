@@ -130,11 +130,13 @@ std::string name_left_out(kit_chart chart, std::vector<kit_series> all) {
 }
 
 std::string lost_chart(const Node& node) {
-    constexpr int kWidest = 4096, kHighest = 256;  // what is larger has room for its words
+    constexpr int kWidest = 4096;  // what is larger has room for its words
     std::vector<kit_series> series;
     kit_chart chart = chart_of(node, series);
+    // The legend has half of the height, and at the most a row for each of 32 series.
+    const int highest = 2 * 32 * (kit_face_line(chart.face) + 8);
     const bool is_wide = chart.box.w > kWidest;
-    chart.box = {0, 0, std::min(chart.box.w, kWidest), std::min(chart.box.h, kHighest)};
+    chart.box = {0, 0, std::min(chart.box.w, kWidest), std::min(chart.box.h, highest)};
     chart.low = chart.high = 0;
     if (is_empty(chart.box) || shows_nothing(chart)) return "nothing of the chart fits";
     const bool has_legend = !is_wide && node.shape != KIT_CHART_SPARK &&

@@ -279,6 +279,19 @@ TEST(ReportTest, ChartsAndLegendsThatDoNotFitAreTold) {
               cut + "nothing of the chart fits\n");
 }
 
+TEST(ReportTest, AHighChartHasRoomForALegendOfManyRows) {
+    std::string series;
+    for (char name = 'A'; name < 'A' + 20; ++name) {
+        series += std::string(series.empty() ? "" : ", ") + R"({"values": [1], "name": ")" +
+                  std::string(5, name) + "\"}";
+    }
+    const std::string chart =
+        R"({"column": [{"chart": "line", "legend": true, "width": 100, "series": [)" + series +
+        R"(], "height": )";
+    EXPECT_EQ(reported(chart + "1000}]}", "\"size\": [200, 1000], "), "");
+    EXPECT_NE(reported(chart + "300}]}", "\"size\": [200, 1000], "), "");
+}
+
 TEST(ReportTest, NumbersOutsideTheirRangeAreTold) {
     const auto told = [](const std::string& node) {
         const std::string text = reported(

@@ -62,7 +62,7 @@ small_checkout() {
     mkdir -p "$tree/scripts" "$tree/packaging" "$tree/include"
     cp "$source_folder/scripts/release" "$tree/scripts"
     cp "$source_folder/packaging/tidy_tarball" "$tree/packaging"
-    printf '#!/bin/bash\necho package >"$1/orvelsdk.deb"\n' >"$tree/scripts/package"
+    printf '#!/bin/bash\necho package >"$3/orvelsdk.deb"\n' >"$tree/scripts/package"
     stand_in emcc 'echo "emcc (Emscripten gcc/clang-like replacement) 3.1.6 ()"'
     PATH=$work/bin:$PATH
     printf '#!/bin/bash\necho module >"$1/orvelsdk-1.2.3.tgz"\n' >"$tree/scripts/npm"
@@ -112,7 +112,7 @@ lib emscripten 3.1.6 MIT"
 release_made_twice_tells_the_file_that_differs)
     small_checkout
     # shellcheck disable=SC2016
-    printf '#!/bin/bash\necho "$0" >"$1/orvelsdk.deb"\n' >"$tree/scripts/package"
+    printf '#!/bin/bash\necho "$0" >"$3/orvelsdk.deb"\n' >"$tree/scripts/package"
     commit
     release --twice "$work/dist"
     expect status "$status" 1

@@ -329,6 +329,11 @@ TEST_F(RenderTool, EachPictureThatIsNotThereIsToldWithItsPlace) {
               std::string::npos);
     EXPECT_NE(done.error.find(line + "52: root.stack[2]: there is no \"none.png\" (No such file"),
               std::string::npos);
+    // Not why there is nothing of a name that ends alike.
+    write_file(scene, R"({"orvel": 1, "size": [9, 9], "root": {"stack": [
+ {"picture": "t.png"}, {"picture": "text.png"}]}})");
+    EXPECT_EQ(run({"-o", png}).error.find("No such file"),
+              run({"-o", png}).error.rfind("No such file"));
     // A page of a stack that does not show needs none.
     write_file(scene, R"({"orvel": 1, "size": [9, 9], "root": {"stack": [{"space": 1},
  {"picture": "none.png"}], "show": 0}})");
@@ -370,6 +375,14 @@ TEST_F(RenderTool, PicturesHaveABoundTogether) {
     EXPECT_EQ(read_png(png).at(0, 0), kRed);
 }
 
+TEST_F(RenderTool, WordsThatReadLikeAComplaintAreNone) {
+    const std::string word = "word=\U0001f600: unknown: there is no \"x\"";
+    const Finished done = run({"--sample", "--set", word, "-o", png});
+    EXPECT_EQ(done.error, "");
+    EXPECT_NE(run({"--sample", "--set", word, "--check"}).output.find(": unknown: "),
+              std::string::npos);
+}
+
 TEST_F(RenderTool, MistakesAreToldInOneLine) {
     expect_refused({}, "nothing to do without -o, --describe, --check or --events");
     expect_refused({"-o", png, "--check"}, "--check draws nothing");
@@ -387,6 +400,13 @@ TEST_F(RenderTool, MistakesAreToldInOneLine) {
                    "--size 0x9: expected WIDTHxHEIGHT, 800x480 for instance");
     expect_refused({"-o", png, "--size", "9x9x"},
                    "--size 9x9x: expected WIDTHxHEIGHT, 800x480 for instance");
+    expect_refused({"-o", png, "--sample", "--size", "99999x99999"},
+                   "--size 99999x99999: found 99999 x 99999, expected 1 to 32767 pixels each");
+    expect_refused({"--describe", "--changed-from", png}, "--changed-from goes with -o only");
+    expect_refused({"-o", png, "--dither", "ordered"}, "--dither goes with --panel only");
+    const std::string itself = folder / "./scene.json";
+    expect_refused({"-o", itself, "--format", "bmp"}, itself + ": would be written over " + scene);
+    EXPECT_EQ(read_file(scene), kScene);
     expect_refused({"-o", "a.gif"}, "a.gif: not .png, .bmp, .ppm, .pbm or .raw; --format tells");
     expect_refused({"-o", "a.pbm", "--panel", "red"}, "a .pbm is for --panel mono only");
     expect_refused({"-o", "a.raw", "--scale", "2"}, "--scale is not for raw bytes");

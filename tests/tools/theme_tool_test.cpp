@@ -398,8 +398,9 @@ TEST_F(ThemeTool, PathPrintsWhereTheDeliveredThemesLie) {
                                               folder / "bin/orvel-theme", "path"};
     Finished done = run(command);
     EXPECT_EQ(done.status, 2);
-    EXPECT_EQ(done.error,
-              "orvel-theme: the delivered themes are not installed beside this program\n");
+    EXPECT_EQ(
+        done.error,
+        "orvel-theme: the themes that come with OrvelSDK are not installed beside this program\n");
     std::filesystem::create_directories(folder / "share/orvelsdk/themes");
     done = run(command);
     EXPECT_EQ(done.output,

@@ -1,13 +1,8 @@
-// SECURITY.md: that its sentences have tests, and those that no other module has.
+// What SECURITY.md says and no other test shows.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <filesystem>
-#include <regex>
-#include <set>
-#include <sstream>
-#include <string>
-#include <vector>
 
 #include "orvel.h"
 #include "support/files.h"
@@ -16,92 +11,6 @@
 namespace {
 
 using namespace orvel_test;
-
-/// A sentence of the page and the tests named behind it.
-struct Statement {
-    std::string sentence;
-    std::vector<std::string> tests;
-};
-
-/// The items of the page's lists.
-std::vector<Statement> statements(const std::string& page) {
-    std::vector<Statement> all;
-    const std::regex item("\n- ([^<]*)(?:<!--([^>]*)-->)?");
-    for (std::sregex_iterator found(page.begin(), page.end(), item), end; found != end; ++found) {
-        Statement statement = {(*found)[1], {}};
-        std::istringstream names((*found)[2]);
-        for (std::string name; names >> name;) statement.tests.push_back(name);
-        all.push_back(statement);
-    }
-    return all;
-}
-
-/// What the page says outside of its lists, between the two headings.
-std::string prose(std::string page) {
-    const std::regex item("\n- [^<]*<!--[^>]*-->"), heading("\n## [^\n]*");
-    page = std::regex_replace(page.substr(page.find("\n## ")), item, "");
-    page = page.substr(0, page.find("\n## If you find a hole"));
-    return std::regex_replace(page, heading, "");
-}
-
-/// Every test of the suite, as Suite.Name.
-std::set<std::string> tests_of_the_suite() {
-    std::set<std::string> names;
-    const std::regex test("\nTEST(?:_F|_P)?\\((\\w+), *(\\w+)\\)");
-    for (const auto& entry :
-         std::filesystem::recursive_directory_iterator(ORVEL_SOURCE_DIR "/tests")) {
-        if (entry.path().extension() != ".cpp") continue;
-        const std::string source = read_file(entry.path());
-        for (std::sregex_iterator found(source.begin(), source.end(), test), end; found != end;
-             ++found) {
-            names.insert((*found)[1].str() + "." + (*found)[2].str());
-        }
-    }
-    return names;
-}
-
-TEST(SecurityPageTest, EverySentenceNamesTestsThatExist) {
-    const std::set<std::string> existing = tests_of_the_suite();
-    const std::vector<Statement> found = statements(read_file(ORVEL_SOURCE_DIR "/SECURITY.md"));
-    EXPECT_GT(found.size(), 20u);
-    for (const Statement& statement : found) {
-        EXPECT_FALSE(statement.tests.empty()) << statement.sentence;
-        for (const std::string& name : statement.tests) {
-            EXPECT_EQ(existing.count(name), 1u) << name;
-        }
-    }
-}
-
-TEST(SecurityPageTest, EveryItemIsOneSentence) {
-    const std::regex another("[.!?]\\s+[A-Z`]");
-    for (const Statement& statement : statements(read_file(ORVEL_SOURCE_DIR "/SECURITY.md"))) {
-        EXPECT_FALSE(std::regex_search(statement.sentence, another)) << statement.sentence;
-    }
-}
-
-TEST(SecurityPageTest, NothingIsSaidBesideTheItems) {
-    const std::string rest = prose(read_file(ORVEL_SOURCE_DIR "/SECURITY.md"));
-    EXPECT_EQ(rest.find_first_not_of(" \n"), std::string::npos) << rest;
-}
-
-TEST(SecurityPageTest, TheNewestVersionIsTheOneThatIsRepaired) {
-    const std::string page = read_file(ORVEL_SOURCE_DIR "/SECURITY.md");
-    const std::string version = ORVEL_VERSION;
-    const std::string row = "| " + version.substr(0, version.rfind('.')) + " | yes |\n";
-    const std::size_t table = page.find("## Supported versions\n");
-    ASSERT_NE(table, std::string::npos);
-    EXPECT_NE(page.find(row, table), std::string::npos) << row;
-    EXPECT_EQ(page.find("| yes |", page.find(row, table) + row.size()), std::string::npos);
-}
-
-TEST(SecurityPageTest, ASentenceWithoutATestWouldBeSeen) {
-    const std::vector<Statement> found = statements("# A\n\n- One. <!-- A.B\n C.D -->\n- Two.\n");
-    ASSERT_EQ(found.size(), 2u);
-    EXPECT_EQ(found[0].tests, (std::vector<std::string>{"A.B", "C.D"}));
-    EXPECT_TRUE(found[1].tests.empty());
-    EXPECT_NE(prose("# A\n\n## B\n\nMore.\n- One. <!-- A.B -->\n").find("More."),
-              std::string::npos);
-}
 
 TEST(SecurityTest, ANameMayLeadOutOfTheResourceRoot) {
     const TempFolder folder;

@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include <regex>
+#include <cctype>
+#include <cstdio>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -19,13 +21,14 @@ using namespace orvel_test;
 /// codes.
 std::vector<std::pair<std::string, int>> enumerated() {
     std::vector<std::pair<std::string, int>> all;
-    const std::string header = read_file(ORVEL_SOURCE_DIR "/include/orvel.h");
-    const std::regex line("\n    ORVEL_WIDGET_(\\w+) = (\\d+)");
-    for (std::sregex_iterator found(header.begin(), header.end(), line), end; found != end;
-         ++found) {
-        std::string name = "orvel_widget_" + (*found)[1].str();
-        for (char& c : name) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-        all.emplace_back(name, std::stoi((*found)[2]));
+    std::istringstream header(read_file(ORVEL_SOURCE_DIR "/include/orvel.h"));
+    for (std::string line; std::getline(header, line);) {
+        char name[64] = "";
+        int code = -1;
+        if (std::sscanf(line.c_str(), "    ORVEL_WIDGET_%63[A-Z_] = %d", name, &code) != 2)
+            continue;
+        for (char& c : name) c = static_cast<char>(std::tolower(c));
+        all.emplace_back(std::string("orvel_widget_") + name, code);
     }
     return all;
 }

@@ -1293,7 +1293,7 @@ export function orvel_widget_dropdown(
 }
 
 /**
- * size x size: a sign that something is going on, which is a circle and a dot on it. `value` is
+ * size x size: a busy sign, a circle and a dot on it that may reach past the square. `value` is
  * the fraction of a clockwise turn from 3 o'clock that the dot has made; the host advances it.
  */
 export function orvel_widget_spinner(
@@ -2161,7 +2161,7 @@ export const KIT_CHART_LINE = 0;
 export const KIT_CHART_AREA = 1;
 /** a line without anything around it; the last value has a dot */
 export const KIT_CHART_SPARK = 2;
-/** bars side by side, one of each series at every place */
+/** grouped bars: one of each series at every place */
 export const KIT_CHART_BARS = 3;
 /** bars on top of each other, positive ones up, negative ones down */
 export const KIT_CHART_STACKED = 4;

@@ -13,7 +13,7 @@ export const FORMATS = {
     grey2: api.KIT_GREY2, grey1: api.KIT_GREY1, index8: api.KIT_INDEX8, index4: api.KIT_INDEX4,
     plane: api.KIT_PLANE,
 } as const;
-/** How colours that a format lacks are made up for. */
+/** How colours that a format lacks are approximated. */
 export const DITHERS = {
     none: api.KIT_DITHER_NONE, ordered: api.KIT_DITHER_ORDERED, diffused: api.KIT_DITHER_DIFFUSED,
 } as const;

@@ -58,7 +58,7 @@ def _parser() -> _Parser:
         help="make every pixel a square of this side")
     add("--panel", choices=[name for name in PANELS if name], help="the panel that shows it")
     add("--dither", choices=("none", "ordered", "diffused"), default="none",
-        help="how colours that the panel lacks are made up for")
+        help="how to approximate colours that the panel lacks")
     add("--rotate", type=int, choices=(0, 90, 180, 270), default=0, help="degrees clockwise")
     add("--changed-from", dest="previous", metavar="FILE",
         help="print X Y WIDTH HEIGHT of what differs from this earlier PNG or BMP")
@@ -90,6 +90,13 @@ def _sides(text: str) -> Tuple[int, int]:
     return int(width), int(height)
 
 
+def _same_file(one: str, other: str) -> bool:
+    try:
+        return "-" not in (one, other) and os.path.samefile(one, other)
+    except OSError:
+        return False
+
+
 def _settle(wishes: argparse.Namespace) -> None:
     """Fills in what follows from the options; what does not go together is a Failure."""
     wishes.size = None if wishes.size is None else _sides(wishes.size)
@@ -119,6 +126,13 @@ def _settle(wishes: argparse.Namespace) -> None:
         raise Failure("--scale is not for raw bytes")
     if wishes.output == "-" and (told or wishes.previous is not None):
         raise Failure("the standard output cannot take a picture and lines of text")
+    if not wishes.output and wishes.previous is not None:
+        raise Failure("--changed-from goes with -o only")
+    if wishes.dither != "none" and wishes.panel is None:
+        raise Failure("--dither goes with --panel only")
+    for file in (*wishes.data, wishes.scene, wishes.theme):
+        if file and _same_file(file, wishes.output):
+            raise Failure(f"{wishes.output}: would be written over {file}")
     wishes.outlet = Outlet(PANELS[wishes.panel or ""], wishes.dither, wishes.rotate // 90)
 
 
@@ -189,7 +203,10 @@ def _screen(wishes: argparse.Namespace, path: Optional[str]) -> Tuple[Screen, Sc
             folder.add_theme(wishes.theme)
         screen.change(None, "theme", wishes.theme)
     if wishes.size is not None:
-        screen.resize(*wishes.size)
+        try:
+            screen.resize(*wishes.size)
+        except Error as reason:
+            raise Failure("--size {}x{}: {}".format(*wishes.size, reason)) from None
     return screen, folder
 
 
@@ -223,7 +240,8 @@ def _render(wishes: argparse.Namespace, screen: Screen, folder: SceneFolder) -> 
     if wishes.output:
         _write(wishes, _drawn(screen))
         for line in screen.report():
-            if ": unknown: " in line:  # drawn without it
+            # Drawn without it. Within a text of the scene, the quote would have a backslash.
+            if ': unknown: there is no "' in line:
                 _fail(folder.explained(line.replace(": unknown: ", ": ", 1)))
     return 0
 

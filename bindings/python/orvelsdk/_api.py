@@ -386,7 +386,7 @@ orvel_widget_spinner = _function(
     _OrvelSDK, "orvel_widget_spinner", POINTER(orvel_widget), [POINTER(orvel_canvas),
                                                                POINTER(orvel_theme), c_int, c_int,
                                                                c_int, c_double],
-    """size x size: a sign that something is going on, which is a circle and a dot on it. `value` is
+    """size x size: a busy sign, a circle and a dot on it that may reach past the square. `value` is
 the fraction of a clockwise turn from 3 o'clock that the dot has made; the host advances it.""")
 orvel_widget_rating = _function(
     _OrvelSDK, "orvel_widget_rating", POINTER(orvel_widget), [POINTER(orvel_canvas),

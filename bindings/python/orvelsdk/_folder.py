@@ -70,7 +70,7 @@ class SceneFolder(Host):
     def explained(self, reason: str) -> str:
         """A reason, with what is known about the name in it."""
         for name in sorted(self.refused):
-            if name + '"' in reason:
+            if f'"{name}"' in reason:
                 return f"{reason} ({self.refused[name]})"
         return reason
 

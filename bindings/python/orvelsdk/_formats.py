@@ -15,7 +15,7 @@ FORMATS = {name[len("KIT_"):].lower(): getattr(_api, name)
            for name in ("KIT_RGBA", "KIT_BGRA", "KIT_RGB565_LE", "KIT_RGB565_BE", "KIT_GREY8",
                         "KIT_GREY4", "KIT_GREY2", "KIT_GREY1", "KIT_INDEX8", "KIT_INDEX4",
                         "KIT_PLANE")}
-#: How colours that a format lacks are made up for.
+#: How colours that a format lacks are approximated.
 DITHERS = {"none": _api.KIT_DITHER_NONE, "ordered": _api.KIT_DITHER_ORDERED,
            "diffused": _api.KIT_DITHER_DIFFUSED}
 _WITH_PALETTE = ("index8", "index4", "plane")

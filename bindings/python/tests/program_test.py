@@ -102,6 +102,10 @@ scene.json --sample --set n={} --describe
 scene.json --sample --set n="x --describe
 scene.json --data data.json --set n=x --describe
 scene.json --sample -o none/out.png
+scene.json --sample --describe --changed-from before.png
+scene.json --sample -o out.png --dither ordered
+scene.json --sample -o scene.json --format bmp
+scene.json --data data.json -o data.json --format bmp
 """.strip().splitlines()], ids=" ".join)
 def test_the_two_say_and_do_the_same(folder, words):
     c, python = both(folder, words, b'{"n": 7}')

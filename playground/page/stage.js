@@ -1,0 +1,129 @@
+// The picture, at a whole number of the screen's pixels for each of its own, and what is under the
+// pointer.
+
+const picture = document.getElementById("picture");
+const stage = document.getElementById("stage");
+const outline = document.getElementById("outline");
+const zoom = document.getElementById("zoom");
+const byId = (id) => document.getElementById(id);
+
+let shown = { width: 1, height: 1, rgba: new Uint8ClampedArray(4) };
+let nodes = [];
+let scale = 1;
+let place = null;
+
+/** The lines of kit_screen_describe(): what each says, and its box. */
+function nodesOf(describe) {
+    return describe.split("\n").flatMap((line) => {
+        const found = /^ *(.*) (-?\d+),(-?\d+) (\d+)x(\d+)$/.exec(line);
+        if (!found) return [];
+        const [x, y, w, h] = found.slice(2).map(Number);
+        return [{ text: found[1], x, y, w, h }];
+    });
+}
+
+function nodeAt(x, y) {
+    return nodes.findLast(
+        (node) => x >= node.x && x < node.x + node.w && y >= node.y && y < node.y + node.h,
+    );
+}
+
+/** A zoom that fits: the largest whole one, at least 1. */
+function fitting() {
+    const room = stage.clientWidth - 32,
+        above = Math.max(stage.clientHeight - 32, 200);
+    return Math.max(1, Math.min(Math.floor(room / shown.width), Math.floor(above / shown.height)));
+}
+
+export function layOut() {
+    const wanted = Number(zoom.value) || fitting();
+    const dense = window.devicePixelRatio || 1;
+    scale = Math.max(1, Math.round(wanted * dense)) / dense;
+    picture.style.width = `${shown.width * scale}px`;
+    picture.style.height = `${shown.height * scale}px`;
+    inspect();
+}
+
+/** Shows a picture; @p describe tells its nodes, where it has some. */
+export function show(next, describe = "", label = "") {
+    shown = next;
+    nodes = nodesOf(describe);
+    picture.width = next.width;
+    picture.height = next.height;
+    picture
+        .getContext("2d", { willReadFrequently: true })
+        .putImageData(new ImageData(next.rgba, next.width, next.height), 0, 0);
+    picture.setAttribute(
+        "aria-label",
+        label || `A picture of ${next.width} by ${next.height} pixels`,
+    );
+    layOut();
+}
+
+export const current = () => shown;
+
+function inspect() {
+    const inside = place && place.x < shown.width && place.y < shown.height;
+    outline.hidden = true;
+    if (!inside) {
+        byId("place").textContent = `${shown.width} × ${shown.height}`;
+        byId("color").textContent = byId("node").textContent = "";
+        byId("swatch").style.visibility = "hidden";
+        return;
+    }
+    const { x, y } = place,
+        at = 4 * (y * shown.width + x);
+    const [r, g, b, a] = shown.rgba.subarray(at, at + 4);
+    const hex = [r, g, b].map((value) => value.toString(16).padStart(2, "0")).join("");
+    byId("place").textContent = `${x}, ${y}`;
+    byId("color").textContent = a === 255 ? `#${hex}` : `#${hex} alpha ${a}`;
+    byId("swatch").style.visibility = "visible";
+    byId("swatch").style.background = `rgb(${r} ${g} ${b} / ${a / 255})`;
+    const node = nodeAt(x, y);
+    byId("node").textContent = node ? `${node.text}  ${node.x},${node.y} ${node.w}×${node.h}` : "";
+    byId("node").title = byId("node").textContent;
+    if (node) outlined(node);
+}
+
+function outlined(node) {
+    outline.hidden = false;
+    const sides = { left: node.x, top: node.y, width: node.w, height: node.h };
+    for (const [side, value] of Object.entries(sides)) outline.style[side] = `${value * scale}px`;
+}
+
+/** The pixel of the picture under the pointer. */
+export function pixelAt(event) {
+    const box = picture.getBoundingClientRect();
+    return {
+        x: Math.floor((event.clientX - box.left) / scale),
+        y: Math.floor((event.clientY - box.top) / scale),
+    };
+}
+
+const STEPS = { ArrowLeft: [-1, 0], ArrowRight: [1, 0], ArrowUp: [0, -1], ArrowDown: [0, 1] };
+
+function step(event) {
+    const [dx, dy] = STEPS[event.key] ?? [];
+    if (dx === undefined || event.target !== stage) return;
+    event.preventDefault();
+    const far = event.shiftKey ? 10 : 1;
+    const from = place ?? { x: Math.floor(shown.width / 2), y: Math.floor(shown.height / 2) };
+    place = {
+        x: Math.min(Math.max(from.x + far * dx, 0), shown.width - 1),
+        y: Math.min(Math.max(from.y + far * dy, 0), shown.height - 1),
+    };
+    inspect();
+}
+
+picture.addEventListener("pointermove", (event) => {
+    place = pixelAt(event);
+    if (place.x < 0 || place.y < 0) place = null;
+    inspect();
+});
+picture.addEventListener("pointerleave", () => {
+    place = null;
+    inspect();
+});
+stage.addEventListener("keydown", step);
+zoom.addEventListener("change", layOut);
+window.addEventListener("resize", layOut);

@@ -1,0 +1,148 @@
+// The workers that draw: one that answers the page, and one for each run of a program. Both are
+// ended when they take too long.
+
+const MOST_MS = 2000;
+const START_MS = 20000;
+const source = document.getElementById("engine").textContent;
+
+function startWorker(text) {
+    const address = URL.createObjectURL(new Blob([text], { type: "text/javascript" }));
+    const worker = new Worker(address);
+    URL.revokeObjectURL(address);
+    return worker;
+}
+
+/** Answers questions one after another. */
+export class Engine {
+    #worker = null;
+    #waiting = null;
+    #turn = Promise.resolve();
+    #ready = false;
+
+    #beginning = null;
+
+    /** Asks this first, and again whenever a worker had to be ended. */
+    start(wish) {
+        this.#beginning = wish;
+        return this.ask("start", wish);
+    }
+
+    /** @return a promise of the answer; an Error with the library's reason otherwise. */
+    ask(what, wish) {
+        const answer = this.#turn.then(async () => {
+            if (!this.#worker && what !== "start") await this.#send("start", this.#beginning);
+            return this.#send(what, wish);
+        });
+        this.#turn = answer.catch(() => {});
+        return answer;
+    }
+
+    #send(what, wish) {
+        this.#worker ??= this.#start();
+        return new Promise((resolve, reject) => {
+            const most = this.#ready ? MOST_MS : START_MS;
+            const late = setTimeout(
+                () => this.#end("It took longer than two seconds and was ended."),
+                most,
+            );
+            this.#waiting = { resolve, reject, late };
+            this.#worker.postMessage({ id: 1, what, wish });
+        });
+    }
+
+    #start() {
+        const worker = startWorker(source);
+        worker.onmessage = ({ data }) => {
+            this.#ready = true;
+            const { resolve, reject, late } = this.#waiting;
+            clearTimeout(late);
+            if (data.reason !== undefined) reject(new Error(data.reason));
+            else resolve(data.answer);
+        };
+        worker.onerror = (event) => {
+            event.preventDefault();
+            this.#end(`The library could not be started: ${event.message}`);
+        };
+        return worker;
+    }
+
+    #end(why) {
+        this.#worker.terminate();
+        this.#worker = null;
+        this.#ready = false;
+        clearTimeout(this.#waiting.late);
+        this.#waiting.reject(new Error(why));
+    }
+}
+
+// The program begins on a line of its own, so that its lines can be told from the engine's.
+const BEFORE = `${source}\norvelPlay(async () => {"use strict";\n`;
+const LINES_BEFORE = BEFORE.split("\n").length - 1;
+
+/** Where in the program an error was, from a trace or an event. */
+function placeIn(code, line, column) {
+    const own = line - LINES_BEFORE;
+    return own >= 1 && own <= code.split("\n").length ? { line: own, column } : null;
+}
+
+function placeFromTrace(code, stack) {
+    for (const [, line, column] of stack.matchAll(/blob:[^\s)]*?:(\d+):(\d+)/g)) {
+        const place = placeIn(code, Number(line), Number(column));
+        if (place) return place;
+    }
+    return null;
+}
+
+let running = null;
+
+/** Ends the program that runs, if one does. */
+export function stopProgram() {
+    running?.();
+}
+
+/**
+ * Runs a program in a worker of its own.
+ *
+ * @return a promise of { pictures, program, said }, or of { failed, place, said }.
+ */
+export function runProgram(code) {
+    stopProgram();
+    return new Promise((resolve) => {
+        const worker = startWorker(`${BEFORE}${code}\n});`);
+        let late = setTimeout(
+            () => end({ failed: "The program did not start.", said: [] }),
+            START_MS,
+        );
+        const end = (how) => {
+            clearTimeout(late);
+            worker.terminate();
+            running = null;
+            resolve(how);
+        };
+        running = () => end({ stopped: true, said: [] });
+        worker.onmessage = ({ data }) => {
+            if (data?.begun) {
+                clearTimeout(late);
+                const why =
+                    "The program ran longer than two seconds and was ended: an endless loop?";
+                late = setTimeout(() => end({ failed: why, said: [] }), MOST_MS);
+            } else if (Array.isArray(data?.done?.pictures)) {
+                end(data.done);
+            } else if (data?.failed !== undefined) {
+                end({
+                    failed: String(data.failed),
+                    place: placeFromTrace(code, String(data.stack)),
+                    said: data.said,
+                });
+            }
+        };
+        worker.onerror = (event) => {
+            event.preventDefault();
+            end({
+                failed: String(event.message).replace(/^Uncaught /, ""),
+                said: [],
+                place: placeIn(code, event.lineno, event.colno),
+            });
+        };
+    });
+}
