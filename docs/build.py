@@ -100,7 +100,7 @@ def main():
 
     for page in sorted((SOURCES / "docs/pages").glob("*.md")):
         work = out / "work" / page.stem
-        if not given.skip_blocks:
+        if not given.skip_blocks and blocks.can_run(page, SOURCES):
             step(f"running {page.name}")
             blocks.run(page, SOURCES, tree, work)
         text = page.read_text(encoding="utf-8")
