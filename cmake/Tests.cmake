@@ -97,6 +97,20 @@ function(orvel_properties result)
     set(${result} ${properties} PARENT_SCOPE)
 endfunction()
 
+# orvel_python_with(RESULT MODULE): a Python that has the module, or nothing. Debian's modules are for the
+# system's Python, which need not be the one on the path.
+function(orvel_python_with result module)
+    foreach(python IN ITEMS ${Python3_EXECUTABLE} /usr/bin/python3)
+        execute_process(COMMAND ${python} -c "import ${module}"
+            RESULT_VARIABLE failed OUTPUT_QUIET ERROR_QUIET)
+        if(failed EQUAL 0)
+            set(${result} ${python} PARENT_SCOPE)
+            return()
+        endif()
+    endforeach()
+    set(${result} "" PARENT_SCOPE)
+endfunction()
+
 function(orvel_declare file)
     set_property(GLOBAL APPEND PROPERTY ORVEL_DECLARED_TESTS ${file})
 endfunction()

@@ -108,6 +108,12 @@ def environment(tree, tools):
     }
 
 
+def can_run(page, sources):
+    """Whether what a page needs is here. ./check js makes the package of the page on JavaScript, and runs
+    that page."""
+    return page.name != "javascript.md" or (sources / "build/js/package").is_dir()
+
+
 def python(sources):
     """Where Python finds the module, as if its wheel was installed."""
     return {"PYTHONPATH": str(sources / "bindings/python"), "PYTHONDONTWRITEBYTECODE": "1"}
@@ -129,6 +135,9 @@ def run_blocks(page, sources, tree, work):
     else:
         work.mkdir(parents=True)
         (work / "orvelsdk").symlink_to(sources)
+    if (sources / "build/js/package").is_dir():  # as if npm had installed it
+        (work / "node_modules").mkdir()
+        (work / "node_modules/orvelsdk").symlink_to(sources / "build/js/package")
     tools = work / ".tools"
     tools.mkdir()
     (tools / "sudo").write_text(SUDO)

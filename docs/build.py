@@ -10,6 +10,7 @@ import sys
 import time
 
 import blocks
+import change_it
 import cheat_sheet
 import links
 import reference
@@ -41,9 +42,10 @@ def included(what, lists):
     return (lists / f"{what}.md").read_text(encoding="utf-8")
 
 
-def staged(text, lists):
+def staged(text, lists, playground):
     """A page as the site's builder takes it: lists included, file names and outputs marked."""
     text = INCLUDE.sub(lambda match: included(match[1], lists), text)
+    text = change_it.added(text) if playground else text
     text = OUTPUT_FENCE.sub(
         lambda match: f'<div class="output" markdown="1">\n\n```text\n{match[1]}```\n\n</div>', text)
     return NAMED_FENCE.sub(r'<p class="file"><code>\2</code></p>\n\n```\1', text)
@@ -56,6 +58,8 @@ def main():
     parser.add_argument("--out", type=pathlib.Path, required=True, help="the site goes to OUT/site")
     parser.add_argument("--skip-blocks", action="store_true",
                         help="do not run the pages' code blocks (their pictures must be there)")
+    parser.add_argument("--playground", type=pathlib.Path,
+                        help="the playground's page, which stands beside what the pages show")
     given = parser.parse_args()
     build, out = given.build.resolve(), given.out.resolve()
     pages, lists, tree = out / "pages", out / "lists", out / "tree"
@@ -78,6 +82,10 @@ def main():
     for picture in (SOURCES / "docs/images").glob("*.gif"):
         shutil.copy(picture, pages / "pictures")
 
+    if given.playground:
+        (pages / "playground").mkdir()
+        shutil.copy(given.playground, pages / change_it.PAGE)
+
     step("writing the reference")
     for name, text in reference.pages().items():
         (pages / name).write_text(text, encoding="utf-8")
@@ -92,11 +100,11 @@ def main():
 
     for page in sorted((SOURCES / "docs/pages").glob("*.md")):
         work = out / "work" / page.stem
-        if not given.skip_blocks:
+        if not given.skip_blocks and blocks.can_run(page, SOURCES):
             step(f"running {page.name}")
             blocks.run(page, SOURCES, tree, work)
         text = page.read_text(encoding="utf-8")
-        (pages / page.name).write_text(staged(text, lists), encoding="utf-8")
+        (pages / page.name).write_text(staged(text, lists, given.playground), encoding="utf-8")
         for picture in (*work.glob("*.png"), *work.glob("*.gif")):
             (pages / page.stem).mkdir(exist_ok=True)
             shutil.copy(picture, pages / page.stem)

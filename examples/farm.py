@@ -7,7 +7,8 @@
 JOBS has a line of JSON for each dashboard: {"name": "kitchen-17", "scene": "home/dashboard.json",
 "data": {...}}. Of each comes NAME.png, and a line "CHECKSUM  NAME" in the file checksums, where the
 checksum is that of the pixels: the same on every machine, whichever drew it. A worker that is lost is
-made up for; a dashboard that cannot be drawn is reported, and the rest goes on.
+made up for; a dashboard that cannot be drawn is reported, and the rest goes on. One without a name is
+called after its line: line-17.
 
 The workers need Python with orvelsdk and distributed, and nothing else: scenes travel with the work.
 """
@@ -142,9 +143,10 @@ def varied(value, numbers):
 
 def jobs_of(path):
     with open(path, encoding="utf-8") as file:
-        for line in file:
+        for number, line in enumerate(file, 1):
             if line.strip():
-                yield json.loads(line)
+                job = json.loads(line)
+                yield {"name": f"line-{number}", **(job if isinstance(job, dict) else {})}
 
 
 def progress(done, failed, started, end="\r"):

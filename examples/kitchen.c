@@ -8,7 +8,8 @@ int main(void) {
     kit_icon(canvas, "home", 12, 12, 20, theme.accent);
     kit_text_draw(canvas, kit_bold_14(), "Kitchen", 40, 27, theme.text);
     kit_text_draw(canvas, kit_bold_14(), "21.5 °C", 170, 27, theme.text);
-    kit_draw(canvas, &theme,
-             &(kit_widget){.kind = ORVEL_WIDGET_SLIDER, .box = {12, 40, 216, 20}, .value = 0.65});
+    kit_widget slider = {.kind = ORVEL_WIDGET_SLIDER, .box = {12, 40, 216, 20}};
+    slider.value = 0.65;
+    kit_draw(canvas, &theme, &slider);
     return kit_save_bmp(canvas, "kitchen.bmp");
 }

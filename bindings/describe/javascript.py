@@ -1,5 +1,6 @@
 """Writes the low level of JavaScript, in TypeScript: every name of the description, each call with
 its arguments checked and laid into the memory of WebAssembly."""
+import textwrap
 
 TARGET = "wasm32"
 # By type: what the view of memory reads and writes, the check, and its type in TypeScript.
@@ -12,8 +13,8 @@ HEAD = """// The interfaces of OrvelSDK in C, for JavaScript.
 //
 // Made by scripts/describe from bindings/orvel_api.json: edit the headers, and run it. Names and
 // order are those of C. Left out are the room for a reason, which comes as an exception, and what
-// only tells how long something is. Records are plain objects, and what they lack is 0; an object of
-// the library is freed by its function, or when nothing holds it any more.
+// only tells how long something is. Records are plain objects, and what they lack is 0; an object
+// of the library is freed by its function, or when nothing holds it any more.
 
 import * as Pass from "./arguments.js";
 import type { Given, Memory, Out, Reals, Text } from "./arguments.js";
@@ -124,12 +125,11 @@ def put_field(record, field, records):
     what = f'"{record}.{name}"'
     if kind in NUMBERS:
         access, check = NUMBERS[kind]
-        return [f"if ({value} !== undefined) "
-                f"Room.view.set{access}({place}, Pass.{check}({value}, {what}), true);"]
+        return [f"Room.view.set{access}({place}, Pass.{check}({value} ?? 0, {what}), true);"]
     if kind == "byte":
-        return [f"if ({value} !== undefined) Room.view.setUint8({place}, byte({value}, {what}));"]
+        return [f"Room.bytes[{place}] = byte({value} ?? 0, {what});"]
     if kind == "record":
-        return [f"if ({value} !== undefined) put_{of}({place}, {value});"]
+        return [f"put_{of}({place}, {value} ?? NONE);"]
     if kind == "text":
         return [f"Room.view.setUint32({place}, Pass.text({value}, {what}), true);"]
     if kind == "object":
@@ -141,6 +141,14 @@ def put_field(record, field, records):
             f"Room.view.setUint32(at + @{field['length']}@, {name}_count, true);"]
 
 
+def covered(record, records):
+    """Whether its fields take up every byte of it."""
+    sizes = {"byte": 1, "double": 8, "wide": 8}
+    return record["size"][TARGET] == sum(
+        records.size(field["of"]) if field["type"] == "record" else sizes.get(field["type"], 4)
+        for field in fields_of(record))
+
+
 def put_record(record, records):
     name = record["name"]
     lines = [line for field in fields_of(record) for line in put_field(name, field, records)]
@@ -148,9 +156,11 @@ def put_record(record, records):
         lines = [line.replace(f"@{field['name']}@", str(field["offset"][TARGET]))
                  for line in lines]
     body = "".join(f"    {line}\n" for line in lines)
+    clear = "" if covered(record, records) else \
+        f"    Room.bytes.fill(0, at, at + {record['size'][TARGET]});\n"
     return (f"\nfunction put_{name}(at: number, from: Given<{name}>): void {{\n"
             f"    Pass.record(from, \"a {name}\");\n"
-            f"    Room.bytes.fill(0, at, at + {record['size'][TARGET]});\n{body}}}\n")
+            f"{clear}{body}}}\n")
 
 
 def get_field(field):
@@ -293,9 +303,6 @@ class Call:
 
     def conversion(self):
         result, kind = self.result, self.result["type"]
-        if kind == "object" and result["ownership"] == "caller":
-            kept = "".join(f", {each}" for each in self.kept)
-            return f'Objects.made(found, {result["of"]}, "{result["free"]}"{kept})'
         if kind == "object":
             return f"Objects.lent(found, {result['of']})"
         if kind == "record":
@@ -327,7 +334,10 @@ class Call:
             yield f'if ({bad}) throw refusal(Room.textAt(why), "{self.function["name"]} failed");'
         elif self.screen:
             yield "asked();"
-        if kind != "void":
+        if kind == "object" and self.result["ownership"] == "caller":
+            words = ["found", self.result["of"], f'"{self.result["free"]}"', *self.kept]
+            yield wrapped("return Objects.made(", words, ");", "        ")
+        elif kind != "void":
             yield f"return {self.conversion()};"
 
     def text(self):
@@ -366,6 +376,7 @@ def function_text(function, shown):
             if "comment" in each and each["name"] in names]
     if "comment" in function["returns"]:
         rows.append(f"@returns {function['returns']['comment']}")
+    rows = [textwrap.fill(row, 92, subsequent_indent="    ") for row in rows]
     parts = [function["comment"], "\n".join(rows)]
     return "\n\n".join(part for part in parts if part)
 
@@ -398,6 +409,8 @@ def library_text(library, records):
 
 
 SMALL = """
+const NONE = {}; // in place of a record that lacks
+
 function byte(value: number, what: string): number {
     if ((value & 255) !== value) {
         Pass.int(value, what);

@@ -28,7 +28,7 @@ const places = {
         build.onResolve({ filter: /\.deflate$/ }, () => ({ path: wasm, namespace: "deflated" }));
         build.onLoad({ filter: /.*/, namespace: "deflated" }, () => ({
             contents: deflateRawSync(readFileSync(wasm), { level: 9 }),
-            loader: "binary",
+            loader: "base64",
         }));
     },
 };

@@ -41,8 +41,8 @@ void write_colours(std::ofstream& list, const orvel_theme& theme) {
                                                           {"error", theme.error}};
     list << "<ul class=\"colours\">\n";
     for (const auto& [name, colour] : fields) {
-        list << "<li><span style=\"background:" << hex(colour) << "\"></span><code>" << name
-             << "</code> " << hex(colour) << "</li>\n";
+        list << "<li><svg aria-hidden=\"true\"><rect width=\"100%\" height=\"100%\" fill=\""
+             << hex(colour) << "\"/></svg><code>" << name << "</code> " << hex(colour) << "</li>\n";
     }
     list << "</ul>\n";
 }

@@ -72,31 +72,56 @@ public:
 
     /// The codes of the row @p y of the box.
     void put(std::size_t y, const std::vector<unsigned>& codes) const {
-        for (std::size_t x = 0; x < width_; ++x) {
-            switch (turns_) {
-            case 0: put(x, y, codes[x]); break;
-            case 1: put(height_ - 1 - y, x, codes[x]); break;
-            case 2: put(width_ - 1 - x, height_ - 1 - y, codes[x]); break;
-            default: put(y, width_ - 1 - x, codes[x]); break;
-            }
+        const Line line = line_of(y);
+        switch (bits_) {
+        case 32: return store<4>(line, codes);
+        case 16: return store<2>(line, codes);
+        case 8: return store<1>(line, codes);
+        default: return add(line, codes);
         }
     }
 
 private:
+    /// Where a row of the box begins in the caller's memory, and which way it goes there: one of
+    /// the steps is 0, the other 1 or, as numbers that wrap, -1.
+    struct Line {
+        std::size_t x, y, x_step, y_step;
+    };
+
+    Line line_of(std::size_t y) const {
+        constexpr std::size_t kBack = std::numeric_limits<std::size_t>::max();
+        switch (turns_) {
+        case 0: return {0, y, 1, 0};
+        case 1: return {height_ - 1 - y, 0, 0, 1};
+        case 2: return {width_ - 1, height_ - 1 - y, kBack, 0};
+        default: return {y, width_ - 1, 0, kBack};
+        }
+    }
+
     std::size_t rows() const { return turns_ % 2 ? width_ : height_; }
 
-    void put(std::size_t x, std::size_t y, unsigned code) const {
-        unsigned char* const row = to_ + y * stride_;
-        if (bits_ < 8) {
-            const std::size_t in_byte = static_cast<std::size_t>(8 / bits_);
-            const std::size_t shift = (in_byte - 1 - x % in_byte) * static_cast<std::size_t>(bits_);
-            unsigned char& byte = row[x / in_byte];
-            byte = static_cast<unsigned char>(byte | code << shift);
-            return;
+    template <int bytes>
+    void store(const Line& line, const std::vector<unsigned>& codes) const {
+        const std::size_t step = line.x_step * bytes + line.y_step * stride_;
+        std::size_t at = line.x * bytes + line.y * stride_;
+        for (const unsigned code : codes) {
+            for (int i = 0; i < bytes; ++i) {  // the lowest first
+                to_[at + static_cast<std::size_t>(i)] = static_cast<unsigned char>(code >> 8 * i);
+            }
+            at += step;
         }
-        const std::size_t bytes = static_cast<std::size_t>(bits_ / 8);
-        for (std::size_t i = 0; i < bytes; ++i) {  // the lowest first
-            row[x * bytes + i] = static_cast<unsigned char>(code >> 8 * i);
+    }
+
+    /// Adds codes of less than a byte.
+    void add(Line line, const std::vector<unsigned>& codes) const {
+        const std::size_t in_byte = static_cast<std::size_t>(8 / bits_);
+        for (const unsigned code : codes) {
+            const std::size_t place = in_byte - 1 - line.x % in_byte;
+            unsigned char& byte = to_[line.y * stride_ + line.x / in_byte];
+            byte =
+                static_cast<unsigned char>(byte | code << place * static_cast<std::size_t>(bits_));
+            line.x += line.x_step;
+            line.y += line.y_step;
         }
     }
 

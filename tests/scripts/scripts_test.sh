@@ -69,6 +69,7 @@ small_checkout() {
     printf 'cd "$(dirname "$0")/.." && mkdir -p build/js build/tarball && echo "a b 1 MIT" >build/tarball/compiled-in\n' \
         >>"$tree/scripts/npm"
     printf '#!/bin/bash\ncp "$2" "$1.spdx.json"\n' >"$tree/packaging/bill_of_materials"
+    printf '#!/bin/bash\n' >"$tree/scripts/playground"
     printf '#!/bin/bash\nmkdir -p build/docs/site && echo page >build/docs/site/index.html\n' >"$tree/scripts/docs"
     sed -i '2s/^/cd "$(dirname "$0")\/.." \&\& /' "$tree/scripts/docs"
     chmod +x "$tree/scripts/"* "$tree/packaging/"*

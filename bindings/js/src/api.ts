@@ -2,8 +2,8 @@
 //
 // Made by scripts/describe from bindings/orvel_api.json: edit the headers, and run it. Names and
 // order are those of C. Left out are the room for a reason, which comes as an exception, and what
-// only tells how long something is. Records are plain objects, and what they lack is 0; an object of
-// the library is freed by its function, or when nothing holds it any more.
+// only tells how long something is. Records are plain objects, and what they lack is 0; an object
+// of the library is freed by its function, or when nothing holds it any more.
 
 import * as Pass from "./arguments.js";
 import type { Given, Memory, Out, Reals, Text } from "./arguments.js";
@@ -13,6 +13,8 @@ import type { Asked } from "./hosts.js";
 import * as Room from "./memory.js";
 import * as Objects from "./objects.js";
 import type { Cell } from "./objects.js";
+
+const NONE = {}; // in place of a record that lacks
 
 function byte(value: number, what: string): number {
     if ((value & 255) !== value) {
@@ -55,11 +57,10 @@ export interface orvel_color {
 
 function put_orvel_color(at: number, from: Given<orvel_color>): void {
     Pass.record(from, "a orvel_color");
-    Room.bytes.fill(0, at, at + 4);
-    if (from.r !== undefined) Room.view.setUint8(at + 0, byte(from.r, "orvel_color.r"));
-    if (from.g !== undefined) Room.view.setUint8(at + 1, byte(from.g, "orvel_color.g"));
-    if (from.b !== undefined) Room.view.setUint8(at + 2, byte(from.b, "orvel_color.b"));
-    if (from.a !== undefined) Room.view.setUint8(at + 3, byte(from.a, "orvel_color.a"));
+    Room.bytes[at + 0] = byte(from.r ?? 0, "orvel_color.r");
+    Room.bytes[at + 1] = byte(from.g ?? 0, "orvel_color.g");
+    Room.bytes[at + 2] = byte(from.b ?? 0, "orvel_color.b");
+    Room.bytes[at + 3] = byte(from.a ?? 0, "orvel_color.a");
 }
 
 function get_orvel_color(at: number): orvel_color {
@@ -98,16 +99,15 @@ export interface orvel_theme {
 
 function put_orvel_theme(at: number, from: Given<orvel_theme>): void {
     Pass.record(from, "a orvel_theme");
-    Room.bytes.fill(0, at, at + 36);
-    if (from.background !== undefined) put_orvel_color(at + 0, from.background);
-    if (from.surface !== undefined) put_orvel_color(at + 4, from.surface);
-    if (from.text !== undefined) put_orvel_color(at + 8, from.text);
-    if (from.accent !== undefined) put_orvel_color(at + 12, from.accent);
-    if (from.border !== undefined) put_orvel_color(at + 16, from.border);
-    if (from.button !== undefined) put_orvel_color(at + 20, from.button);
-    if (from.button_hover !== undefined) put_orvel_color(at + 24, from.button_hover);
-    if (from.button_text !== undefined) put_orvel_color(at + 28, from.button_text);
-    if (from.error !== undefined) put_orvel_color(at + 32, from.error);
+    put_orvel_color(at + 0, from.background ?? NONE);
+    put_orvel_color(at + 4, from.surface ?? NONE);
+    put_orvel_color(at + 8, from.text ?? NONE);
+    put_orvel_color(at + 12, from.accent ?? NONE);
+    put_orvel_color(at + 16, from.border ?? NONE);
+    put_orvel_color(at + 20, from.button ?? NONE);
+    put_orvel_color(at + 24, from.button_hover ?? NONE);
+    put_orvel_color(at + 28, from.button_text ?? NONE);
+    put_orvel_color(at + 32, from.error ?? NONE);
 }
 
 function get_orvel_theme(at: number): orvel_theme {
@@ -518,7 +518,8 @@ export function orvel_canvas_fill_triangle(
  * Writes the canvas to the file `path` as a 24-bit BMP, bottom row first, without alpha. Raises
  * std::bad_alloc.
  *
- * @returns 0 once the file was opened: what happens to the writes after that is not looked at. -1 for null arguments and when the file cannot be opened for writing.
+ * @returns 0 once the file was opened: what happens to the writes after that is not looked at.
+ *     -1 for null arguments and when the file cannot be opened for writing.
  */
 export function orvel_canvas_save_bmp(canvas: orvel_canvas | null, path: Text): number {
     const mark = Room.enter();
@@ -644,7 +645,8 @@ export function orvel_icon_exists(name: Text): number {
  * anywhere, draw them on a canvas of their own and copy it, which is what kit_icon() of the kit
  * does.
  *
- * @returns 0; -1 for null arguments or a size below 1, which draw nothing, and for an unknown name, which draws a one-pixel frame of the square.
+ * @returns 0; -1 for null arguments or a size below 1, which draw nothing, and for an unknown
+ *     name, which draws a one-pixel frame of the square.
  */
 export function orvel_draw_icon(
     canvas: orvel_canvas | null,
@@ -720,7 +722,8 @@ export function orvel_draw_icon_ex(
  * std::length_error: -2, for example, or 0x20000000 at 32 bits. A C host that draws files of
  * strangers looks at the four bytes at offset 18 first. Raises std::bad_alloc, too.
  *
- * @returns 0 when the file was accepted; -1 for null arguments, a file that cannot be opened, a header shorter than 54 bytes or without "BM", and any other depth.
+ * @returns 0 when the file was accepted; -1 for null arguments, a file that cannot be opened,
+ *     a header shorter than 54 bytes or without "BM", and any other depth.
  */
 export function orvel_icon_draw_bitmap(
     canvas: orvel_canvas | null,
@@ -780,7 +783,8 @@ export function orvel_theme_light(theme: Partial<orvel_theme> | null): void {
  * whole file is read into memory, whatever its size; when memory runs out, the record stays as it
  * was. A read that fails counts as the end of the file. Raises std::bad_alloc.
  *
- * @returns 0 when the file was opened, whatever it held; -1 for null arguments or when it cannot be.
+ * @returns 0 when the file was opened, whatever it held; -1 for null arguments or when it
+ *     cannot be.
  */
 export function orvel_theme_load(theme: Partial<orvel_theme> | null, name: Text): number {
     const mark = Room.enter();
@@ -843,7 +847,13 @@ export function orvel_widget_window(
             Pass.int(w, "w"),
             Pass.int(h, "h"),
         );
-        return Objects.made(found, orvel_widget, "orvel_widget_destroy", Objects.keep(canvas, orvel_canvas, "canvas"), theme_kept);
+        return Objects.made(
+            found,
+            orvel_widget,
+            "orvel_widget_destroy",
+            Objects.keep(canvas, orvel_canvas, "canvas"),
+            theme_kept,
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -872,7 +882,13 @@ export function orvel_widget_panel(
             Pass.int(w, "w"),
             Pass.int(h, "h"),
         );
-        return Objects.made(found, orvel_widget, "orvel_widget_destroy", Objects.keep(canvas, orvel_canvas, "canvas"), theme_kept);
+        return Objects.made(
+            found,
+            orvel_widget,
+            "orvel_widget_destroy",
+            Objects.keep(canvas, orvel_canvas, "canvas"),
+            theme_kept,
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -899,7 +915,13 @@ export function orvel_widget_label(
             Pass.int(x, "x"),
             Pass.int(y, "y"),
         );
-        return Objects.made(found, orvel_widget, "orvel_widget_destroy", Objects.keep(canvas, orvel_canvas, "canvas"), theme_kept);
+        return Objects.made(
+            found,
+            orvel_widget,
+            "orvel_widget_destroy",
+            Objects.keep(canvas, orvel_canvas, "canvas"),
+            theme_kept,
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -933,7 +955,13 @@ export function orvel_widget_button(
             Pass.int(w, "w"),
             Pass.int(h, "h"),
         );
-        return Objects.made(found, orvel_widget, "orvel_widget_destroy", Objects.keep(canvas, orvel_canvas, "canvas"), theme_kept);
+        return Objects.made(
+            found,
+            orvel_widget,
+            "orvel_widget_destroy",
+            Objects.keep(canvas, orvel_canvas, "canvas"),
+            theme_kept,
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -967,7 +995,13 @@ export function orvel_widget_toggle(
             Pass.int(h, "h"),
             Pass.int(on, "on"),
         );
-        return Objects.made(found, orvel_widget, "orvel_widget_destroy", Objects.keep(canvas, orvel_canvas, "canvas"), theme_kept);
+        return Objects.made(
+            found,
+            orvel_widget,
+            "orvel_widget_destroy",
+            Objects.keep(canvas, orvel_canvas, "canvas"),
+            theme_kept,
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -996,7 +1030,13 @@ export function orvel_widget_checkbox(
             Pass.int(y, "y"),
             Pass.int(checked, "checked"),
         );
-        return Objects.made(found, orvel_widget, "orvel_widget_destroy", Objects.keep(canvas, orvel_canvas, "canvas"), theme_kept);
+        return Objects.made(
+            found,
+            orvel_widget,
+            "orvel_widget_destroy",
+            Objects.keep(canvas, orvel_canvas, "canvas"),
+            theme_kept,
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -1029,7 +1069,13 @@ export function orvel_widget_slider(
             Pass.int(w, "w"),
             Pass.real(value, "value"),
         );
-        return Objects.made(found, orvel_widget, "orvel_widget_destroy", Objects.keep(canvas, orvel_canvas, "canvas"), theme_kept);
+        return Objects.made(
+            found,
+            orvel_widget,
+            "orvel_widget_destroy",
+            Objects.keep(canvas, orvel_canvas, "canvas"),
+            theme_kept,
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -1063,7 +1109,13 @@ export function orvel_widget_progress(
             Pass.int(h, "h"),
             Pass.real(value, "value"),
         );
-        return Objects.made(found, orvel_widget, "orvel_widget_destroy", Objects.keep(canvas, orvel_canvas, "canvas"), theme_kept);
+        return Objects.made(
+            found,
+            orvel_widget,
+            "orvel_widget_destroy",
+            Objects.keep(canvas, orvel_canvas, "canvas"),
+            theme_kept,
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -1097,7 +1149,13 @@ export function orvel_widget_textbox(
             Pass.int(w, "w"),
             Pass.int(h, "h"),
         );
-        return Objects.made(found, orvel_widget, "orvel_widget_destroy", Objects.keep(canvas, orvel_canvas, "canvas"), theme_kept);
+        return Objects.made(
+            found,
+            orvel_widget,
+            "orvel_widget_destroy",
+            Objects.keep(canvas, orvel_canvas, "canvas"),
+            theme_kept,
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -1129,7 +1187,13 @@ export function orvel_widget_icon(
             Pass.int(y, "y"),
             Pass.int(size, "size"),
         );
-        return Objects.made(found, orvel_widget, "orvel_widget_destroy", Objects.keep(canvas, orvel_canvas, "canvas"), theme_kept);
+        return Objects.made(
+            found,
+            orvel_widget,
+            "orvel_widget_destroy",
+            Objects.keep(canvas, orvel_canvas, "canvas"),
+            theme_kept,
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -1156,7 +1220,13 @@ export function orvel_widget_image(
             Pass.int(x, "x"),
             Pass.int(y, "y"),
         );
-        return Objects.made(found, orvel_widget, "orvel_widget_destroy", Objects.keep(canvas, orvel_canvas, "canvas"), theme_kept);
+        return Objects.made(
+            found,
+            orvel_widget,
+            "orvel_widget_destroy",
+            Objects.keep(canvas, orvel_canvas, "canvas"),
+            theme_kept,
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -1183,7 +1253,13 @@ export function orvel_widget_separator(
             Pass.int(y, "y"),
             Pass.int(w, "w"),
         );
-        return Objects.made(found, orvel_widget, "orvel_widget_destroy", Objects.keep(canvas, orvel_canvas, "canvas"), theme_kept);
+        return Objects.made(
+            found,
+            orvel_widget,
+            "orvel_widget_destroy",
+            Objects.keep(canvas, orvel_canvas, "canvas"),
+            theme_kept,
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -1214,7 +1290,13 @@ export function orvel_widget_card(
             Pass.int(w, "w"),
             Pass.int(h, "h"),
         );
-        return Objects.made(found, orvel_widget, "orvel_widget_destroy", Objects.keep(canvas, orvel_canvas, "canvas"), theme_kept);
+        return Objects.made(
+            found,
+            orvel_widget,
+            "orvel_widget_destroy",
+            Objects.keep(canvas, orvel_canvas, "canvas"),
+            theme_kept,
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -1247,7 +1329,13 @@ export function orvel_widget_radio(
             Pass.int(y, "y"),
             Pass.int(selected, "selected"),
         );
-        return Objects.made(found, orvel_widget, "orvel_widget_destroy", Objects.keep(canvas, orvel_canvas, "canvas"), theme_kept);
+        return Objects.made(
+            found,
+            orvel_widget,
+            "orvel_widget_destroy",
+            Objects.keep(canvas, orvel_canvas, "canvas"),
+            theme_kept,
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -1283,7 +1371,13 @@ export function orvel_widget_dropdown(
             Pass.int(h, "h"),
             Pass.int(open, "open"),
         );
-        return Objects.made(found, orvel_widget, "orvel_widget_destroy", Objects.keep(canvas, orvel_canvas, "canvas"), theme_kept);
+        return Objects.made(
+            found,
+            orvel_widget,
+            "orvel_widget_destroy",
+            Objects.keep(canvas, orvel_canvas, "canvas"),
+            theme_kept,
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -1315,7 +1409,13 @@ export function orvel_widget_spinner(
             Pass.int(size, "size"),
             Pass.real(value, "value"),
         );
-        return Objects.made(found, orvel_widget, "orvel_widget_destroy", Objects.keep(canvas, orvel_canvas, "canvas"), theme_kept);
+        return Objects.made(
+            found,
+            orvel_widget,
+            "orvel_widget_destroy",
+            Objects.keep(canvas, orvel_canvas, "canvas"),
+            theme_kept,
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -1345,7 +1445,13 @@ export function orvel_widget_rating(
             Pass.int(y, "y"),
             Pass.real(value, "value"),
         );
-        return Objects.made(found, orvel_widget, "orvel_widget_destroy", Objects.keep(canvas, orvel_canvas, "canvas"), theme_kept);
+        return Objects.made(
+            found,
+            orvel_widget,
+            "orvel_widget_destroy",
+            Objects.keep(canvas, orvel_canvas, "canvas"),
+            theme_kept,
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -1379,7 +1485,13 @@ export function orvel_widget_stepper(
             Pass.int(h, "h"),
             Pass.int(value, "value"),
         );
-        return Objects.made(found, orvel_widget, "orvel_widget_destroy", Objects.keep(canvas, orvel_canvas, "canvas"), theme_kept);
+        return Objects.made(
+            found,
+            orvel_widget,
+            "orvel_widget_destroy",
+            Objects.keep(canvas, orvel_canvas, "canvas"),
+            theme_kept,
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -1416,7 +1528,13 @@ export function orvel_widget_tabs(
             Pass.int(h, "h"),
             Pass.int(selected, "selected"),
         );
-        return Objects.made(found, orvel_widget, "orvel_widget_destroy", Objects.keep(canvas, orvel_canvas, "canvas"), theme_kept);
+        return Objects.made(
+            found,
+            orvel_widget,
+            "orvel_widget_destroy",
+            Objects.keep(canvas, orvel_canvas, "canvas"),
+            theme_kept,
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -1448,7 +1566,13 @@ export function orvel_widget_avatar(
             Pass.int(y, "y"),
             Pass.int(size, "size"),
         );
-        return Objects.made(found, orvel_widget, "orvel_widget_destroy", Objects.keep(canvas, orvel_canvas, "canvas"), theme_kept);
+        return Objects.made(
+            found,
+            orvel_widget,
+            "orvel_widget_destroy",
+            Objects.keep(canvas, orvel_canvas, "canvas"),
+            theme_kept,
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -1478,7 +1602,13 @@ export function orvel_widget_badge(
             Pass.int(y, "y"),
             Pass.int(count, "count"),
         );
-        return Objects.made(found, orvel_widget, "orvel_widget_destroy", Objects.keep(canvas, orvel_canvas, "canvas"), theme_kept);
+        return Objects.made(
+            found,
+            orvel_widget,
+            "orvel_widget_destroy",
+            Objects.keep(canvas, orvel_canvas, "canvas"),
+            theme_kept,
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -1512,7 +1642,13 @@ export function orvel_widget_titlebar(
             Pass.int(w, "w"),
             Pass.int(h, "h"),
         );
-        return Objects.made(found, orvel_widget, "orvel_widget_destroy", Objects.keep(canvas, orvel_canvas, "canvas"), theme_kept);
+        return Objects.made(
+            found,
+            orvel_widget,
+            "orvel_widget_destroy",
+            Objects.keep(canvas, orvel_canvas, "canvas"),
+            theme_kept,
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -1551,7 +1687,13 @@ export function orvel_widget_list_item(
             Pass.int(h, "h"),
             Pass.int(selected, "selected"),
         );
-        return Objects.made(found, orvel_widget, "orvel_widget_destroy", Objects.keep(canvas, orvel_canvas, "canvas"), theme_kept);
+        return Objects.made(
+            found,
+            orvel_widget,
+            "orvel_widget_destroy",
+            Objects.keep(canvas, orvel_canvas, "canvas"),
+            theme_kept,
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -1588,7 +1730,13 @@ export function orvel_widget_menu(
             Pass.int(h, "h"),
             Pass.int(selected, "selected"),
         );
-        return Objects.made(found, orvel_widget, "orvel_widget_destroy", Objects.keep(canvas, orvel_canvas, "canvas"), theme_kept);
+        return Objects.made(
+            found,
+            orvel_widget,
+            "orvel_widget_destroy",
+            Objects.keep(canvas, orvel_canvas, "canvas"),
+            theme_kept,
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -1622,7 +1770,13 @@ export function orvel_widget_bars(
             Pass.int(w, "w"),
             Pass.int(h, "h"),
         );
-        return Objects.made(found, orvel_widget, "orvel_widget_destroy", Objects.keep(canvas, orvel_canvas, "canvas"), theme_kept);
+        return Objects.made(
+            found,
+            orvel_widget,
+            "orvel_widget_destroy",
+            Objects.keep(canvas, orvel_canvas, "canvas"),
+            theme_kept,
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -1656,7 +1810,13 @@ export function orvel_widget_search(
             Pass.int(w, "w"),
             Pass.int(h, "h"),
         );
-        return Objects.made(found, orvel_widget, "orvel_widget_destroy", Objects.keep(canvas, orvel_canvas, "canvas"), theme_kept);
+        return Objects.made(
+            found,
+            orvel_widget,
+            "orvel_widget_destroy",
+            Objects.keep(canvas, orvel_canvas, "canvas"),
+            theme_kept,
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -1686,7 +1846,13 @@ export function orvel_widget_tooltip(
             Pass.int(x, "x"),
             Pass.int(y, "y"),
         );
-        return Objects.made(found, orvel_widget, "orvel_widget_destroy", Objects.keep(canvas, orvel_canvas, "canvas"), theme_kept);
+        return Objects.made(
+            found,
+            orvel_widget,
+            "orvel_widget_destroy",
+            Objects.keep(canvas, orvel_canvas, "canvas"),
+            theme_kept,
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -1717,7 +1883,13 @@ export function orvel_widget_statusbar(
             Pass.int(w, "w"),
             Pass.int(h, "h"),
         );
-        return Objects.made(found, orvel_widget, "orvel_widget_destroy", Objects.keep(canvas, orvel_canvas, "canvas"), theme_kept);
+        return Objects.made(
+            found,
+            orvel_widget,
+            "orvel_widget_destroy",
+            Objects.keep(canvas, orvel_canvas, "canvas"),
+            theme_kept,
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -1842,7 +2014,10 @@ export function orvel_widget_draw(widget: orvel_widget | null): void {
  * It cannot be stopped; on Linux it is heard to its end even when the host has exited. Raises
  * std::bad_alloc.
  *
- * @returns 0 when the system took the sound; -1 for null, a file that does not open, or a file that the system refuses. On Linux also for what is no regular file, when a library is not installed, when the server refuses or does not answer, and always in a child process forked after a first sound.
+ * @returns 0 when the system took the sound; -1 for null, a file that does not open, or a file
+ *     that the system refuses. On Linux also for what is no regular file, when a library is
+ *     not installed, when the server refuses or does not answer, and always in a child process
+ *     forked after a first sound.
  */
 export function orvel_play_sound(name: Text): number {
     const mark = Room.enter();
@@ -1862,7 +2037,8 @@ export function orvel_play_sound(name: Text): number {
  * standard error stream. The old music stops even when the new file is missing. Raises
  * std::bad_alloc.
  *
- * @returns 0 when the player process was started, whether or not it can play the file; -1 for null (the music goes on), a file that does not open, or when no process can be started.
+ * @returns 0 when the player process was started, whether or not it can play the file; -1 for
+ *     null (the music goes on), a file that does not open, or when no process can be started.
  */
 export function orvel_play_music(name: Text): number {
     const mark = Room.enter();
@@ -1905,7 +2081,8 @@ export function orvel_stop_music(): void {
  *
  * @param frequency_hz in hertz, above 0.
  * @param duration_ms in milliseconds, at least 1.
- * @returns 0 when the player process was started; -1 for arguments out of range or when no process can be started.
+ * @returns 0 when the player process was started; -1 for arguments out of range or when no
+ *     process can be started.
  */
 export function orvel_play_tone(frequency_hz: number, duration_ms: number): number {
     const mark = Room.enter();
@@ -1941,11 +2118,10 @@ export interface kit_box {
 
 function put_kit_box(at: number, from: Given<kit_box>): void {
     Pass.record(from, "a kit_box");
-    Room.bytes.fill(0, at, at + 16);
-    if (from.x !== undefined) Room.view.setInt32(at + 0, Pass.int(from.x, "kit_box.x"), true);
-    if (from.y !== undefined) Room.view.setInt32(at + 4, Pass.int(from.y, "kit_box.y"), true);
-    if (from.w !== undefined) Room.view.setInt32(at + 8, Pass.int(from.w, "kit_box.w"), true);
-    if (from.h !== undefined) Room.view.setInt32(at + 12, Pass.int(from.h, "kit_box.h"), true);
+    Room.view.setInt32(at + 0, Pass.int(from.x ?? 0, "kit_box.x"), true);
+    Room.view.setInt32(at + 4, Pass.int(from.y ?? 0, "kit_box.y"), true);
+    Room.view.setInt32(at + 8, Pass.int(from.w ?? 0, "kit_box.w"), true);
+    Room.view.setInt32(at + 12, Pass.int(from.h ?? 0, "kit_box.h"), true);
 }
 
 function get_kit_box(at: number): kit_box {
@@ -1976,14 +2152,14 @@ export interface kit_format {
 function put_kit_format(at: number, from: Given<kit_format>): void {
     Pass.record(from, "a kit_format");
     Room.bytes.fill(0, at, at + 44);
-    if (from.layout !== undefined) Room.view.setInt32(at + 0, Pass.int(from.layout, "kit_format.layout"), true);
-    if (from.dither !== undefined) Room.view.setInt32(at + 4, Pass.int(from.dither, "kit_format.dither"), true);
-    if (from.turns !== undefined) Room.view.setInt32(at + 8, Pass.int(from.turns, "kit_format.turns"), true);
+    Room.view.setInt32(at + 0, Pass.int(from.layout ?? 0, "kit_format.layout"), true);
+    Room.view.setInt32(at + 4, Pass.int(from.dither ?? 0, "kit_format.dither"), true);
+    Room.view.setInt32(at + 8, Pass.int(from.turns ?? 0, "kit_format.turns"), true);
     const [palette, palette_count] = Pass.records(from.palette, "kit_format.palette", 4, put_orvel_color);
     Room.view.setUint32(at + 16, palette, true);
     Room.view.setUint32(at + 12, palette_count, true);
-    if (from.plane !== undefined) Room.view.setInt32(at + 20, Pass.int(from.plane, "kit_format.plane"), true);
-    if (from.keep_alpha !== undefined) Room.view.setInt32(at + 24, Pass.int(from.keep_alpha, "kit_format.keep_alpha"), true);
+    Room.view.setInt32(at + 20, Pass.int(from.plane ?? 0, "kit_format.plane"), true);
+    Room.view.setInt32(at + 24, Pass.int(from.keep_alpha ?? 0, "kit_format.keep_alpha"), true);
 }
 
 /**
@@ -2026,21 +2202,21 @@ export interface kit_widget {
 function put_kit_widget(at: number, from: Given<kit_widget>): void {
     Pass.record(from, "a kit_widget");
     Room.bytes.fill(0, at, at + 96);
-    if (from.kind !== undefined) Room.view.setInt32(at + 0, Pass.int(from.kind, "kit_widget.kind"), true);
-    if (from.box !== undefined) put_kit_box(at + 4, from.box);
+    Room.view.setInt32(at + 0, Pass.int(from.kind ?? 0, "kit_widget.kind"), true);
+    put_kit_box(at + 4, from.box ?? NONE);
     Room.view.setUint32(at + 20, Pass.text(from.text, "kit_widget.text"), true);
     Room.view.setUint32(at + 24, Pass.text(from.hint, "kit_widget.hint"), true);
     Room.view.setUint32(at + 28, Pass.text(from.icon, "kit_widget.icon"), true);
     Room.view.setUint32(at + 32, Objects.object(from.face, kit_face, "kit_widget.face"), true);
-    if (from.state !== undefined) Room.view.setUint32(at + 36, Pass.unsigned(from.state, "kit_widget.state"), true);
-    if (from.amount !== undefined) Room.view.setInt32(at + 40, Pass.int(from.amount, "kit_widget.amount"), true);
-    if (from.value !== undefined) Room.view.setFloat64(at + 48, Pass.real(from.value, "kit_widget.value"), true);
+    Room.view.setUint32(at + 36, Pass.unsigned(from.state ?? 0, "kit_widget.state"), true);
+    Room.view.setInt32(at + 40, Pass.int(from.amount ?? 0, "kit_widget.amount"), true);
+    Room.view.setFloat64(at + 48, Pass.real(from.value ?? 0, "kit_widget.value"), true);
     const [data, data_count] = Pass.reals(from.data, "kit_widget.data");
     Room.view.setUint32(at + 56, data, true);
     Room.view.setUint32(at + 60, data_count, true);
-    if (from.caret !== undefined) Room.view.setInt32(at + 64, Pass.int(from.caret, "kit_widget.caret"), true);
-    if (from.anchor !== undefined) Room.view.setInt32(at + 68, Pass.int(from.anchor, "kit_widget.anchor"), true);
-    if (from.scroll !== undefined) Room.view.setInt32(at + 72, Pass.int(from.scroll, "kit_widget.scroll"), true);
+    Room.view.setInt32(at + 64, Pass.int(from.caret ?? 0, "kit_widget.caret"), true);
+    Room.view.setInt32(at + 68, Pass.int(from.anchor ?? 0, "kit_widget.anchor"), true);
+    Room.view.setInt32(at + 72, Pass.int(from.scroll ?? 0, "kit_widget.scroll"), true);
 }
 
 /** One row of values. */
@@ -2059,7 +2235,7 @@ function put_kit_series(at: number, from: Given<kit_series>): void {
     const [values, values_count] = Pass.reals(from.values, "kit_series.values");
     Room.view.setUint32(at + 0, values, true);
     Room.view.setUint32(at + 4, values_count, true);
-    if (from.color !== undefined) put_orvel_color(at + 8, from.color);
+    put_orvel_color(at + 8, from.color ?? NONE);
     Room.view.setUint32(at + 12, Pass.text(from.name, "kit_series.name"), true);
 }
 
@@ -2090,15 +2266,15 @@ export interface kit_chart {
 function put_kit_chart(at: number, from: Given<kit_chart>): void {
     Pass.record(from, "a kit_chart");
     Room.bytes.fill(0, at, at + 88);
-    if (from.kind !== undefined) Room.view.setInt32(at + 0, Pass.int(from.kind, "kit_chart.kind"), true);
-    if (from.box !== undefined) put_kit_box(at + 4, from.box);
+    Room.view.setInt32(at + 0, Pass.int(from.kind ?? 0, "kit_chart.kind"), true);
+    put_kit_box(at + 4, from.box ?? NONE);
     const [series, series_count] = Pass.records(from.series, "kit_chart.series", 24, put_kit_series);
     Room.view.setUint32(at + 20, series, true);
     Room.view.setUint32(at + 24, series_count, true);
-    if (from.low !== undefined) Room.view.setFloat64(at + 32, Pass.real(from.low, "kit_chart.low"), true);
-    if (from.high !== undefined) Room.view.setFloat64(at + 40, Pass.real(from.high, "kit_chart.high"), true);
-    if (from.parts !== undefined) Room.view.setUint32(at + 48, Pass.unsigned(from.parts, "kit_chart.parts"), true);
-    if (from.decimals !== undefined) Room.view.setInt32(at + 52, Pass.int(from.decimals, "kit_chart.decimals"), true);
+    Room.view.setFloat64(at + 32, Pass.real(from.low ?? 0, "kit_chart.low"), true);
+    Room.view.setFloat64(at + 40, Pass.real(from.high ?? 0, "kit_chart.high"), true);
+    Room.view.setUint32(at + 48, Pass.unsigned(from.parts ?? 0, "kit_chart.parts"), true);
+    Room.view.setInt32(at + 52, Pass.int(from.decimals ?? 0, "kit_chart.decimals"), true);
     Room.view.setUint32(at + 56, Pass.text(from.unit, "kit_chart.unit"), true);
     Room.view.setUint32(at + 60, Pass.text(from.labels, "kit_chart.labels"), true);
     Room.view.setUint32(at + 64, Objects.object(from.face, kit_face, "kit_chart.face"), true);
@@ -2446,7 +2622,8 @@ export function kit_stamp(
  * left corner that the canvas has.
  *
  * @param size in pixels.
- * @returns 0; -1 for null, an unknown name, a size below 1 or above 16384, and where memory runs out, which all draw nothing.
+ * @returns 0; -1 for null, an unknown name, a size below 1 or above 16384, and where memory
+ *     runs out, which all draw nothing.
  */
 export function kit_icon(
     canvas: orvel_canvas | null,
@@ -2480,7 +2657,8 @@ export function kit_icon(
  * hand both to kit_clip_end(). No pixel outside the box changes.
  *
  * @param box changed; null is refused.
- * @returns the caller's, for orvel_canvas_destroy() or kit_clip_end(); null when nothing of the box is on the canvas or memory runs out, which leave the box as it was.
+ * @returns the caller's, for orvel_canvas_destroy() or kit_clip_end(); null when nothing of
+ *     the box is on the canvas or memory runs out, which leave the box as it was.
  */
 export function kit_clip_begin(
     canvas: orvel_canvas | null,
@@ -2559,7 +2737,9 @@ export function kit_pixels_stride(format: Given<kit_format> | null, width: numbe
  *
  * @param box borrowed; may be null, which is all of the canvas.
  * @param to written, `size` of its bytes; null is refused.
- * @returns 0; -1 for null, a box that is empty or not wholly on the canvas, what is no format, a stride shorter than a row, a memory of `size` bytes too small for the rows (the last one ends where its pixels do), and where memory runs out.
+ * @returns 0; -1 for null, a box that is empty or not wholly on the canvas, what is no format,
+ *     a stride shorter than a row, a memory of `size` bytes too small for the rows (the last
+ *     one ends where its pixels do), and where memory runs out.
  */
 export function kit_pixels(
     canvas: orvel_canvas | null,
@@ -2784,7 +2964,8 @@ export function kit_face_named(name: Text): kit_face | null {
  *    is no U+FFFD, the letter of the property DEFAULT_CHAR stands for it.
  *  - Sides, offsets and advances have at most 4096 pixels; no letter goes back to the left.
  *
- * @returns the caller's, for kit_face_close(); null, and the reason as "PATH:LINE: what is wrong", when it is refused.
+ * @returns the caller's, for kit_face_close(); null, and the reason as "PATH:LINE: what is
+ *     wrong", when it is refused.
  */
 export function kit_face_open(path: Text): kit_face | null {
     const mark = Room.enter();
@@ -2834,7 +3015,8 @@ export function kit_face_read(bytes: Text): kit_face | null {
  *
  * @param first kept until the new one is closed; null is refused.
  * @param second kept until the new one is closed; null is refused.
- * @returns the caller's, for kit_face_close(); null for null, too many, or when memory runs out.
+ * @returns the caller's, for kit_face_close(); null for null, too many, or when memory runs
+ *     out.
  */
 export function kit_face_fallback(
     first: kit_face | null,
@@ -2846,7 +3028,13 @@ export function kit_face_fallback(
             Objects.object(first, kit_face, "first"),
             Objects.object(second, kit_face, "second"),
         );
-        return Objects.made(found, kit_face, "kit_face_close", Objects.keep(first, kit_face, "first"), Objects.keep(second, kit_face, "second"));
+        return Objects.made(
+            found,
+            kit_face,
+            "kit_face_close",
+            Objects.keep(first, kit_face, "first"),
+            Objects.keep(second, kit_face, "second"),
+        );
     } catch (reason) {
         throw Room.refused(reason);
     } finally {
@@ -3112,7 +3300,10 @@ export function kit_text_missing(face: kit_face | null, text: Text): number {
  * face (bands, bubbles, boxes beside words) or more room than it uses (sliders, stars), it is drawn
  * as large as the face or the box. Nothing is painted outside the box.
  *
- * @returns 0, also where nothing of the box is on the canvas; -1 for null, an unknown kind, a negative size, an icon or image that cannot be drawn (off the canvas that is told only of an image whose own size counts), and where memory runs out: what was drawn by then stays.
+ * @returns 0, also where nothing of the box is on the canvas; -1 for null, an unknown kind, a
+ *     negative size, an icon or image that cannot be drawn (off the canvas that is told only
+ *     of an image whose own size counts), and where memory runs out: what was drawn by then
+ *     stays.
  */
 export function kit_draw(
     canvas: orvel_canvas | null,
@@ -3165,7 +3356,8 @@ export function kit_size(widget: Given<kit_widget> | null, w: Out, h: Out): numb
  *
  * @param room written: the box that the words show in; may be null.
  * @param caret written: that of the caret, empty where there is none; may be null.
- * @returns the width in pixels of what of the text lies to the left of the room, 0 without focus; -1 for null, another kind and a negative size, which have empty boxes.
+ * @returns the width in pixels of what of the text lies to the left of the room, 0 without
+ *     focus; -1 for null, another kind and a negative size, which have empty boxes.
  */
 export function kit_field(
     widget: Given<kit_widget> | null,
@@ -3195,7 +3387,11 @@ export function kit_field(
  * Draws a chart in the theme's colours. Numbers and labels are whole or left out; an ellipsis ends
  * names that are too long, and stands for a gauge's number that has no room even without its unit.
  *
- * @returns 0, also where there are no values to show, and where the box leaves them no room or lies off the canvas; -1 for null, an array only where its count is above 0, an unknown kind, a count below 0, more than 32 series, a box with a side below 0 or above 32767, a range that is upside down or whose ends or width are not finite, and where memory runs out.
+ * @returns 0, also where there are no values to show, and where the box leaves them no room or
+ *     lies off the canvas; -1 for null, an array only where its count is above 0, an unknown
+ *     kind, a count below 0, more than 32 series, a box with a side below 0 or above 32767, a
+ *     range that is upside down or whose ends or width are not finite, and where memory runs
+ *     out.
  */
 export function kit_chart_draw(
     canvas: orvel_canvas | null,
@@ -3252,16 +3448,16 @@ export interface kit_screen_event {
 function put_kit_screen_event(at: number, from: Given<kit_screen_event>): void {
     Pass.record(from, "a kit_screen_event");
     Room.bytes.fill(0, at, at + 56);
-    if (from.kind !== undefined) Room.view.setInt32(at + 0, Pass.int(from.kind, "kit_screen_event.kind"), true);
-    if (from.x !== undefined) Room.view.setInt32(at + 4, Pass.int(from.x, "kit_screen_event.x"), true);
-    if (from.y !== undefined) Room.view.setInt32(at + 8, Pass.int(from.y, "kit_screen_event.y"), true);
-    if (from.dx !== undefined) Room.view.setInt32(at + 12, Pass.int(from.dx, "kit_screen_event.dx"), true);
-    if (from.dy !== undefined) Room.view.setInt32(at + 16, Pass.int(from.dy, "kit_screen_event.dy"), true);
-    if (from.button !== undefined) Room.view.setInt32(at + 20, Pass.int(from.button, "kit_screen_event.button"), true);
-    if (from.key !== undefined) Room.view.setInt32(at + 24, Pass.int(from.key, "kit_screen_event.key"), true);
-    if (from.modifiers !== undefined) Room.view.setUint32(at + 28, Pass.unsigned(from.modifiers, "kit_screen_event.modifiers"), true);
+    Room.view.setInt32(at + 0, Pass.int(from.kind ?? 0, "kit_screen_event.kind"), true);
+    Room.view.setInt32(at + 4, Pass.int(from.x ?? 0, "kit_screen_event.x"), true);
+    Room.view.setInt32(at + 8, Pass.int(from.y ?? 0, "kit_screen_event.y"), true);
+    Room.view.setInt32(at + 12, Pass.int(from.dx ?? 0, "kit_screen_event.dx"), true);
+    Room.view.setInt32(at + 16, Pass.int(from.dy ?? 0, "kit_screen_event.dy"), true);
+    Room.view.setInt32(at + 20, Pass.int(from.button ?? 0, "kit_screen_event.button"), true);
+    Room.view.setInt32(at + 24, Pass.int(from.key ?? 0, "kit_screen_event.key"), true);
+    Room.view.setUint32(at + 28, Pass.unsigned(from.modifiers ?? 0, "kit_screen_event.modifiers"), true);
     Room.view.setUint32(at + 32, Pass.text(from.text, "kit_screen_event.text"), true);
-    if (from.caret !== undefined) Room.view.setInt32(at + 36, Pass.int(from.caret, "kit_screen_event.caret"), true);
+    Room.view.setInt32(at + 36, Pass.int(from.caret ?? 0, "kit_screen_event.caret"), true);
 }
 
 function get_kit_screen_event(at: number): kit_screen_event {
@@ -3294,7 +3490,7 @@ export interface kit_change {
 function put_kit_change(at: number, from: Given<kit_change>): void {
     Pass.record(from, "a kit_change");
     Room.bytes.fill(0, at, at + 32);
-    if (from.kind !== undefined) Room.view.setInt32(at + 0, Pass.int(from.kind, "kit_change.kind"), true);
+    Room.view.setInt32(at + 0, Pass.int(from.kind ?? 0, "kit_change.kind"), true);
     Room.view.setUint32(at + 4, Pass.text(from.id, "kit_change.id"), true);
     Room.view.setUint32(at + 8, Pass.text(from.name, "kit_change.name"), true);
     Room.view.setUint32(at + 12, Pass.text(from.value, "kit_change.value"), true);
@@ -3429,7 +3625,8 @@ export function kit_screen_version(): string | null {
  * Opens a scene file. Includes are files in its folder or below; links and FIFOs are followed and
  * not waited for.
  *
- * @param data the data that the screen shows, a JSON object; borrowed; may be null, which is the file's "sample".
+ * @param data the data that the screen shows, a JSON object; borrowed; may be null, which is
+ *     the file's "sample".
  * @param host borrowed; may be null; what it holds is kept until the screen is closed.
  * @returns the caller's, for kit_screen_close(); null, and the reason, when it is refused.
  */
@@ -3673,7 +3870,8 @@ export function kit_screen_remove(screen: kit_screen | null, id: Text): number {
 /**
  * Sets the key `key` ("text", "width", ...) of a node.
  *
- * @param id borrowed; may be null, which is the scene itself, whose "theme" and "face" can be set.
+ * @param id borrowed; may be null, which is the scene itself, whose "theme" and "face" can be
+ *     set.
  * @param json borrowed; may be null, which removes the key.
  */
 export function kit_screen_change(
@@ -3712,7 +3910,8 @@ export function kit_screen_change(
  * Draws what changed since the last time: on the first call everything. The canvas must show what
  * was last drawn; kit_screen_expose() says where it does not.
  *
- * @param dirty written: the smallest rectangle that holds all that was drawn, empty when nothing had to be; may be null. Outside it no pixel changes.
+ * @param dirty written: the smallest rectangle that holds all that was drawn, empty when
+ *     nothing had to be; may be null. Outside it no pixel changes.
  * @returns 0; -1 for null, and where memory runs out, where the next call draws it again.
  */
 export function kit_screen_draw(
@@ -3762,7 +3961,8 @@ export function kit_screen_expose(screen: kit_screen | null, box: Given<kit_box>
  *
  * @param event borrowed; null is refused.
  * @param now_ms in milliseconds.
- * @returns 0; -1 for null, an unknown kind, and where memory runs out, where the event had no effect at all.
+ * @returns 0; -1 for null, an unknown kind, and where memory runs out, where the event had no
+ *     effect at all.
  */
 export function kit_screen_send(
     screen: kit_screen | null,
@@ -3822,7 +4022,8 @@ export function kit_screen_next(
  * its events no longer, and then sends KIT_EVENT_TIME.
  *
  * @param now_ms in milliseconds.
- * @returns in milliseconds from now, 0 when it already does; -1 where it does not, and for null.
+ * @returns in milliseconds from now, 0 when it already does; -1 where it does not, and for
+ *     null.
  */
 export function kit_screen_wait(screen: kit_screen | null, now_ms: number): number {
     const mark = Room.enter();
@@ -3949,7 +4150,8 @@ export function kit_screen_describe(screen: kit_screen | null): string | null {
  *  - key: a shortcut that another control has, too, of which the first one counts;
  *  - unknown: a picture or an image that there is not.
  *
- * @returns borrowed until the next call, empty when there is nothing; null for null and where memory runs out.
+ * @returns borrowed until the next call, empty when there is nothing; null for null and where
+ *     memory runs out.
  */
 export function kit_screen_report(screen: kit_screen | null): string | null {
     const mark = Room.enter();
@@ -3971,8 +4173,10 @@ export function kit_screen_report(screen: kit_screen | null): string | null {
  * As kit_screen_report(), of the screen on a panel: contrast is that of the nearest colours that it
  * has, and where few are dithered, words in a mixed one become dots.
  *
- * @param panel borrowed, its plane and turns without a say; may be null, which has every colour.
- * @returns borrowed until the next call; null for null, for what is no format, and where memory runs out.
+ * @param panel borrowed, its plane and turns without a say; may be null, which has every
+ *     colour.
+ * @returns borrowed until the next call; null for null, for what is no format, and where
+ *     memory runs out.
  */
 export function kit_screen_report_on(
     screen: kit_screen | null,

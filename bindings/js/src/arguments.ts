@@ -138,7 +138,7 @@ export function room(value: unknown, what: string, size: number): number {
     return address;
 }
 
-/** Memory that the call writes: its address here, and how many bytes. What is there comes along. */
+/** Memory that the call writes: its address here, and how many bytes. It brings what it has. */
 export function memory(value: Memory, what: string): [number, number] {
     if (value === null || value === undefined) return [0, 0];
     if (!(value instanceof Uint8Array || value instanceof Uint8ClampedArray)) {

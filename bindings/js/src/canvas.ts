@@ -34,7 +34,8 @@ export interface Themed {
 
 function alignOf(name: Align): number {
     if (!Object.hasOwn(ALIGNS, name)) {
-        throw new RangeError(`there is no alignment "${String(name)}"; there are left, center, right`);
+        throw new RangeError(`there is no alignment "${String(name)}"; ` +
+                             "there are left, center, right");
     }
     return ALIGNS[name];
 }
@@ -75,7 +76,7 @@ export class Canvas extends Owner<api.orvel_canvas> {
         const canvas = new Canvas(width, height, null, parts);
         if (!ArrayBuffer.isView(rgba) || rgba.length !== 4 * width * height) {
             canvas.free();
-            throw new RangeError(`${kindOf(rgba)} is not ${width} x ${height} pixels of four bytes`);
+            throw new RangeError(`${kindOf(rgba)} is not ${width} x ${height} pixels of 4 bytes`);
         }
         put(canvas.handle, width, height, rgba);
         return canvas;
@@ -200,7 +201,7 @@ export class Canvas extends Owner<api.orvel_canvas> {
     /** The BMP file of the folder "Icons" of the resources, at its own size. */
     bitmap(name: string, x: number, y: number): void {
         if (api.kit_bitmap(this.handle, name, x, y) !== 0) {
-            throw new OrvelError(`the bitmap "${name}" of the resource folder Icons cannot be drawn`);
+            throw new OrvelError(`the bitmap "${name}" of the folder Icons cannot be drawn`);
         }
     }
 

@@ -126,20 +126,22 @@ export class Theme {
         if (value === "dark") return Theme.dark();
         if (value === "light") return Theme.light();
         if (typeof value === "string") {
-            throw new RangeError(`there is no theme "${String(value)}": dark, light, or Theme.read()`);
+            throw new RangeError(`there is no theme "${String(value)}": dark, light, ` +
+                                 "or Theme.read()");
         }
         throw new TypeError(`a theme is a Theme or a name, not ${kindOf(value)}`);
     }
 
-    /** Reads a theme file: JSON with the nine colours as "#rrggbb". Reasons begin with the name. */
+    /** Reads a theme file: JSON with nine colours as "#rrggbb". Reasons begin with the name. */
     static read(text: string | Uint8Array, name = "theme"): Theme {
         const found = parsed(text, name);
         const theme = new Theme();
         for (const role of ROLES) {
             const value = found[role];
             if (typeof value !== "string" || !/^#[0-9a-f]{6}$/i.test(value)) {
-                throw new OrvelError(`${name}: ${role}: found ${JSON.stringify(value) ?? "nothing"}, ` +
-                                     `expected a colour like "#1e66f5"`);
+                const told = JSON.stringify(value) ?? "nothing";
+                throw new OrvelError(`${name}: ${role}: found ${told}, expected a colour like ` +
+                                     '"#1e66f5"');
             }
             theme[role] = value;
         }
@@ -158,7 +160,7 @@ export class Theme {
     /** Writes the file of the folder "UI" of the resources. */
     save(name: string): void {
         if (api.kit_theme_save(this.record, name) !== 0) {
-            throw new OrvelError(`the theme "${name}" cannot be written to the resource folder UI`);
+            throw new OrvelError(`the theme "${name}" cannot be written to the folder UI`);
         }
     }
 

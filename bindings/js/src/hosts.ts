@@ -51,7 +51,9 @@ export class Lender implements Kept {
     private used = false;
 
     constructor(private readonly host: Asked) {
-        if (typeof host !== "object") throw new TypeError(`a host is an object, not ${typeof host}`);
+        if (typeof host !== "object") {
+            throw new TypeError(`a host is an object, not ${typeof host}`);
+        }
         for (const name of FUNCTIONS) {
             const given = host[name];
             if (given !== undefined && given !== null && typeof given !== "function") {
@@ -135,8 +137,10 @@ function ask(self: number, run: (lender: Lender) => number): number {
 
 /** What the module imports. */
 export const hostCalls = {
-    orvel_js_picture: (self: number, name: number) => ask(self, (of) => of.object("picture", textAt(name))),
-    orvel_js_face: (self: number, name: number) => ask(self, (of) => of.object("face", textAt(name))),
+    orvel_js_picture: (self: number, name: number) =>
+        ask(self, (of) => of.object("picture", textAt(name))),
+    orvel_js_face: (self: number, name: number) =>
+        ask(self, (of) => of.object("face", textAt(name))),
     orvel_js_theme: (self: number, name: number) => ask(self, (of) => of.theme(textAt(name))),
     orvel_js_include: (self: number, name: number, length: number) =>
         ask(self, (of) => of.include(textAt(name), length)),

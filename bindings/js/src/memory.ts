@@ -70,7 +70,7 @@ export function allocate(size: number): number {
     return address;
 }
 
-/** Runs what the library calls in JavaScript; nothing that it throws may pass through the library. */
+/** Runs what the library calls in JavaScript; what it throws may not pass through the library. */
 export function outside<T>(run: () => T, otherwise: T, failed: (reason: unknown) => void): T {
     const before = stack;
     stack = wasm.stackSave!();

@@ -1,5 +1,5 @@
-// The module of WebAssembly, deflated, as the bundler lays it into the text.
+// The module of WebAssembly, deflated and in base64, as the bundler lays it into the text.
 declare module "*.deflate" {
-    const bytes: Uint8Array;
-    export default bytes;
+    const text: string;
+    export default text;
 }

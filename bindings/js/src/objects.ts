@@ -18,7 +18,8 @@ export class Cell implements Kept {
     private free = false;
 
     /** Without @p release it is the library's own, and stays. */
-    constructor(readonly address: number, readonly release: ((address: number) => void) | undefined,
+    constructor(readonly address: number,
+                readonly release: ((address: number) => void) | undefined,
                 readonly kept: readonly Kept[]) {
         for (const each of kept) each.enter();
     }

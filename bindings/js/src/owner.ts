@@ -11,7 +11,9 @@ export abstract class Owner<T extends Handle> {
 
     /** @internal */
     get handle(): T {
-        if (this.own === undefined || this.own.freed) throw new Freed(`the ${this.what} was freed`);
+        if (this.own === undefined || this.own.freed) {
+            throw new Freed(`the ${this.what} was freed`);
+        }
         return this.own;
     }
 

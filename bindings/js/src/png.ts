@@ -143,7 +143,7 @@ function undo(kind: number, row: Uint8Array, above: Uint8Array, step: number): v
         else if (kind === 2) row[i]! += b;
         else if (kind === 3) row[i]! += a + b >> 1;
         else if (kind === 4) {
-            const [fromA, fromB, fromC] = [Math.abs(b - c), Math.abs(a - c), Math.abs(a + b - 2 * c)];
+            const fromA = Math.abs(b - c), fromB = Math.abs(a - c), fromC = Math.abs(a + b - 2 * c);
             row[i]! += fromA <= fromB && fromA <= fromC ? a : fromB <= fromC ? b : c;
         }
     }
@@ -206,7 +206,7 @@ function inflated(packed: Uint8Array, size: number): Uint8Array {
     return found;
 }
 
-/** Reads a still picture of up to 8 bits a channel; throws OrvelError with the reason for others. */
+/** Reads a still picture of up to 8 bits a channel; for others, throws OrvelError and says why. */
 export function decode(data: Uint8Array, most = MOST_PIXELS): Pixels {
     const contents = contentsOf(data, most);
     const { width, height, depth, color } = contents.header;

@@ -11,12 +11,14 @@ export function setResourcePath(path: string): void {
 
 /** Plays a file of the folder "Sounds" once, without waiting. */
 export function playSound(name: string): void {
-    if (api.kit_play_sound(name) !== 0) throw new OrvelError(`the sound "${name}" cannot be played`);
+    const status = api.kit_play_sound(name);
+    if (status !== 0) throw new OrvelError(`the sound "${name}" cannot be played`);
 }
 
 /** Plays a file of the folder "Music", in place of any other. */
 export function playMusic(name: string): void {
-    if (api.kit_play_music(name) !== 0) throw new OrvelError(`the music "${name}" cannot be played`);
+    const status = api.kit_play_music(name);
+    if (status !== 0) throw new OrvelError(`the music "${name}" cannot be played`);
 }
 
 /** Ends the music. */

@@ -59,7 +59,8 @@ function json(value: unknown, what: string): string {
 
 /** Asks a map or a function, once for each name. */
 function asking<T, Out>(given: Named<T> | ((name: string) => T | null) | undefined,
-                        make: (found: T, name: string) => Out): ((name: string) => Out | null) | null {
+                        make: (found: T, name: string) => Out,
+                        ): ((name: string) => Out | null) | null {
     if (given === undefined || given === null) return null;
     if (typeof given !== "object" && typeof given !== "function") {
         throw new TypeError(`what a host has is a map or a function, not ${kindOf(given)}`);
@@ -112,9 +113,12 @@ export class Screen extends Owner<api.kit_screen> {
     /** A scene as text, bytes or an object; without data it shows the scene's own "sample". */
     constructor(scene: string | Uint8Array | object, data?: Json, parts: ScreenParts = {}) {
         super();
+        if (scene === null || (typeof scene !== "object" && typeof scene !== "string")) {
+            throw new TypeError(`a scene is a text, bytes or an object, not ${kindOf(scene)}`);
+        }
+        const host = parts.host === undefined ? null : askedOf(parts.host);
         const text = typeof scene === "string" || scene instanceof Uint8Array
             ? scene : json(scene, "a scene");
-        const host = parts.host === undefined ? null : askedOf(parts.host);
         const given = data === undefined || data === null ? null : json(data, "the data");
         this.own = api.kit_screen_read(text, parts.name ?? "scene", given, host)!;
     }
@@ -255,7 +259,7 @@ export class Screen extends Owner<api.kit_screen> {
 }
 
 function told(text: string | null): string {
-    if (text === null) throw new OutOfMemory("the memory is too small to tell what the screen shows");
+    if (text === null) throw new OutOfMemory("the memory is too small to tell what shows");
     return text;
 }
 

@@ -52,7 +52,7 @@ function sound(at: AudioContext, buffer: AudioBuffer): AudioBufferSourceNode {
     return source;
 }
 
-/** Plays a file of any kind that the browser reads, as soon as it is read; returns what ends it. */
+/** Plays a file of any kind that the browser reads, once it has; returns what ends it. */
 function decoded(file: Uint8Array): (() => void) | undefined {
     const at = audio();
     if (at === undefined) return undefined;

@@ -83,8 +83,8 @@ export interface WidgetParts {
     anchor?: number;
 }
 
-/** One widget: `new Widget("button", 20, 20, 96, 28, {text: "Größe"})`. A width or height of 0 is
- *  what size() says. Every part can be set later; it is looked at when the widget is drawn. */
+/** One widget: `new Widget("button", 20, 20, 96, 28, {text: "Größe"})`. A width or height of 0
+ *  is what size() says. Every part can be set later; it is looked at when the widget is drawn. */
 export class Widget {
     text: string | readonly string[] | null = null;
     hint: string | null = null;
@@ -143,8 +143,8 @@ export class Widget {
     draw(canvas: Canvas, theme?: ThemeLike): void {
         const colors = theme === undefined ? canvas.theme : Theme.of(theme);
         if (api.kit_draw(canvas.handle, colors.record, this.record()) !== 0) {
-            throw new OrvelError(`this ${this.kind} cannot be drawn: a negative size, an icon or ` +
-                                 "image that there is not, or too little memory");
+            throw new OrvelError(`this ${this.kind} cannot be drawn: a negative size, an icon ` +
+                                 "or image that there is not, or too little memory");
         }
     }
 }
@@ -217,9 +217,9 @@ export class Chart {
     draw(canvas: Canvas, theme?: ThemeLike): void {
         const colors = theme === undefined ? canvas.theme : Theme.of(theme);
         if (api.kit_chart_draw(canvas.handle, colors.record, this.record(colors)) !== 0) {
-            throw new OrvelError("this chart cannot be drawn: a box with a side below 0 or above " +
-                                 "32767, more than 32 series, a range that is upside down or not " +
-                                 "finite, or too little memory");
+            throw new OrvelError("this chart cannot be drawn: a box with a side below 0 or " +
+                                 "above 32767, more than 32 series, a range that is upside down " +
+                                 "or not finite, or too little memory");
         }
     }
 }

@@ -260,7 +260,7 @@ class Canvas(Owner):
 
     def png(self, level: int = 1) -> bytes:
         """A PNG file in memory; the level, 0 to 9, is that of zlib."""
-        if not -1 <= whole(level, "the level") <= 9:
+        if not 0 <= whole(level, "the level") <= 9:
             raise ValueError(f"the level of zlib is 0 to 9, not {level}")
         rows = _formats.write(self._handle, self._box(None), _RGBA, lead=1)
         return _png.encode(self.width, self.height, rows, level)

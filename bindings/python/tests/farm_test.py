@@ -69,18 +69,19 @@ def test_files_and_checksums_come_out_and_failures_are_told(tmp_path):
     jobs = [{"name": f"n{i}", "scene": "one.json", "data": {"t": str(i)}} for i in range(5)]
     jobs.append({"name": "bad", "scene": "one.json", "data": {"u": 1}})
     jobs.append({"name": "gone", "scene": "two.json", "data": {}})
+    jobs += [{"scene": "one.json", "data": {"t": "8"}}, "no job"]  # without a name
     (tmp_path / "jobs").write_text("".join(json.dumps(job) + "\n" for job in jobs))
     done = subprocess.run([sys.executable, str(FARM), str(tmp_path / "jobs"), "--scenes", str(scenes),
                            "--out", str(tmp_path / "out"), "--workers", "1", "--batch", "2"],
                           capture_output=True, text=True)
     assert done.returncode == 1
     assert "farm: bad: " in done.stderr and "farm: gone: " in done.stderr
-    assert "5 drawn, 2 failed" in done.stderr
+    assert "farm: line-9: " in done.stderr and "6 drawn, 3 failed" in done.stderr
     from orvelsdk import Canvas, Screen
 
     rows = dict(reversed(line.split("  "))
                 for line in (tmp_path / "out/checksums").read_text().splitlines())
-    assert sorted(rows) == [f"n{i}" for i in range(5)]
+    assert sorted(rows) == ["line-8"] + [f"n{i}" for i in range(5)]
     for i in range(5):
         expected = Screen.open(scenes / "one.json", {"t": str(i)}).render().checksum()
         assert rows[f"n{i}"] == expected == Canvas.open(tmp_path / f"out/n{i}.png").checksum()

@@ -81,7 +81,7 @@ def test_files_hold_the_pixels(tmp_path):
     for level in range(10):
         assert Image.open(io.BytesIO(painted().png(level))).tobytes() == painted().pixels()
     for bad in (lambda: canvas.save("a.jpeg"), lambda: canvas.save("a"), lambda: canvas.png(10),
-                lambda: canvas.save("a.png", format="gif")):
+                lambda: canvas.png(-1), lambda: canvas.save("a.png", format="gif")):
         with pytest.raises(ValueError):
             bad()
     for name in ("a.png", "a.bmp"):
