@@ -6,7 +6,7 @@ TARGET = "wasm32"
 # By type: what the view of memory reads and writes, the check, and its type in TypeScript.
 NUMBERS = {"int": ("Int32", "int"), "enum": ("Int32", "int"), "unsigned": ("Uint32", "unsigned"),
            "size": ("Uint32", "unsigned"), "double": ("Float64", "real"),
-           "wide": ("BigInt64", "wide")}
+           "int64": ("BigInt64", "wide")}
 LISTS = ("bytes", "memory")
 
 HEAD = """// The interfaces of OrvelSDK in C, for JavaScript.
@@ -143,7 +143,7 @@ def put_field(record, field, records):
 
 def covered(record, records):
     """Whether its fields take up every byte of it."""
-    sizes = {"byte": 1, "double": 8, "wide": 8}
+    sizes = {"byte": 1, "double": 8, "int64": 8}
     return record["size"][TARGET] == sum(
         records.size(field["of"]) if field["type"] == "record" else sizes.get(field["type"], 4)
         for field in fields_of(record))
@@ -172,7 +172,7 @@ def get_field(field):
     if kind == "text":
         return f"told(Room.view.getUint32({place}, true))"
     read = f"Room.view.get{NUMBERS[kind][0]}({place}, true)"
-    return f"Number({read})" if kind == "wide" else read
+    return f"Number({read})" if kind == "int64" else read
 
 
 def readable(record):
@@ -239,7 +239,7 @@ class Call:
             self.passed.append(f'Pass.text({name}, "{name}")')
         else:
             self.passed.append(f'Pass.{NUMBERS[kind][1]}({name}, "{name}")'
-                               + (" as unknown as number" if kind == "wide" else ""))
+                               + (" as unknown as number" if kind == "int64" else ""))
 
     def add_laid(self, argument, check):
         name, of = argument["name"], argument.get("of")
@@ -311,6 +311,8 @@ class Call:
             return "told(found)"
         if kind == "pointer":
             return f"list(found, Room.view.getInt32({result['length']}, true))"
+        if kind == "int64":
+            return "Number(found)"
         return "found >>> 0" if NUMBERS[kind][0] == "Uint32" else "found"
 
     def lines(self):
