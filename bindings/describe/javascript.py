@@ -143,7 +143,7 @@ def put_field(record, field, records):
 
 def covered(record, records):
     """Whether its fields take up every byte of it."""
-    sizes = {"byte": 1, "double": 8, "wide": 8}
+    sizes = {"byte": 1, "double": 8, "int64": 8}
     return record["size"][TARGET] == sum(
         records.size(field["of"]) if field["type"] == "record" else sizes.get(field["type"], 4)
         for field in fields_of(record))

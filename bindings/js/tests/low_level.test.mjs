@@ -14,12 +14,12 @@ const records = description.libraries.flatMap((library) => library.records);
 const NUMBERS = {
     int: [-(2 ** 31), -1, 0, 1, 7, 2 ** 31 - 1], unsigned: [0, 1, 2 ** 32 - 1],
     double: [0, -1, 0.5, NaN, Infinity, -1e308], size: [0, 1, 2 ** 32 - 1], enum: [-1, 0, 2 ** 31 - 1],
-    wide: [-(2 ** 53) + 1, -1, 0, 1, 2 ** 53 - 1],
+    int64: [-(2 ** 53) + 1, -1, 0, 1, 2 ** 53 - 1],
 };
 const WRONG = {
     int: [NaN, 0.5, 2 ** 31, "1", null, undefined, {}], enum: [NaN, 2 ** 31, "1", null],
     unsigned: [NaN, -1, 2 ** 32, "1", null], size: [NaN, -1, 2 ** 32, "1"], double: ["1", null, {}, 1n],
-    wide: [NaN, 0.5, 2 ** 53, "1", null], text: [1, {}, "a\0b", Uint8Array.of(0)], record: [null, 1, "a"],
+    int64: [NaN, 0.5, 2 ** 53, "1", null], text: [1, {}, "a\0b", Uint8Array.of(0)], record: [null, 1, "a"],
     object: [1, "a", {}, new (class {})()], pointer: [1, "a"], bytes: [1, {}], memory: [1, "a", [1]],
 };
 const TEXTS = ["", "a", "\ud800", Uint8Array.of(255, 254), "x".repeat(100_000)];
