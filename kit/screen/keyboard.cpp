@@ -283,6 +283,7 @@ void type(Turn& turn, std::string_view text) {
     } else if (i >= 0 && at(nodes, i).is_widget(ORVEL_WIDGET_LIST_ITEM)) {
         const std::vector<int> group = group_of(nodes, i);
         std::vector<std::string> items;
+        items.reserve(group.size());
         for (const int k : group) items.push_back(at(nodes, k).text);
         const int found = find_typed(live, text, items, place_in(group, i));
         const Typed typed = live.typed;  // which a new place would end

@@ -88,7 +88,7 @@ void rate(Turn& turn, const Node& control, int stars);
 /// To where the pointer has a slider's knob.
 void drag_knob(Turn& turn, const Node& control, int x);
 /// To a number, as it is written.
-void set_number(Turn& turn, const Node& control, const std::string& number);
+void set_number(Turn& turn, const Node& control, const std::string& text);
 
 /* The list of a dropdown. */
 
