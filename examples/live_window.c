@@ -52,7 +52,7 @@ static int handle(window* w, const SDL_Event* from) {
         to = pointer(from->type == SDL_MOUSEBUTTONDOWN ? KIT_EVENT_PRESS : KIT_EVENT_RELEASE,
                      from->button.x, from->button.y);
         to.button = from->button.button - SDL_BUTTON_LEFT;
-        to.modifiers = modifiers_of(SDL_GetModState());
+        to.modifiers = modifiers_of((int)SDL_GetModState());
         break;
     case SDL_MOUSEWHEEL:
         to = pointer(KIT_EVENT_WHEEL, w->x, w->y);
