@@ -3460,21 +3460,6 @@ function put_kit_screen_event(at: number, from: Given<kit_screen_event>): void {
     Room.view.setInt32(at + 36, Pass.int(from.caret ?? 0, "kit_screen_event.caret"), true);
 }
 
-function get_kit_screen_event(at: number): kit_screen_event {
-    return {
-        kind: Room.view.getInt32(at + 0, true),
-        x: Room.view.getInt32(at + 4, true),
-        y: Room.view.getInt32(at + 8, true),
-        dx: Room.view.getInt32(at + 12, true),
-        dy: Room.view.getInt32(at + 16, true),
-        button: Room.view.getInt32(at + 20, true),
-        key: Room.view.getInt32(at + 24, true),
-        modifiers: Room.view.getUint32(at + 28, true),
-        text: told(Room.view.getUint32(at + 32, true)),
-        caret: Room.view.getInt32(at + 36, true),
-    };
-}
-
 /** One change. The texts are borrowed until the next kit_screen_next() with this screen. */
 export interface kit_change {
     /** a kit_change_kind */
@@ -3485,15 +3470,6 @@ export interface kit_change {
     name: Text;
     /** JSON, "null" where there is none; borrowed; never null */
     value: Text;
-}
-
-function put_kit_change(at: number, from: Given<kit_change>): void {
-    Pass.record(from, "a kit_change");
-    Room.bytes.fill(0, at, at + 32);
-    Room.view.setInt32(at + 0, Pass.int(from.kind ?? 0, "kit_change.kind"), true);
-    Room.view.setUint32(at + 4, Pass.text(from.id, "kit_change.id"), true);
-    Room.view.setUint32(at + 8, Pass.text(from.name, "kit_change.name"), true);
-    Room.view.setUint32(at + 12, Pass.text(from.value, "kit_change.value"), true);
 }
 
 function get_kit_change(at: number): kit_change {
