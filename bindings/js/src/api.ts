@@ -2280,7 +2280,7 @@ function put_kit_chart(at: number, from: Given<kit_chart>): void {
     Room.view.setUint32(at + 64, Objects.object(from.face, kit_face, "kit_chart.face"), true);
 }
 
-export const KIT_VERSION = "0.1.0";
+export const KIT_VERSION = "0.2.0";
 /** four bytes, red first */
 export const KIT_RGBA = 0;
 /** four bytes, blue first */
@@ -3481,7 +3481,7 @@ function get_kit_change(at: number): kit_change {
     };
 }
 
-export const KIT_SCREEN_VERSION = "0.1.0";
+export const KIT_SCREEN_VERSION = "0.2.0";
 /** nothing but that time has passed */
 export const KIT_EVENT_TIME = 0;
 /** the pointer is at x, y */
