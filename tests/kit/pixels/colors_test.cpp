@@ -44,8 +44,6 @@ TEST(GreyTest, AGreyIsItselfWhateverItsAlpha) {
     }
 }
 
-TEST(KitVersionTest, IsThatOfTheHeader) {
-    EXPECT_STREQ(kit_version(), KIT_VERSION);
-}
+TEST(KitVersionTest, IsThatOfTheHeader) { EXPECT_STREQ(kit_version(), KIT_VERSION); }
 
 }  // namespace
