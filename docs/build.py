@@ -112,7 +112,7 @@ def main():
     step("making the site")
     shutil.rmtree(out / "theme", ignore_errors=True)
     shutil.copytree(SOURCES / "docs/theme", out / "theme")
-    version = (SOURCES / "include/orvel.h").read_text().split('#define ORVEL_VERSION "')[1].split('"')[0]
+    version = (SOURCES / "kit/include/orvel_kit.h").read_text().split('#define KIT_VERSION "')[1].split('"')[0]
     config = (SOURCES / "docs/mkdocs.yml").read_text(encoding="utf-8")
     (out / "mkdocs.yml").write_text(f'{config}extra:\n  version: "{version}"\n', encoding="utf-8")
     quiet(["mkdocs", "build", "--strict", "--clean", "--quiet", "-f", out / "mkdocs.yml"])

@@ -6,7 +6,7 @@
 
 #include "completion.h"
 #include "names.h"
-#include "orvel.h"
+#include "orvel_kit.h"
 
 namespace orvel_tools {
 namespace {
@@ -41,7 +41,7 @@ std::string in_one_line(const std::string& text) {
 CommandLine::CommandLine(const char* name, const char* about, const char* statuses)
     : app_(std::make_shared<CLI::App>(about, name)), shell_(std::make_shared<std::string>()) {
     app_->footer(std::string("Exit status: ") + statuses);
-    app_->set_version_flag("--version", ORVEL_VERSION, "Print the version and exit");
+    app_->set_version_flag("--version", KIT_VERSION, "Print the version and exit");
     app_->set_help_flag("-h,--help", "Print this help and exit");
     app_->add_option("--completion", *shell_,
                      "Print the completion script for bash, zsh or fish, and exit")

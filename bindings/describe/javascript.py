@@ -1,5 +1,6 @@
 """Writes the low level of JavaScript, in TypeScript: every name of the description, each call with
 its arguments checked and laid into the memory of WebAssembly."""
+import re
 import textwrap
 
 TARGET = "wasm32"
@@ -430,6 +431,15 @@ function list(address: number, count: number): string[] {
 """
 
 
+def used(text):
+    """@p text without the writers and readers of records that no call needs."""
+    def kept(match):
+        return match[0] if len(re.findall(rf"\b{match[1]}\b", text)) > 1 else ""
+
+    found = re.sub(r"\nfunction ((?:put|get)_\w+)\(.*?\n}\n", kept, text, flags=re.DOTALL)
+    return found if found == text else used(found)
+
+
 def low_level(description):
     """The text of api.ts."""
     records = Records(description)
@@ -437,6 +447,7 @@ def low_level(description):
     for library in description["libraries"]:
         text += "".join(library_text(library, records))
     size = records.size("orvel_theme")
-    return text + ("\nhostsLend({\n    picture: orvel_canvas,\n    face: kit_face,\n"
-                   f"    themeSize: {size},\n"
-                   '    putTheme: (at, theme) => put_orvel_theme(at, theme),\n});\n')
+    text += ("\nhostsLend({\n    picture: orvel_canvas,\n    face: kit_face,\n"
+             f"    themeSize: {size},\n"
+             "    putTheme: (at, theme) => put_orvel_theme(at, theme),\n});\n")
+    return used(text)

@@ -14,8 +14,8 @@ const sources = join(here, "../..");
 const require = createRequire(join(tools, "package.json"));
 const esbuild = require("esbuild");
 
-const header = readFileSync(join(sources, "include/orvel.h"), "utf8");
-const version = /^#define ORVEL_VERSION "(.*)"$/m.exec(header)[1];
+const header = readFileSync(join(sources, "kit/include/orvel_kit.h"), "utf8");
+const version = /^#define KIT_VERSION "(.*)"$/m.exec(header)[1];
 
 /** Where the bundler finds what is not beside the sources. */
 const places = {

@@ -38,7 +38,7 @@
 #include "orvel.h"
 
 /** The version of this header; kit_version() tells that of the library in use. */
-#define KIT_VERSION "0.1.0"
+#define KIT_VERSION "0.2.0"
 
 /* Behind each field of a record: with it, no C++ compiler asks for what is left out. A kit_box,
    which functions return, has none, or it would be no type of C to clang++: give all four numbers.

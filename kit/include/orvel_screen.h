@@ -27,7 +27,7 @@
 #include "orvel_kit.h"
 
 /** The version of this header; kit_screen_version() tells that of the library in use. */
-#define KIT_SCREEN_VERSION "0.1.0"
+#define KIT_SCREEN_VERSION "0.2.0"
 
 #ifdef __cplusplus
 extern "C" {

@@ -11,6 +11,6 @@ int main(void) {
     orvel_canvas_fill_rect(canvas, 3, 2, 5, 5, red);
     corner = orvel_canvas_pixel_get(canvas, 3, 2);
     orvel_canvas_destroy(canvas);
-    printf("%s\n", orvel_version());
+    printf("library %s\n", orvel_version());
     return corner.r != 255 || corner.g != 0 || strcmp(orvel_version(), ORVEL_VERSION) != 0;
 }

@@ -9,6 +9,6 @@ int main() {
     orvel_canvas_fill_rect(canvas, 3, 2, 5, 5, orvel_color{255, 0, 0, 255});
     const orvel_color corner = orvel_canvas_pixel_get(canvas, 3, 2);
     orvel_canvas_destroy(canvas);
-    std::printf("%s\n", orvel_version());
+    std::printf("library %s\n", orvel_version());
     return corner.r != 255 || corner.g != 0 || std::strcmp(orvel_version(), ORVEL_VERSION) != 0;
 }

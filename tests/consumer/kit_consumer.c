@@ -17,6 +17,6 @@ int main(void) {
         for (x = 0; x < 96; ++x) shown += orvel_canvas_pixel_get(canvas, x, y).r == 255;
     }
     orvel_canvas_destroy(canvas);
-    printf("%s\n", kit_version());
+    printf("release %s\n", kit_version());
     return shown < 20 || strcmp(kit_version(), KIT_VERSION) != 0;
 }

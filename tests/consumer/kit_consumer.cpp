@@ -16,6 +16,6 @@ int main() {
         for (int x = 0; x < 96; ++x) shown += orvel_canvas_pixel_get(canvas, x, y).r == 255;
     }
     orvel_canvas_destroy(canvas);
-    std::printf("%s\n", kit_version());
+    std::printf("release %s\n", kit_version());
     return status != 0 || shown < 20 || std::strcmp(kit_version(), KIT_VERSION) != 0;
 }

@@ -16,6 +16,6 @@ int main(void) {
     fputs(why, stderr);
     kit_screen_close(screen);
     orvel_canvas_destroy(canvas);
-    printf("%s\n", kit_screen_version());
+    printf("release %s\n", kit_screen_version());
     return status != 0 || corner.r != 255 || strcmp(kit_screen_version(), KIT_SCREEN_VERSION) != 0;
 }

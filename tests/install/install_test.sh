@@ -28,11 +28,18 @@ use_prefix() {  # PREFIX
     export PKG_CONFIG_PATH LD_LIBRARY_PATH DYLD_LIBRARY_PATH
 }
 
+version_of() {  # MACRO HEADER
+    sed -n "s/^#define $1 \"\(.*\)\"/\1/p" "$source_folder/$2"
+}
+
 run_consumer() {  # PROGRAM
     local version
     version=$("$1") || fail "$1 failed"
-    [ "$version" = "$(sed -n 's/^#define ORVEL_VERSION "\(.*\)"/\1/p' \
-        "$source_folder/include/orvel.h")" ] || fail "$1 uses version $version"
+    case $version in
+    "library $(version_of ORVEL_VERSION include/orvel.h)") ;;
+    "release $(version_of KIT_VERSION kit/include/orvel_kit.h)") ;;
+    *) fail "$1 uses version $version" ;;
+    esac
 }
 
 flags=(none)  # what pkg-config says; it quotes for the shell
@@ -96,7 +103,8 @@ pkg_config_from_c)
     cc -std=c99 -pedantic -Wall -Wextra -Werror "$consumer/consumer.c" -o consumer \
         $(pkg-config --cflags --libs orvelsdk)
     run_consumer ./consumer
-    [ "$(pkg-config --modversion orvelsdk)" = "$(./consumer)" ] || fail "the .pc file's version"
+    [ "$(pkg-config --modversion orvelsdk)" = "$(version_of KIT_VERSION kit/include/orvel_kit.h)" ] ||
+        fail "the .pc file's version"
     ;;
 pkg_config_from_cpp_in_a_moved_tree)
     moved_tree "$work/after"

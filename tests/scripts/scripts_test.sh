@@ -59,7 +59,7 @@ stand_in() {  # NAME [COMMANDS]
 # shellcheck disable=SC2016  # the stand-ins expand their own arguments
 small_checkout() {
     tree=$work/tree
-    mkdir -p "$tree/scripts" "$tree/packaging" "$tree/include"
+    mkdir -p "$tree/scripts" "$tree/packaging" "$tree/kit/include"
     cp "$source_folder/scripts/release" "$tree/scripts"
     cp "$source_folder/packaging/tidy_tarball" "$tree/packaging"
     printf '#!/bin/bash\necho package >"$3/orvelsdk.deb"\n' >"$tree/scripts/package"
@@ -73,7 +73,7 @@ small_checkout() {
     printf '#!/bin/bash\nmkdir -p build/docs/site && echo page >build/docs/site/index.html\n' >"$tree/scripts/docs"
     sed -i '2s/^/cd "$(dirname "$0")\/.." \&\& /' "$tree/scripts/docs"
     chmod +x "$tree/scripts/"* "$tree/packaging/"*
-    printf '#define ORVEL_VERSION "1.2.3"\n' >"$tree/include/orvel.h"
+    printf '#define KIT_VERSION "1.2.3"\n' >"$tree/kit/include/orvel_kit.h"
     printf '# Changelog\n\n## 1.2.3\n\n- New.\n\n## 1.2.2\n\n- Old.\n' >"$tree/CHANGELOG.md"
     echo /build/ >"$tree/.gitignore"
     git -C "$tree" init -q
@@ -122,10 +122,10 @@ release_made_twice_tells_the_file_that_differs)
     ;;
 release_is_made_of_a_commit_alone)
     small_checkout
-    echo more >>"$tree/include/orvel.h"
+    echo more >>"$tree/kit/include/orvel_kit.h"
     release "$work/dist"
     expect status "$status" 1
-    expect error "$error" "release: found changes without a commit, the first in include/orvel.h"
+    expect error "$error" "release: found changes without a commit, the first in kit/include/orvel_kit.h"
     rm -rf "$tree/.git"
     release "$work/dist"
     expect status "$status" 1

@@ -200,7 +200,7 @@ TEST_F(CompareTool, HelpAndVersionExitWith0) {
               std::string::npos);
     const Finished version = run({kCompare, "--version"});
     EXPECT_EQ(version.status, 0);
-    EXPECT_EQ(version.output, std::string(orvel_version()) + "\n");
+    EXPECT_EQ(version.output, KIT_VERSION "\n");
 }
 
 TEST_F(CompareTool, OutputThatIsLostIsAnError) {

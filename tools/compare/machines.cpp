@@ -3,7 +3,7 @@
 #include <cstdlib>
 
 #include "names.h"
-#include "orvel.h"
+#include "orvel_kit.h"
 
 namespace orvel_tools {
 namespace {
@@ -138,7 +138,7 @@ std::string junit(const Comparison& comparison) {
 
 std::string json(const Comparison& comparison) {
     Object all;
-    all.add("orvel_compare", 1).text("version", ORVEL_VERSION).add("status", comparison.status());
+    all.add("orvel_compare", 1).text("version", KIT_VERSION).add("status", comparison.status());
     all.path("expected", comparison.expected).path("actual", comparison.actual);
     for (const Outcome outcome : {Outcome::equal, Outcome::different, Outcome::missing,
                                   Outcome::unexpected, Outcome::unreadable}) {

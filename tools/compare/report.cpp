@@ -5,7 +5,7 @@
 #include <new>
 
 #include "names.h"
-#include "orvel.h"
+#include "orvel_kit.h"
 #include "png_file.h"
 #include "report_page.h"
 
@@ -83,7 +83,7 @@ private:
             escaped_markup(summary(comparison_)) +
             "</p>\n<p class=\"quiet\">Expected: " + shown(comparison_.expected) +
             ". Actual: " + shown(comparison_.actual) +
-            ". By orvel-compare " ORVEL_VERSION ".</p>\n";
+            ". By orvel-compare " KIT_VERSION ".</p>\n";
         for (const std::string& line : comparison_.trouble) {
             text_ += "<p><span class=\"state\">! trouble</span>" + escaped_markup(line) + "</p>\n";
         }

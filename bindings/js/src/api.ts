@@ -2280,7 +2280,7 @@ function put_kit_chart(at: number, from: Given<kit_chart>): void {
     Room.view.setUint32(at + 64, Objects.object(from.face, kit_face, "kit_chart.face"), true);
 }
 
-export const KIT_VERSION = "0.1.0";
+export const KIT_VERSION = "0.2.0";
 /** four bytes, red first */
 export const KIT_RGBA = 0;
 /** four bytes, blue first */
@@ -3460,21 +3460,6 @@ function put_kit_screen_event(at: number, from: Given<kit_screen_event>): void {
     Room.view.setInt32(at + 36, Pass.int(from.caret ?? 0, "kit_screen_event.caret"), true);
 }
 
-function get_kit_screen_event(at: number): kit_screen_event {
-    return {
-        kind: Room.view.getInt32(at + 0, true),
-        x: Room.view.getInt32(at + 4, true),
-        y: Room.view.getInt32(at + 8, true),
-        dx: Room.view.getInt32(at + 12, true),
-        dy: Room.view.getInt32(at + 16, true),
-        button: Room.view.getInt32(at + 20, true),
-        key: Room.view.getInt32(at + 24, true),
-        modifiers: Room.view.getUint32(at + 28, true),
-        text: told(Room.view.getUint32(at + 32, true)),
-        caret: Room.view.getInt32(at + 36, true),
-    };
-}
-
 /** One change. The texts are borrowed until the next kit_screen_next() with this screen. */
 export interface kit_change {
     /** a kit_change_kind */
@@ -3487,15 +3472,6 @@ export interface kit_change {
     value: Text;
 }
 
-function put_kit_change(at: number, from: Given<kit_change>): void {
-    Pass.record(from, "a kit_change");
-    Room.bytes.fill(0, at, at + 32);
-    Room.view.setInt32(at + 0, Pass.int(from.kind ?? 0, "kit_change.kind"), true);
-    Room.view.setUint32(at + 4, Pass.text(from.id, "kit_change.id"), true);
-    Room.view.setUint32(at + 8, Pass.text(from.name, "kit_change.name"), true);
-    Room.view.setUint32(at + 12, Pass.text(from.value, "kit_change.value"), true);
-}
-
 function get_kit_change(at: number): kit_change {
     return {
         kind: Room.view.getInt32(at + 0, true),
@@ -3505,7 +3481,7 @@ function get_kit_change(at: number): kit_change {
     };
 }
 
-export const KIT_SCREEN_VERSION = "0.1.0";
+export const KIT_SCREEN_VERSION = "0.2.0";
 /** nothing but that time has passed */
 export const KIT_EVENT_TIME = 0;
 /** the pointer is at x, y */

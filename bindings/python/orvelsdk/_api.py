@@ -674,7 +674,7 @@ class kit_chart(Structure):
                 ("reserved", c_void_p * 4)]
 
 
-KIT_VERSION = b"0.1.0"
+KIT_VERSION = b"0.2.0"
 KIT_RGBA = 0
 KIT_BGRA = 1
 KIT_RGB565_LE = 2
@@ -1053,7 +1053,7 @@ class kit_change(Structure):
                 ("reserved", c_void_p * 4)]
 
 
-KIT_SCREEN_VERSION = b"0.1.0"
+KIT_SCREEN_VERSION = b"0.2.0"
 KIT_EVENT_TIME = 0
 KIT_EVENT_MOVE = 1
 KIT_EVENT_PRESS = 2

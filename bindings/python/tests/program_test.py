@@ -132,7 +132,7 @@ def test_help_names_every_option_of_the_manual_page(run):
     assert len(options) > 15
     for option in options:
         assert f"-{option} " in told.replace("\n", " ").replace("]", " ") or option == "-completion", option
-    assert run("", "-m", "orvelsdk", "--version") == "0.1.0\n"
+    assert run("", "-m", "orvelsdk", "--version") == "0.2.0\n"
 
 
 def test_watch_draws_again_when_a_file_changes(folder):

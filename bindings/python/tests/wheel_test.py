@@ -49,7 +49,7 @@ def test_it_serves_an_empty_environment_without_network(wheel, tmp_path):
 
 def test_its_platform_has_every_version_that_it_needs(wheel, tmp_path):
     with zipfile.ZipFile(wheel) as file:
-        about = email.message_from_string(file.read("orvelsdk-0.1.0.dist-info/WHEEL").decode())
+        about = email.message_from_string(file.read("orvelsdk-0.2.0.dist-info/WHEEL").decode())
         file.extractall(tmp_path)
     tag = re.fullmatch(r"orvelsdk-0\.1\.0-(py3-none-manylinux_2_(\d+)_(\w+))\.whl", wheel.name)
     assert about["Tag"] == tag[1] and about["Root-Is-Purelib"] == "false"
@@ -80,6 +80,6 @@ def test_the_same_sources_make_the_same_bytes(wheel, tmp_path):
 
 def test_pytest_finds_the_fixture_by_it(wheel):
     with zipfile.ZipFile(wheel) as file:
-        points = file.read("orvelsdk-0.1.0.dist-info/entry_points.txt").decode()
+        points = file.read("orvelsdk-0.2.0.dist-info/entry_points.txt").decode()
         assert points == "[pytest11]\norvelsdk = orvelsdk.pytest_plugin\n"
         assert "orvelsdk/pytest_plugin.py" in file.namelist()
