@@ -362,4 +362,58 @@ TEST(ControlsTest, SharedValuesNeedBothKeys) {
               "scene:1:64: root: found \"on\" without effect beside \"value\"");
 }
 
+TEST(ControlsTest, NamesThatAreNotThereOrWereMadeAreNotBound) {
+    EXPECT_NE(refusal(scene(R"({"toggle": "${none}"})")), "");
+    char inner[] = R"({"orvel": 1, "root": {"column": [
+        {"toggle": "${made.x}", "id": "a", "height": 20},
+        {"toggle": "${list[0]}", "id": "b", "height": 20}]}})";
+    kit_screen_host host = {};
+    host.self = inner;
+    host.include = [](void* self, const char*, size_t* length) {
+        *length = std::strlen(static_cast<char*>(self));
+        return static_cast<const char*>(self);
+    };
+    Used used(scene(R"({"space": 1})"));
+    used.screen =
+        opened(scene(R"({"include": "part", "with": {"made": {"x": true}, "list": [false]}})",
+                     R"("size": [60, 40], )"),
+               nullptr, &host);
+    used.click(5, 10);
+    used.click(5, 30);
+    EXPECT_EQ(used.changes(), "value #a=false\nvalue #b=true\n");
+}
+
+TEST(ControlsTest, ASliderWithoutATrackDoesNotMove) {
+    const Used used(scene(R"({"row": [{"slider": "${a}", "id": "it", "width": 5}]})",
+                          R"("size": [60, 40], "sample": {"a": 0.5}, )"));
+    used.press(4, 20);
+    used.move(1, 20);
+    EXPECT_EQ(used.changes(), "");
+}
+
+TEST(ControlsTest, ShortcutsAreWrittenInOneWay) {
+    const auto said = [](const std::string& key) {
+        return refusal(scene(R"({"button": "A", "key": ")" + key + "\"}"));
+    };
+    for (const char* good : {"a", "space", "f12", "ctrl+alt+shift+enter", "shift++", "ä", "+"}) {
+        EXPECT_EQ(said(good), "") << good;
+    }
+    EXPECT_EQ(said("ctrl+S"),
+              "scene:1:45: root.key: found \"ctrl+S\", expected a key, as f5, ctrl+s or "
+              "ctrl+alt+shift+pageup");
+    for (const char* bad : {"", " ", "A", "Z", "f13", "ctrl+", "alt+ctrl+a", "ab", "Enter"}) {
+        EXPECT_NE(said(bad), "") << bad;
+    }
+}
+
+TEST(ControlsTest, ASharedShortcutIsTold) {
+    const ScreenPtr screen = opened(scene(R"({"column": [{"button": "A", "id": "a", "key": "f1"},
+            {"button": "B", "id": "b", "key": "f1"}, {"button": "C", "key": "f1"}]})"));
+    const std::string report = kit_screen_report(screen.get());
+    EXPECT_NE(report.find("root.column[1]: key: it is that of root.column[0], too"),
+              std::string::npos)
+        << report;
+    EXPECT_EQ(report.find("root.column[2]"), std::string::npos) << report;
+}
+
 }  // namespace

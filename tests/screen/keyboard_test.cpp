@@ -307,4 +307,33 @@ TEST(KeyboardTest, WhatIsOutOfSightAndCannotBeScrolledIsLeftOut) {
     EXPECT_EQ(used.focused(), " a");
 }
 
+TEST(KeyboardTest, CapitalsOfOtherAlphabetsAreFound) {
+    Used used(scene(R"({"column": [{"each": "rows", "list_item": "${item}", "id": "row"}]})",
+                    R"("sample": {"rows": ["A", "Жук", "Ωμέγα", "×", "÷", "ÿ", "日本"]}, )"));
+    for (const auto& [typed, row] : {std::pair{"ж", " row[1]"},
+                                     {"ω", " row[2]"},
+                                     {"×", " row[3]"},
+                                     {"ÿ", " row[5]"},
+                                     {"日", " row[6]"},
+                                     {"Ж", " row[1]"}}) {
+        used.focus("row[0]");
+        used.wait(1000);
+        used.type(typed);
+        EXPECT_EQ(used.focused(), row) << typed;
+    }
+}
+
+TEST(KeyboardTest, AShortcutOpensADropdown) {
+    const Used used(scene(R"({"column": [{"dropdown": "A", "items": ["A", "B"], "id": "d",
+                                          "key": "f4"}]})",
+                          R"("size": [100, 100], )"));
+    used.key(KIT_KEY_F4);
+    EXPECT_EQ(used.line("d"), "dropdown =\"A\" open focus");
+    used.key(KIT_KEY_F4);  // goes to the list
+    used.key(KIT_KEY_DOWN);
+    used.key(KIT_KEY_ENTER);
+    EXPECT_EQ(used.changes(), "value #d=\"B\"\n");
+    EXPECT_EQ(used.line("d"), "dropdown =\"A\" focus");
+}
+
 }  // namespace
