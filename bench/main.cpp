@@ -202,9 +202,10 @@ void time_all(const std::vector<Workload>& table, const Options& options) {
         run_rounds(contenders, times, options.rounds);
         report(work, contenders, times, summary);
     }
-    std::printf("\nGeometric mean of the %zu rows with a peer: it needs %s of the fastest peer's time, ",
-                summary.peer_ratios.size(),
-                ratio_text(Summary::geometric_mean(summary.peer_ratios), 0.4).c_str());
+    std::printf(
+        "\nGeometric mean of the %zu rows with a peer: it needs %s of the fastest peer's time, ",
+        summary.peer_ratios.size(),
+        ratio_text(Summary::geometric_mean(summary.peer_ratios), 0.4).c_str());
     std::printf("%s of the limit's.\nGoals missed: %d.\n\nCompared: ",
                 ratio_text(Summary::geometric_mean(summary.limit_ratios), 1.7).c_str(),
                 summary.missed);

@@ -82,8 +82,7 @@ private:
             "</style>\n</head>\n<body>\n<header>\n<h1>" + title + "</h1>\n<p>" +
             escaped_markup(summary(comparison_)) +
             "</p>\n<p class=\"quiet\">Expected: " + shown(comparison_.expected) +
-            ". Actual: " + shown(comparison_.actual) +
-            ". By orvel-compare " KIT_VERSION ".</p>\n";
+            ". Actual: " + shown(comparison_.actual) + ". By orvel-compare " KIT_VERSION ".</p>\n";
         for (const std::string& line : comparison_.trouble) {
             text_ += "<p><span class=\"state\">! trouble</span>" + escaped_markup(line) + "</p>\n";
         }
