@@ -120,7 +120,8 @@ function scenes() {
 /** The pictures beside the scenes, by the names that scenes give them. */
 function pictures(folder = "scenes", name = "") {
     const found = {};
-    for (const each of readdirSync(join(root, folder), { withFileTypes: true })) {
+    const inside = readdirSync(join(root, folder), { withFileTypes: true });
+    for (const each of inside.sort((a, b) => (a.name < b.name ? -1 : 1))) {
         const path = `${folder}/${each.name}`;
         if (each.isDirectory())
             Object.assign(found, pictures(path, folder === "scenes" ? "" : `${name}${each.name}/`));

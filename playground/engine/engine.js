@@ -1,6 +1,7 @@
 // What runs in a worker: the library, and what the page asks of it. A program of the user's, laid
 // behind this text, calls orvelPlay() instead.
 import { api, Canvas, setLog } from "orvelsdk";
+import { canLive, openLive, sendLive } from "./live.js";
 import { pictureOf } from "./pictures.js";
 import { play } from "./play.js";
 import { drawScene, keepFiles } from "./scenes.js";
@@ -29,7 +30,7 @@ const answers = {
         {
             version: api.orvel_version(),
             icons: api.orvel_icon_list(),
-            live: typeof api.kit_screen_send === "function",
+            live: canLive,
             presets: {
                 dark: colorsOf(preset(api.orvel_theme_default)),
                 light: colorsOf(preset(api.orvel_theme_light)),
@@ -37,6 +38,8 @@ const answers = {
         }
     ),
     scene: drawScene,
+    live: openLive,
+    send: sendLive,
     icons: ({ theme }) => iconSamples(theme),
     widgets: ({ theme, nodes }) => widgetSamples(theme, nodes),
     /** A picture of a program's as a panel shows it. */

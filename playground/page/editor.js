@@ -58,8 +58,9 @@ const look = EditorView.theme({
         backgroundColor: "color-mix(in srgb, var(--accent) 9%, transparent)",
     },
     [`&.cm-focused > .cm-scroller > .cm-selectionLayer .cm-selectionBackground,
-       .cm-selectionBackground`]:
-        { backgroundColor: "color-mix(in srgb, var(--accent) 28%, transparent) !important" },
+       .cm-selectionBackground`]: {
+        backgroundColor: "color-mix(in srgb, var(--accent) 28%, transparent) !important",
+    },
     ".cm-matchingBracket, &.cm-focused .cm-matchingBracket": {
         backgroundColor: "color-mix(in srgb, var(--accent) 25%, transparent)",
     },

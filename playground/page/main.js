@@ -5,6 +5,7 @@ import { compareDrawer, insertDrawer, programDrawer, themeDrawer } from "./drawe
 import { makeEditor } from "./editor.js";
 import { byId, element, makeTabs } from "./elements.js";
 import { nodeInsertion } from "./insertion.js";
+import { makeLive } from "./live.js";
 import { unpackLink } from "./link.js";
 import { wireSaving } from "./saving.js";
 import { show } from "./stage.js";
@@ -21,7 +22,7 @@ const started = engine.start({
     ),
 });
 started.catch(() => {}); // begin() says why
-const state = { mode: "scene", theme: "", panel: "", dither: "ordered", own: null, example: "" };
+const state = { mode: "scene", theme: "", panel: "", dither: "ordered", own: null, canLive: false };
 let presets = {};
 let pictures = []; // what there is to see: { name, width, height, rgba, describe }
 let program = { lacks: "nothing is drawn yet" };
@@ -53,6 +54,22 @@ function mark(problems) {
         editors[problem.which].show(problem);
     });
 }
+
+/** Notes what came of using the picture, the latest first. */
+function note(text) {
+    const lines = byId("problems");
+    lines.prepend(element("li", {}, element("button", {}, text)));
+    while (lines.children.length > 50) lines.lastChild.remove();
+}
+
+const live = makeLive({
+    engine,
+    told: note,
+    failed(why) {
+        byId("live").checked = false;
+        say("error", why);
+    },
+});
 
 // ---- Drawing
 
@@ -122,10 +139,11 @@ async function drawScene(now) {
     program = {
         text: sceneProgram({ ...sceneWish(dataFrames()[0]), pictures: drawn[0].pictures }),
     };
-    shown(
-        drawn,
-        notes.length > 0 ? `${notes.length} ${notes.length === 1 ? "note" : "notes"}` : "",
-    );
+    const count = `${notes.length} ${notes.length === 1 ? "note" : "notes"}`;
+    shown(drawn, notes.length > 0 ? count : "");
+    if (byId("live").checked) {
+        await live.open(sceneWish(dataFrames()[Number(byId("frame").value)]));
+    }
 }
 
 async function drawProgram(now) {
@@ -193,10 +211,10 @@ function showFrame() {
         `${Number(byId("frame").value) + 1} of ${pictures.length}, ${picture.name}`;
     show(picture, picture.describe);
     comparison.compare();
-    if (!asC.panel.hidden) asC.draw();
 }
 
 async function draw() {
+    live.close();
     clearTimeout(timer);
     const now = ++turn;
     stopProgram();
@@ -205,6 +223,7 @@ async function draw() {
     } catch (reason) {
         if (now === turn) say("error", reason.message);
     }
+    if (now === turn && !asC.panel.hidden) asC.draw();
 }
 
 // ---- The tools below
@@ -260,6 +279,8 @@ function setMode(mode) {
     });
     files.choose(isScene ? 0 : 2);
     byId("theme-field").hidden = !isScene;
+    byId("live-field").hidden = !isScene || !state.canLive;
+    if (!isScene) byId("live").checked = false;
     byId("saving").querySelector('[data-save="source"]').textContent = isScene
         ? "Scene file"
         : "Program, JavaScript";
@@ -342,7 +363,8 @@ for (const id of ["panel", "dither"]) {
         else asPanel(++turn);
     });
 }
-byId("frame").addEventListener("input", showFrame);
+byId("frame").addEventListener("input", () => (byId("live").checked ? draw() : showFrame()));
+byId("live").addEventListener("change", draw);
 byId("shade").addEventListener("click", () => {
     const page = document.documentElement.dataset;
     const dark = page.shade
@@ -411,8 +433,9 @@ async function openLink() {
 // ---- The start
 
 async function begin() {
-    const { version, presets: found } = await started;
+    const { version, presets: found, live: canLive } = await started;
     presets = found;
+    state.canLive = canLive;
     byId("version").textContent = `version ${version}`;
     themes.set(themeColors());
     await openLink();

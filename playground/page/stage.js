@@ -60,6 +60,20 @@ export function show(next, describe = "", label = "") {
     layOut();
 }
 
+/** Shows what changed of the picture, and its nodes as they are now. */
+export function patch(part, describe) {
+    nodes = nodesOf(describe);
+    if (!part) return;
+    const { x, y, width, height, rgba } = part;
+    for (let row = 0; row < height; row++) {
+        const from = rgba.subarray(4 * width * row, 4 * width * (row + 1));
+        shown.rgba.set(from, 4 * ((y + row) * shown.width + x));
+    }
+    const data = new ImageData(rgba, width, height);
+    picture.getContext("2d", { willReadFrequently: true }).putImageData(data, x, y);
+    inspect();
+}
+
 export const current = () => shown;
 
 function inspect() {

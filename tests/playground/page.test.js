@@ -10,6 +10,7 @@ import {
     drawn,
     open,
     pixels,
+    root,
     said,
     serve,
     start,
@@ -295,6 +296,35 @@ test("the inspector names the pixel and the node under pointer and arrow keys", 
     assert.equal(await page.textContent("#place"), "29, 15");
     await page.keyboard.press("Shift+ArrowDown");
     assert.equal(await page.textContent("#place"), "29, 25");
+});
+
+const USED = `{"orvel": 1, "size": [200, 80], "root": {"column": [
+  {"toggle": "\${on}", "id": "lamp", "width": 60, "height": 30},
+  {"textbox": "\${word}", "id": "word", "width": 160, "height": 28}], "pad": 4, "gap": 4}}`;
+
+test("pointer and keyboard use the screen, where the library lets them", async (t) => {
+    const { page, faults } = await open();
+    const text = readFileSync(`${root}/kit/include/orvel_screen.h`, "utf8");
+    assert.equal(await page.isVisible("#live-field"), text.includes("kit_screen_send"));
+    if (!(await page.isVisible("#live-field"))) return t.skip("the library has no input");
+    await type(page, "scene", USED);
+    await page.getByRole("tab", { name: "data.json" }).click();
+    await drawn(page, () => type(page, "data", '{"on": false, "word": "Hi"}'));
+    await drawn(page, () => page.check("#live"));
+    await page.selectOption("#zoom", "2");
+    const before = await pixels(page);
+    await page.locator("#picture").click({ position: { x: 2 * 30, y: 2 * 18 } });
+    await page.locator("#problems").getByText("on = true").waitFor();
+    assert.ok(!before.rgba.equals((await pixels(page)).rgba));
+    await page.locator("#picture").click({ position: { x: 2 * 150, y: 2 * 52 } });
+    await page.keyboard.type("!");
+    await page.locator("#problems").getByText('word = "Hi!"').waitFor();
+    await page.keyboard.press("Escape");
+    await page.keyboard.press("Tab");
+    assert.notEqual(await page.evaluate(() => document.activeElement.id), "stage");
+    await drawn(page, () => page.uncheck("#live"));
+    assert.ok(before.rgba.equals((await pixels(page)).rgba));
+    assert.deepEqual(faults, []);
 });
 
 test("the keyboard alone reaches everything, and leaves the editor", async () => {

@@ -1,0 +1,171 @@
+// Pointer and keyboard into the screen: what happens over the picture becomes events for it.
+import { byId, copyText } from "./elements.js";
+import { patch, pixelAt } from "./stage.js";
+
+const KIND = {
+    time: 0,
+    move: 1,
+    press: 2,
+    release: 3,
+    leave: 4,
+    wheel: 5,
+    key: 6,
+    text: 7,
+    paste: 9,
+};
+const CHANGE = { value: 0, press: 1, copy: 2, paste: 3, sound: 4 };
+const FIRST_KEY = 0x110000;
+const KEYS = [
+    "Enter",
+    "Tab",
+    "Escape",
+    "Backspace",
+    "Delete",
+    "ArrowLeft",
+    "ArrowRight",
+    "ArrowUp",
+    "ArrowDown",
+    "Home",
+    "End",
+    "PageUp",
+    "PageDown",
+];
+for (let i = 1; i <= 12; i++) KEYS.push(`F${i}`);
+const POINTERS = ["default", "pointer", "text"];
+
+const picture = byId("picture");
+const stage = byId("stage");
+const now = () => Math.round(performance.now());
+
+/** The library's number of a key; undefined where it has none. */
+function keyOf({ key }) {
+    const special = KEYS.indexOf(key);
+    if (special >= 0) return FIRST_KEY + special;
+    return [...key].length === 1 ? key.toLowerCase().codePointAt(0) : undefined;
+}
+
+function modifiersOf(event) {
+    return (
+        (event.shiftKey ? 1 : 0) | (event.ctrlKey || event.metaKey ? 2 : 0) | (event.altKey ? 4 : 0)
+    );
+}
+
+/**
+ * The screen in use: @p told gets a line for each change, @p failed the reason where it ends.
+ */
+export function makeLive({ engine, told, failed }) {
+    let events = [];
+    let isOn = false;
+    let isBusy = false;
+    let leaves = false; // Escape was pressed: Tab leaves the picture
+    let timer = 0;
+
+    async function ask(what, wish) {
+        isBusy = true;
+        try {
+            take(await engine.ask(what, { ...wish, now: now() }));
+        } catch (reason) {
+            isOn = false;
+            failed(reason.message);
+        }
+        isBusy = false;
+        if (isOn && events.length > 0) flush();
+    }
+
+    function flush() {
+        clearTimeout(timer);
+        if (isBusy || !isOn) return;
+        const all = events;
+        events = [];
+        ask("send", { events: all });
+    }
+
+    function take({ part, changes, wait, pointer, describe }) {
+        if (!isOn) return;
+        patch(part, describe);
+        picture.style.cursor = POINTERS[pointer] ?? "default";
+        changes.forEach(tell);
+        clearTimeout(timer);
+        if (wait >= 0) timer = setTimeout(() => send({ kind: KIND.time }), Math.max(wait, 8));
+    }
+
+    async function tell({ kind, id, name, value }) {
+        const who = name || (id && `#${id}`);
+        if (kind === CHANGE.value) told(`${who} = ${value}`);
+        if (kind === CHANGE.press) told(`${who} was pressed`);
+        if (kind === CHANGE.sound) told(`sound ${value}`);
+        if (kind === CHANGE.copy) copyText(String(JSON.parse(value)));
+        if (kind !== CHANGE.paste) return;
+        try {
+            send({ kind: KIND.paste, text: await navigator.clipboard.readText() });
+        } catch {
+            told("The browser does not let the page read the clipboard.");
+        }
+    }
+
+    function send(event) {
+        if (!isOn) return;
+        const last = events.at(-1);
+        if (event.kind === KIND.move && last?.event.kind === KIND.move) events.pop();
+        events.push({ event, now: now() });
+        flush();
+    }
+
+    function pointer(kind) {
+        return (event) => {
+            if (!isOn) return;
+            if (kind === KIND.press) {
+                event.preventDefault();
+                picture.setPointerCapture(event.pointerId);
+                stage.focus({ preventScroll: true });
+            }
+            send({ kind, ...pixelAt(event), button: Math.max(event.button, 0) });
+        };
+    }
+
+    picture.addEventListener("pointerdown", pointer(KIND.press));
+    picture.addEventListener("pointermove", pointer(KIND.move));
+    picture.addEventListener("pointerup", pointer(KIND.release));
+    picture.addEventListener("pointercancel", () => send({ kind: KIND.leave }));
+    picture.addEventListener("pointerleave", () => send({ kind: KIND.leave }));
+    picture.addEventListener(
+        "wheel",
+        (event) => {
+            if (!isOn) return;
+            event.preventDefault();
+            const [dx, dy] = [event.deltaX, -event.deltaY].map((by) => Math.round(by * 1.2));
+            send({ kind: KIND.wheel, ...pixelAt(event), dx, dy });
+        },
+        { passive: false },
+    );
+    stage.addEventListener("keydown", (event) => {
+        const key = keyOf(event);
+        if (!isOn || key === undefined || event.isComposing) return;
+        if (event.key === "Tab" && leaves) return;
+        leaves = event.key === "Escape";
+        const modifiers = modifiersOf(event);
+        if (event.metaKey || (event.ctrlKey && "rtwn".includes(event.key))) return;
+        event.preventDefault();
+        send({ kind: KIND.key, key, modifiers });
+        if (key < FIRST_KEY && (modifiers & 6) === 0) send({ kind: KIND.text, text: event.key });
+    });
+
+    return {
+        get isOn() {
+            return isOn;
+        },
+        /** Lets the screen of this scene be used. */
+        async open(wish) {
+            isOn = true;
+            events = [];
+            clearTimeout(timer);
+            picture.style.touchAction = "none";
+            await ask("live", wish);
+        },
+        close() {
+            isOn = false;
+            clearTimeout(timer);
+            picture.style.cursor = picture.style.touchAction = "";
+        },
+    };
+}
