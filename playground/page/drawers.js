@@ -244,17 +244,14 @@ export function compareDrawer() {
         }
     };
     file.addEventListener("change", () => take(file.files[0]));
-    drop.addEventListener("dragover", (event) => {
-        event.preventDefault();
-        drop.classList.add("over");
-    });
-    drop.addEventListener("dragleave", () => drop.classList.remove("over"));
-    drop.addEventListener("drop", (event) => {
-        event.preventDefault();
-        drop.classList.remove("over");
-        take(event.dataTransfer.files[0]);
-    });
-    return { name: "Compare", panel, compare };
+    for (const [kind, isOver] of [
+        ["dragover", true],
+        ["dragleave", false],
+        ["drop", false],
+    ]) {
+        drop.addEventListener(kind, () => drop.classList.toggle("over", isOver));
+    }
+    return { name: "Compare", panel, compare, take };
 }
 
 /** The program of C; @p program gives { text } or { lacks } when it is wanted. */

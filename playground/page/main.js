@@ -262,6 +262,17 @@ const tools = makeTabs(byId("tools"), drawers, (which) => {
     if (drawers[which] === asC) asC.draw();
 });
 
+// A file that is dropped anywhere is compared with; the browser would leave the page for it.
+for (const kind of ["dragover", "drop"]) {
+    addEventListener(kind, (event) => {
+        if (!event.dataTransfer?.types.includes("Files")) return;
+        event.preventDefault();
+        if (kind !== "drop") return;
+        tools.choose(drawers.indexOf(comparison));
+        comparison.take(event.dataTransfer.files[0]);
+    });
+}
+
 // ---- The controls
 
 function options(select, all) {
@@ -342,8 +353,7 @@ options(byId("panel"), [
 document.querySelectorAll('input[name="mode"]').forEach((radio) =>
     radio.addEventListener("change", () => {
         const wasEmpty = editors[radio.value === "scene" ? "scene" : "code"].text === "";
-        if (wasEmpty)
-            openExample((radio.value === "scene" ? facts.scenes : facts.programs)[0].file);
+        if (wasEmpty) openExample(radio.value === "scene" ? facts.scenes[0].file : "hello.js");
         else {
             setMode(radio.value);
             draw();
@@ -448,4 +458,3 @@ async function begin() {
 
 say("busy", "Starting …");
 begin().catch((reason) => say("error", reason.message));
-void tools;

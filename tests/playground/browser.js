@@ -4,7 +4,7 @@ import { createServer } from "node:http";
 import { createRequire } from "node:module";
 import { tmpdir } from "node:os";
 import { join, resolve } from "node:path";
-import { pathToFileURL } from "node:url";
+import { fileURLToPath, pathToFileURL } from "node:url";
 
 const setting = (name) =>
     process.env[name] ??
@@ -13,7 +13,7 @@ const setting = (name) =>
     })();
 export const tools = resolve(setting("PLAYGROUND_TOOLS"));
 export const native = resolve(setting("PLAYGROUND_NATIVE"));
-export const root = resolve(import.meta.dirname, "../..");
+export const root = fileURLToPath(new URL("../..", import.meta.url));
 export const built = resolve(setting("PLAYGROUND_PAGE"));
 const require = createRequire(join(tools, "package.json"));
 const { chromium } = require("playwright-core");

@@ -151,6 +151,7 @@ test("a link opened in a fresh profile shows the same bytes", async () => {
     await drawn(page, () => page.selectOption("#theme", "forest"));
     await drawn(page, () => page.selectOption("#panel", "seven"));
     await page.click("#share");
+    await page.locator("#linking").waitFor();
     const link = await page.inputValue("#link");
     assert.match(link, /#1[\w-]+$/);
     const other = await open(link);
@@ -164,6 +165,7 @@ test("a link opened in a fresh profile shows the same bytes", async () => {
     );
     await said(page, /30 × 20/);
     await page.click("#share");
+    await page.locator("#linking").waitFor();
     const third = await open(await page.inputValue("#link"));
     assert.ok((await pixels(page)).rgba.equals((await pixels(third.page)).rgba));
     assert.deepEqual([...faults, ...other.faults, ...third.faults], []);
@@ -201,6 +203,13 @@ test("files are saved as the library writes them", async () => {
     await page.waitForFunction(() =>
         /\d+ pixels differ, the first at/.test(document.getElementById("drawers").textContent),
     );
+    const dataTransfer = await page.evaluateHandle(() => {
+        const dropped = new DataTransfer();
+        dropped.items.add(new File(["words"], "words.txt"));
+        return dropped;
+    });
+    await page.dispatchEvent("#stage", "drop", { dataTransfer });
+    await page.locator("#drawers").getByText("words.txt is no picture").waitFor();
     assert.deepEqual(faults, []);
 });
 
