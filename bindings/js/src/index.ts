@@ -16,6 +16,8 @@ export type { FaceLike } from "./faces.js";
 export { files, setLog } from "./files.js";
 export { DITHERS, FORMATS } from "./formats.js";
 export type { DitherName, FormatName, FormatParts } from "./formats.js";
+export { KEYS } from "./input.js";
+export type { Change, ScreenEvent } from "./input.js";
 export { playMusic, playSound, playTone, setResourcePath, stopMusic } from "./resources.js";
 export { Screen } from "./screens.js";
 export type { Host, Json, Named, ScreenParts } from "./screens.js";

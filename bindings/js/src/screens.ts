@@ -5,10 +5,12 @@ import { boxOf } from "./boxes.js";
 import type { Box, BoxLike } from "./boxes.js";
 import { Canvas } from "./canvas.js";
 import { Theme } from "./colors.js";
-import { kindOf, OutOfMemory } from "./errors.js";
+import { kindOf, OrvelError, OutOfMemory } from "./errors.js";
 import { Face } from "./faces.js";
 import { formatOf } from "./formats.js";
 import type { FormatName, FormatParts } from "./formats.js";
+import { changeOf, eventOf, moment } from "./input.js";
+import type { Change, ScreenEvent } from "./input.js";
 import { Owner } from "./owner.js";
 
 /** What JSON has. */
@@ -235,6 +237,52 @@ export class Screen extends Owner<api.kit_screen> {
     /** Has the next draw() draw this box, too; everything when there is none. */
     expose(box?: BoxLike | null): void {
         api.kit_screen_expose(this.handle, box ? boxOf(box) : null);
+    }
+
+    // ---- Input
+
+    /** One event, at a time in milliseconds; without one it is now. */
+    send(event: ScreenEvent, now?: number): void {
+        if (api.kit_screen_send(this.handle, eventOf(event), moment(now)) !== 0) {
+            throw new OutOfMemory("the memory is too small for this event");
+        }
+    }
+
+    /** A press and a release at one place. */
+    click(x: number, y: number, now?: number): void {
+        this.send({ kind: "press", x, y }, now);
+        this.send({ kind: "release", x, y }, now);
+    }
+
+    /** The changes that came of events since the last time, oldest first. */
+    *changes(): Generator<Change, void, void> {
+        const change = {} as api.kit_change;
+        while (api.kit_screen_next(this.handle, change) === 1) yield changeOf(change);
+    }
+
+    /** In how many milliseconds time matters by itself, and an event of the kind "time" is due;
+     *  null: it does not. */
+    wait(now?: number): number | null {
+        const time = api.kit_screen_wait(this.handle, moment(now));
+        return time < 0 ? null : time;
+    }
+
+    /** Gives the keyboard to the node with this id; to none for null. */
+    focus(id: string | null): void {
+        if (api.kit_screen_focus(this.handle, id) !== 0) {
+            throw new OrvelError(`there is no "${id}" that takes the keyboard`);
+        }
+    }
+
+    /** Where the caret of the text field with the keyboard stands; null where there is none. */
+    get caret(): Box | null {
+        const found: Box = { x: 0, y: 0, w: 0, h: 0 };
+        return api.kit_screen_caret(this.handle, found) === 0 ? found : null;
+    }
+
+    /** The shape of the pointer where it is, as a page's styles name it. */
+    get pointer(): "default" | "pointer" | "text" {
+        return (["default", "pointer", "text"] as const)[api.kit_screen_pointer(this.handle)]!;
     }
 
     // ---- What is there

@@ -34,6 +34,63 @@ test("values change what is drawn, and only that", () => {
     assert.equal(screen.canvas.width, 100);
 });
 
+const form = { orvel: 1, size: [100, 90], root: { column: [
+    { toggle: "${on}", id: "light", width: 60, height: 30, tip: "Light" },
+    { textbox: "${words}", id: "words", height: 30 },
+    { button: "Go", id: "go", key: "ctrl+g", sound: "click", height: 30 }] } };
+
+test("events change values, and the changes come out", () => {
+    const screen = new Screen(form, { on: false, words: "" });
+    screen.draw();
+    screen.click(30, 15, 0);
+    assert.deepEqual([...screen.changes()], [{ kind: "value", id: "light", name: "on", value: true }]);
+    assert.ok(screen.get("on") === true && screen.draw() !== null);
+    assert.deepEqual([...screen.changes()], []);
+    screen.send({ kind: "key", key: "g", modifiers: ["ctrl"] }, 1);
+    assert.deepEqual([...screen.changes()].map(({ kind }) => kind), ["press", "sound"]);
+    screen.click(30, 15);
+    for (const { name, value } of screen.changes()) screen.set("words", `${name} is ${value}`);
+    assert.equal(screen.get("words"), "on is false");
+});
+
+test("time matters where a tooltip is to show", () => {
+    const screen = new Screen(form, { on: false, words: "" });
+    assert.equal(screen.wait(), null);
+    screen.send({ kind: "move", x: 30, y: 15 }, 100);
+    assert.equal(screen.pointer, "pointer");
+    assert.deepEqual([screen.wait(100), screen.wait(5000)], [600, 0]);
+    screen.send({ kind: "time" }, 700);
+    assert.match(screen.describe(), /tooltip "Light"/);
+    screen.send({ kind: "leave" }, 701);
+    assert.equal(screen.pointer, "default");
+});
+
+test("text fields take words", () => {
+    const screen = new Screen(form, { on: false, words: "" });
+    assert.equal(screen.caret, null);
+    screen.focus("words");
+    assert.ok(screen.caret.h > 0);
+    screen.send({ kind: "text", text: "Größe" }, 0);
+    screen.send({ kind: "key", key: "backspace" }, 1);
+    assert.equal(screen.get("words"), "Größ");
+    screen.focus(null);
+    assert.equal(screen.caret, null);
+    assert.throws(() => screen.focus("nobody"), OrvelError);
+});
+
+test("wrong events are told as they are written", () => {
+    const screen = new Screen(form, { on: false, words: "" });
+    for (const bad of [{ kind: "push" }, { kind: "move", x: 1.5 }, { kind: "move", x: 2 ** 40 }, null, "move", {},
+                       { kind: "key", key: "any" }, { kind: "key", modifiers: ["hyper"] },
+                       { kind: "key", modifiers: "ctrl" }, { kind: "text", text: 5 }]) {
+        assert.throws(() => screen.send(bad), ({ name }) => /^(Type|Range)Error$/.test(name), JSON.stringify(bad));
+    }
+    for (const bad of [NaN, Infinity, "1", 2 ** 70]) {
+        assert.throws(() => screen.send({ kind: "time" }, bad), ({ name }) => /^(Type|Range)Error$/.test(name));
+    }
+    assert.deepEqual([...screen.changes()], []);
+});
+
 test("the tree changes", () => {
     const screen = new Screen(meter, { power: 7 });
     screen.add("root", { text: "more", id: "more" }, 0);
