@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <memory>
 
+#include "pixels/same.h"
 #include "widgets/image_size.h"
 #include "widgets/painter.h"
 
@@ -49,7 +50,8 @@ void Painter::button() {
     } else {
         write(text, room, KIT_CENTRE, ink);
     }
-    ring(all(), active ? T.background : T.accent);
+    // A ring in the accent cannot be seen on a face in the accent.
+    ring(all(), active || same(T.button, T.accent) ? T.background : T.accent);
 }
 
 void Painter::icon() {

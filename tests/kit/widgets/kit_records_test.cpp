@@ -305,6 +305,16 @@ TEST_F(KitRecordsTest, WithoutFocusThereIsNoCaretOrSelection) {
     EXPECT_NE(checksum(canvas_.get()), focused);
 }
 
+TEST_F(KitRecordsTest, TheRingOfAButtonShowsOnTheAccent) {
+    theme_.button = theme_.button_hover = theme_.accent;
+    kit_widget widget = {.kind = ORVEL_WIDGET_BUTTON, .box = {10, 10, 60, 24}, .text = "Save"};
+    draw(widget);
+    const auto plain = checksum(canvas_.get());
+    widget.state = KIT_FOCUS;
+    draw(widget);
+    EXPECT_NE(checksum(canvas_.get()), plain);
+}
+
 TEST_F(KitRecordsTest, DisabledWidgetsShowNeitherHoverNorFocus) {
     for (kit_widget widget : usual_widgets()) {
         widget.state = KIT_DISABLED;
