@@ -11,7 +11,7 @@ import python
 def description(root):
     libraries = headers.libraries(root)
     facts.add_all(libraries)
-    version = re.search(r"\d+\.\d+\.\d+", libraries[0]["constants"][0]["value"])[0]
+    version = re.search(r"\d+\.\d+\.\d+", libraries[1]["constants"][0]["value"])[0]  # of the release
     return {"about": "The interfaces of OrvelSDK, made by scripts/describe from the headers.",
             "format": 1, "version": version, "targets": headers.TARGETS, "libraries": libraries}
 

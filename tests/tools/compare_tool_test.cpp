@@ -1,6 +1,7 @@
 // orvel-compare as its users run it: a process, files, an exit status.
 #include <gtest/gtest.h>
 
+#include "orvel_kit.h"
 #include "picture.h"
 #include "support/files.h"
 #include "support/picture.h"

@@ -51,7 +51,7 @@ def test_its_platform_has_every_version_that_it_needs(wheel, tmp_path):
     with zipfile.ZipFile(wheel) as file:
         about = email.message_from_string(file.read("orvelsdk-0.2.0.dist-info/WHEEL").decode())
         file.extractall(tmp_path)
-    tag = re.fullmatch(r"orvelsdk-0\.1\.0-(py3-none-manylinux_2_(\d+)_(\w+))\.whl", wheel.name)
+    tag = re.fullmatch(r"orvelsdk-0\.2\.0-(py3-none-manylinux_2_(\d+)_(\w+))\.whl", wheel.name)
     assert about["Tag"] == tag[1] and about["Root-Is-Purelib"] == "false"
     assert tag[3] == os.uname().machine
     told = subprocess.run(["objdump", "-T", *map(str, (tmp_path / "orvelsdk/lib").iterdir())],
