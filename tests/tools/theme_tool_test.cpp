@@ -5,6 +5,7 @@
 #include <cstring>
 #include <filesystem>
 
+#include "orvel_kit.h"
 #include "support/cases.h"
 #include "support/files.h"
 #include "support/picture.h"
