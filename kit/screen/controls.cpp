@@ -87,8 +87,11 @@ void set_number(Turn& turn, const Node& control, const std::string& text) {
 
 void choose(Turn& turn, const Node& control, int item) {
     if (item == control.chosen_item()) return;
-    const bool by_words = control.is_widget(ORVEL_WIDGET_DROPDOWN) && !control.counts;
-    turn.set(control, by_words ? words(item_of(control.items, item)) : read(std::to_string(item)));
+    if (control.is_widget(ORVEL_WIDGET_DROPDOWN) && !control.counts) {
+        turn.set(control, words(item_of(control.items, item)));
+    } else {
+        turn.set(control, read(std::to_string(item)));
+    }
     turn.sound(control);
 }
 
@@ -123,16 +126,18 @@ void move_by(Turn& turn, const Node& control, long long steps) {
     turn.sound(control);
 }
 
-void move_to_end(Turn& turn, const Node& control, bool last) {
+bool move_to_end(Turn& turn, const Node& control, bool last) {
     if (has_items(control)) {
         const int count = items_of(control);
         if (count > 0) choose(turn, control, last ? count - 1 : 0);
-        return;
+        return true;
     }
-    const auto range = has_number(control) ? Steps::of(control) : std::nullopt;
-    if (!range || control.ends[0].empty()) return;  // a stepper whose number may be any
+    const auto range = Steps::of(control);
+    if (!range) return false;
+    if (control.ends[0].empty()) return true;  // a stepper whose number may be any
     set_number(turn, control, last ? range->highest() : range->lowest());
     turn.sound(control);
+    return true;
 }
 
 }  // namespace kit

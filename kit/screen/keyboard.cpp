@@ -59,12 +59,10 @@ bool list_key(Turn& turn, const Pressed& key) {
 /* Controls with a value of their own. */
 
 bool number_key(Turn& turn, const Node& node, const Pressed& key) {
+    if (!key.plain()) return false;
+    if (key.is_end()) return move_to_end(turn, node, key.last());
     const auto range = Steps::of(node);
-    if (!range || !key.plain()) return false;
-    if (key.is_end()) {
-        move_to_end(turn, node, key.last());
-        return true;
-    }
+    if (!range) return false;
     // Up is more, and so is right.
     const bool up = key.key == KIT_KEY_UP || key.key == KIT_KEY_DOWN;
     const int arrow = up ? -key.arrow() : key.arrow();
@@ -97,16 +95,16 @@ bool item_key(Turn& turn, const Node& node, const Pressed& key) {
 /// Those of a control's kind that go with it: radio buttons with one value, else of one parent.
 std::vector<int> group_of(const Nodes& nodes, int i) {
     const Node& one = at(nodes, i);
-    const bool shares = one.is_widget(ORVEL_WIDGET_RADIO) && !one.choice.empty();
+    const bool radio = one.is_widget(ORVEL_WIDGET_RADIO);
+    const bool shares = radio && !one.choice.empty();
     std::vector<int> group;
     for (int k = 0; k < nodes.front().end; ++k) {
         const Node& node = at(nodes, k);
         if (node.kind != one.kind || !node.is_usable()) continue;
+        if (radio && node.choice.empty() == shares) continue;
         const bool goes =
             shares && !one.target.empty() ? node.target == one.target : node.parent == one.parent;
-        if (goes && shares == (node.is_widget(ORVEL_WIDGET_RADIO) && !node.choice.empty())) {
-            group.push_back(k);
-        }
+        if (goes) group.push_back(k);
     }
     return group;
 }
@@ -246,7 +244,7 @@ void press_key(Turn& turn, int key, unsigned modifiers) {
     const bool told = live.tip_shows();
     live.tip.spent = true;
     if (pressed.key == KIT_KEY_ESCAPE && (cancel(turn) || told)) return;
-    if (live.open.tag != 0 && list_of(turn.nodes()) >= 0 && list_key(turn, pressed)) return;
+    if (live.open.tag != 0 && list_key(turn, pressed)) return;
     const int focused = find_node(turn.nodes(), live.focused);
     if (focused >= 0 && control_key(turn, focused, pressed)) {
         live.ring = true;

@@ -27,9 +27,9 @@ void mark_row(Turn& turn, int row) {
 }
 
 void take_row(Turn& turn, int row) {
-    const int i = find_node(turn.nodes(), turn.live.open.tag);
+    const Node& dropdown = at(turn.nodes(), find_node(turn.nodes(), turn.live.open.tag));
     close_list(turn);
-    if (i >= 0 && has_item(at(turn.nodes(), i).items, row)) choose(turn, at(turn.nodes(), i), row);
+    if (has_item(dropdown.items, row)) choose(turn, dropdown, row);
 }
 
 }  // namespace kit

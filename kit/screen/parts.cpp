@@ -1,7 +1,6 @@
 #include "screen/parts.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "screen/items.h"
 
@@ -47,7 +46,7 @@ Rail rail_of(const Node& node) {
     kit_size(&widget, nullptr, &mark);  // which is as high as its knob
     const int side = odd(std::min({mark, box.w, box.h}));
     const int length = std::max(0, box.w - side);
-    const double part = std::isnan(node.value) ? 0 : std::clamp(node.value, 0.0, 1.0);
+    const double part = std::clamp(node.value, 0.0, 1.0);
     const int start = box.x + side / 2;
     return {start, length, start + static_cast<int>(part * length), side / 2};
 }

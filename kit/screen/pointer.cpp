@@ -150,10 +150,7 @@ void press(Turn& turn, int x, int y, unsigned modifiers) {
     const int i = control_under(turn.nodes(), x, y);
     if (live.open.tag != 0) {
         if (i >= 0) return hold(turn, i);
-        if (list_of(turn.nodes()) < 0 ||
-            !contains(at(turn.nodes(), list_of(turn.nodes())).box, x, y)) {
-            close_list(turn);
-        }
+        if (!contains(at(turn.nodes(), list_of(turn.nodes())).box, x, y)) close_list(turn);
         return;
     }
     live.focused = i < 0 ? 0 : at(turn.nodes(), i).tag;

@@ -111,7 +111,7 @@ bool is_on_bar(const Node& node, int x, int y) {
     if (is_empty(node.bar)) return false;
     const bool across = scroll_axis(node) == kAcross;
     const int from_edge = across ? node.box.y + node.box.h - y : node.box.x + node.box.w - x;
-    return from_edge > 0 && from_edge <= kThick + 2 * kMargin;
+    return from_edge <= kThick + 2 * kMargin;
 }
 
 int grab_of(const Node& node, int place) {

@@ -18,7 +18,10 @@ struct Range {
 
 /// What is written, or what the kind has without it; a stepper's number may be any.
 Range range_of(const Node& node) {
-    Range range = {node.ends[0], node.ends[1], node.step};
+    Range range;
+    range.low = node.ends[0];
+    range.high = node.ends[1];
+    range.step = node.step;
     if (node.is_widget(ORVEL_WIDGET_STEPPER)) {
         if (range.low.empty()) range.low = "-1000000000", range.high = "1000000000";
         if (range.step.empty()) range.step = "1";

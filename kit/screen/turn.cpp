@@ -9,12 +9,12 @@
 namespace kit {
 namespace {
 
-/// Whether a value is there already, numbers by their size.
+/// Whether a value, which is no list or object, is there already; numbers by their size.
 bool same(const Value& a, const Value& b) {
     if (a.kind == Kind::Number && b.kind == Kind::Number) {
         return compare_numbers(a.text, b.text) == 0;
     }
-    return a.kind == b.kind && a.truth == b.truth && a.text == b.text && a.items.empty();
+    return a.kind == b.kind && a.truth == b.truth && a.text == b.text;
 }
 
 }  // namespace
@@ -44,10 +44,10 @@ bool Turn::grant(const Wish& wish) {
     std::string why;
     read_path(wish.change.name, path, why);  // which the path of a reference has been
     const Scope scope = {&now};
-    const Value* there = look_up(path, scope);
-    if (there && same(*there, wish.value)) return false;
+    const Value* there = look_up(path, scope);  // the control shows it
+    if (same(*there, wish.value)) return false;
     Value data = now;
-    if (!set_value(data, path, wish.value, why)) return false;
+    set_value(data, path, wish.value, why);
     Live after = live;
     try {
         Nodes nodes = kit::shown(screen_.sources, data, screen_.size, after);

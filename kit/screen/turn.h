@@ -79,8 +79,8 @@ void focus_next(Turn& turn, bool back);
 void act(Turn& turn, const Node& control);
 /// So many steps further: a number, an item.
 void move_by(Turn& turn, const Node& control, long long steps);
-/// To the first or the last of what it can be.
-void move_to_end(Turn& turn, const Node& control, bool last);
+/// To the first or the last of what it can be; false where its numbers cannot be counted.
+bool move_to_end(Turn& turn, const Node& control, bool last);
 /// To the item with a number.
 void choose(Turn& turn, const Node& control, int item);
 /// To so many stars.

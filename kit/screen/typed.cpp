@@ -18,8 +18,8 @@ std::string small(std::string_view text) {
         const int code = (byte & 0x1F) << 6 | (next & 0x3F);
         const bool pair = byte >= 0xC3 && byte < 0xE0 && (next & 0xC0) == 0x80;
         const bool capital =
-            pair && ((code >= 0xC0 && code <= 0xDE && code != 0xD7) ||
-                     (code >= 0x391 && code <= 0x3A9) || (code >= 0x410 && code <= 0x42F));
+            pair && ((code <= 0xDE && code != 0xD7) || (code >= 0x391 && code <= 0x3A9) ||
+                     (code >= 0x410 && code <= 0x42F));
         if (capital) {
             made += static_cast<char>(0xC0 | (code + 32) >> 6);
             made += static_cast<char>(0x80 | ((code + 32) & 0x3F));
@@ -53,7 +53,7 @@ int find_typed(Live& live, std::string_view text, const std::vector<std::string>
     Typed& typed = live.typed;
     if (live.clock >= typed.until) typed.text.clear();
     const bool blank = typed.text.empty() && text.substr(0, 1) == " ";  // which is a press
-    if (blank || items.empty()) return -1;
+    if (blank) return -1;
     typed.text += small(text.substr(0, kMost));
     typed.text.resize(std::min(typed.text.size(), kMost));
     typed.until = live.clock + kPause;

@@ -9,7 +9,8 @@ using namespace orvel_test;
 
 /// A screen of one control that is 100 pixels wide and 30 high, at the top left.
 std::string one(const std::string& control, const std::string& sample) {
-    return scene(R"({"column": [{)" + control + R"(, "id": "it", "width": 100, "height": 30}]})",
+    return scene(R"({"column": [{)" + control +
+                     R"(, "id": "it", "width": 100, "height": 30}], "id": "all"})",
                  R"("size": [200, 200], "sample": )" + sample + ", ");
 }
 
@@ -401,7 +402,8 @@ TEST(ControlsTest, ShortcutsAreWrittenInOneWay) {
     EXPECT_EQ(said("ctrl+S"),
               "scene:1:45: root.key: found \"ctrl+S\", expected a key, as f5, ctrl+s or "
               "ctrl+alt+shift+pageup");
-    for (const char* bad : {"", " ", "A", "Z", "f13", "ctrl+", "alt+ctrl+a", "ab", "Enter"}) {
+    for (const char* bad :
+         {"", " ", "A", "Z", "f13", "\x7F", "ctrl+", "alt+ctrl+a", "ab", "Enter"}) {
         EXPECT_NE(said(bad), "") << bad;
     }
 }
@@ -414,6 +416,138 @@ TEST(ControlsTest, ASharedShortcutIsTold) {
               std::string::npos)
         << report;
     EXPECT_EQ(report.find("root.column[2]"), std::string::npos) << report;
+}
+
+TEST(ControlsTest, AButtonWithAStateNeedsNoId) {
+    const Used used(scene(R"({"column": [{"button": "A", "on": "${a}", "height": 30}]})",
+                          R"("size": [99, 99], "sample": {"a": false}, )"));
+    used.click(5, 15);
+    EXPECT_EQ(used.changes(), "value a=true\n");
+}
+
+TEST(ControlsTest, ARatingThatNeedsTooManyDigitsTakesNoStar) {
+    const Used used(one(R"("rating": "${a}", "range": [0, 7, 1e-10])", R"({"a": 2})"));
+    const kit_box box = used.box("it");
+    used.click(box.x + box.w - 5, 15);
+    EXPECT_EQ(used.changes(), "");
+}
+
+TEST(ControlsTest, EndsThatNeedTooManyDigitsAreNotGoneTo) {
+    EXPECT_EQ(after_key(R"("slider": "${a}", "range": [0, 1, 1e-10])", "0.5", KIT_KEY_END), "0.5");
+    EXPECT_EQ(after_key(R"("slider": "${a}", "range": [-1e14, 1, 1])", "0", KIT_KEY_RIGHT), "0");
+    EXPECT_EQ(after_key(R"("slider": "${a}", "range": [0, 1, 1e14])", "0", KIT_KEY_RIGHT), "0");
+}
+
+TEST(ControlsTest, AHeldStepperThatBecomesAButtonDoesNotRepeat) {
+    Used used(one(R"("stepper": "${a}")", R"({"a": 2})"));
+    used.press(90, 15);
+    EXPECT_EQ(used.changes(), "value #it a=3\n");
+    const char* const button = R"({"button": "A", "id": "it", "height": 30})";
+    EXPECT_EQ(kit_screen_change(used.screen.get(), "it", "id", "\"was\"", nullptr, 0), 0);
+    EXPECT_EQ(kit_screen_add(used.screen.get(), "all", 0, button, nullptr, 0), 0);
+    used.wait(1000);
+    EXPECT_EQ(used.changes(), "");
+}
+
+TEST(ControlsTest, OfTwoEqualItemsTheSecondIsTheValueAlready) {
+    const Used used(one(R"("dropdown": "${a}", "items": ["A", "A"])", R"({"a": "A"})"));
+    used.focus("it");
+    used.key(KIT_KEY_DOWN);
+    EXPECT_EQ(used.changes(), "");
+}
+
+TEST(ControlsTest, SharedValuesMayBeTrueAndFalse) {
+    const Used used(scene(
+        R"({"column": [{"radio": "A", "selected": "${a}", "value": true, "height": 30},
+                       {"radio": "B", "selected": "${a}", "value": false, "height": 30}]})",
+        R"("size": [99, 99], "sample": {"a": true}, )"));
+    used.click(5, 45);
+    EXPECT_EQ(used.changes(), "value a=false\n");
+    used.click(5, 15);
+    EXPECT_EQ(used.changes(), "value a=true\n");
+    EXPECT_NE(refusal(scene(R"({"radio": "A", "selected": 1, "value": [1]})")), "");
+    EXPECT_NE(refusal(scene(R"({"button": "A", "key": 5})")), "");
+}
+
+TEST(ControlsTest, TabsNarrowerThanAPixelCannotBePressed) {
+    const Used used(scene(R"({"row": [{"tabs": ["A", "B", "C"], "selected": "${a}", "width": 2}]})",
+                          R"("size": [60, 40], "sample": {"a": 0}, )"));
+    used.click(1, 20);
+    EXPECT_EQ(used.changes(), "");
+}
+
+TEST(ControlsTest, ATabIsLeftToEverySide) {
+    const Used used(scene(R"({"row": [{"space": 20}, {"tabs": ["A", "B"], "selected": "${a}",
+                                       "width": 40}]})",
+                          R"("size": [90, 40], "sample": {"a": 1}, )"));
+    for (const int x : {5, 85}) {
+        used.press(30, 20);
+        used.move(x, 20);
+        used.release(x, 20);
+        EXPECT_EQ(used.changes(), "");
+    }
+}
+
+TEST(ControlsTest, TimeAndTheEventBothSetValues) {
+    Used used(scene(R"({"column": [{"stepper": "${a}", "id": "a", "height": 30},
+                                   {"toggle": "${b}", "id": "b", "key": "f1", "tip": "B"}]})",
+                    R"("size": [100, 60], "sample": {"a": 5, "b": false}, )"));
+    used.press(90, 15);
+    used.now = 400;
+    used.key(KIT_KEY_F1);
+    EXPECT_EQ(used.changes(), "value #a a=7\nvalue #b b=true\n");
+    used.release(90, 15);
+    used.move(10, 45);
+    used.now = 1000;  // the tooltip shows, and goes again
+    used.key(KIT_KEY_F1);
+    EXPECT_EQ(used.changes(), "value #b b=false\n");
+    EXPECT_EQ(used.popped(), "");
+}
+
+/// A screen that includes these nodes with these values.
+std::string included(const std::string& inner, const std::string& with, const std::string& head) {
+    static std::string text;
+    text = scene(inner);
+    kit_screen_host host = {};
+    host.include = [](void*, const char*, size_t* length) {
+        *length = text.size();
+        return text.c_str();
+    };
+    const std::string outer = scene(R"({"include": "part", "with": )" + with + "}", head);
+    char why[400] = "";
+    Used used(scene(R"({"space": 1})"));
+    used.screen.reset(
+        kit_screen_read(outer.data(), outer.size(), nullptr, nullptr, &host, why, sizeof why));
+    if (!used.screen) return why;
+    for (int y = 5; y < 60; y += 10) used.click(5, y);
+    return used.changes();
+}
+
+TEST(ControlsTest, WhatIsMadeOfValuesIsNotBound) {
+    EXPECT_EQ(included(R"({"column": [{"toggle": "${x.on}", "id": "a", "height": 10},
+                                      {"stepper": "${n}", "id": "b", "height": 10},
+                                      {"slider": "${m}", "id": "c", "height": 10},
+                                      {"dropdown": "${t}", "id": "d", "height": 10}]})",
+                       R"({"x": {"on": "${on}"}, "n": "${n:1}", "m": 0.5, "t": "It is ${n}"})",
+                       R"("size": [60, 60], "sample": {"on": true, "n": 2}, )"),
+              "value #a on=false\nvalue #b=1\nvalue #c=0.02\npress #d\n");
+}
+
+TEST(ControlsTest, ItemsOfAListThatWasMadeAreNotBound) {
+    EXPECT_EQ(included(R"({"column": [{"each": "list", "toggle": "${item.on}", "id": "a",
+                                       "height": 10}]})",
+                       R"({"list": [{"on": true}, {"on": false}]})", R"("size": [60, 60], )"),
+              "value #a[0]=false\nvalue #a[1]=true\n");
+}
+
+TEST(ControlsTest, WaysThatLeadNowhereInWhatWasMadeAreRefused) {
+    for (const char* way : {"x.y", "x.y.z", "x[0]", "list[7]", "list.x", "list[0].x.y"}) {
+        EXPECT_NE(included(R"({"toggle": "${)" + std::string(way) + R"(}"})",
+                           R"({"x": {"on": true}, "list": [{"on": true}]})", "")
+                      .find("in the data"),
+                  std::string::npos)
+            << way;
+    }
 }
 
 }  // namespace

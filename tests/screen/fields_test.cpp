@@ -826,4 +826,39 @@ TEST(FieldsTest, OddEventsHaveNoEffect) {
     EXPECT_EQ(field.changes(), "value #it name=\"\uFFFD\"\n");
 }
 
+TEST(FieldsTest, WhereTheSameWordsShowTheirCaretsAreDrawnAnew) {
+    const Typing field("ab");
+    const auto drawn_anew = [&] {
+        kit_box dirty = {};
+        EXPECT_EQ(kit_screen_draw(field.screen.get(), field.canvas.get(), &dirty), 0);
+        EXPECT_EQ(checksum(field.canvas.get()), checksum(drawn(field.screen.get()).get()));
+        return dirty == kit_box{0, 0, 100, 30};
+    };
+    field.focus("it");
+    field.key(KIT_KEY_END);
+    drawn_anew();
+    field.key('a', kControl);  // the anchor
+    EXPECT_TRUE(drawn_anew());
+    field.key(KIT_KEY_HOME);  // both
+    EXPECT_TRUE(drawn_anew());
+    field.compose("x", 1);
+    drawn_anew();
+    field.type("x");  // the end of what was composed
+    EXPECT_TRUE(drawn_anew());
+    field.compose("y", 1);
+    drawn_anew();
+    field.type("y");  // its begin, too
+    EXPECT_TRUE(drawn_anew());
+}
+
+TEST(FieldsTest, ALongTextIsScrolledAnewInAnotherFace) {
+    const Typing field("a long text that does not fit into its field");
+    field.focus("it");
+    field.key(KIT_KEY_END);
+    EXPECT_EQ(kit_screen_draw(field.screen.get(), field.canvas.get(), nullptr), 0);
+    EXPECT_EQ(kit_screen_change(field.screen.get(), "it", "face", "\"bold 14\"", nullptr, 0), 0);
+    EXPECT_EQ(kit_screen_draw(field.screen.get(), field.canvas.get(), nullptr), 0);
+    EXPECT_EQ(checksum(field.canvas.get()), checksum(drawn(field.screen.get()).get()));
+}
+
 }  // namespace

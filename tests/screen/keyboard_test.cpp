@@ -336,4 +336,52 @@ TEST(KeyboardTest, AShortcutOpensADropdown) {
     EXPECT_EQ(used.line("d"), "dropdown =\"A\" focus");
 }
 
+TEST(KeyboardTest, RadioButtonsWithoutAValueOfTheirOwnGoWithTheirNeighbours) {
+    const Used used(scene(R"({"column": [
+        {"row": [{"radio": "A", "id": "a", "on": "${a}"}, {"radio": "B", "id": "b", "on": "${b}"},
+                 {"radio": "C", "id": "c", "selected": 1, "value": 1},
+                 {"radio": "D", "id": "d", "selected": 1, "value": 2}]},
+        {"radio": "E", "id": "e", "on": "${a}"}]})",
+                          R"("size": [300, 60], "sample": {"a": false, "b": false}, )"));
+    used.focus("a");
+    used.key(KIT_KEY_RIGHT, KIT_MOD_SHIFT);
+    EXPECT_EQ(used.focused(), " a");
+    used.key(KIT_KEY_RIGHT);
+    EXPECT_EQ(used.focused(), " b");
+    used.key(KIT_KEY_RIGHT);
+    EXPECT_EQ(used.focused(), " a");
+    used.focus("c");
+    used.key(KIT_KEY_RIGHT);
+    EXPECT_EQ(used.focused(), " d");
+    EXPECT_EQ(used.changes(), "value #b b=true\nvalue #a a=true\nvalue #d=2\n");
+}
+
+TEST(KeyboardTest, APageOfRowsWithoutAHeightIsTenRows) {
+    const Used used(scene(R"({"column": [{"rect": "accent", "height": 200},
+        {"each": "rows", "list_item": "A", "id": "row", "height": 0}], "scroll": true})",
+                          R"("size": [50, 100],
+                             "sample": {"rows": [1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12]}, )"));
+    used.focus("row[0]");
+    used.key(KIT_KEY_PAGE_DOWN);
+    used.key(KIT_KEY_ENTER);
+    EXPECT_EQ(used.changes(), "press #row[10]\n");
+}
+
+TEST(KeyboardTest, WhatIsOutOfSightIsNotScrolled) {
+    const Used used(scene(R"({"column": [{"space": 150}, {"column": [{"rect": "accent",
+        "height": 300, "id": "in"}], "scroll": true, "height": 50}]})",
+                          R"("size": [100, 100], )"));
+    const std::string before = described(used.screen.get());
+    used.key(KIT_KEY_END);
+    EXPECT_EQ(described(used.screen.get()), before);
+}
+
+TEST(KeyboardTest, ARowScrollsToWhatGetsTheKeyboard) {
+    const Used used(scene(R"({"row": [{"space": 150}, {"button": "A", "id": "a", "width": 50}],
+                              "scroll": true})",
+                          R"("size": [100, 40], )"));
+    used.focus("a");
+    EXPECT_EQ(used.box("a"), (kit_box{50, 0, 50, 40}));
+}
+
 }  // namespace

@@ -217,4 +217,13 @@ TEST(LettersTest, RandomBytesBecomeWellFormed) {
     }
 }
 
+TEST(LettersTest, AJoinerJoinsPicturesOnly) {
+    EXPECT_EQ(parted("\u2764\u200D\U0001F525"), "\u2764\u200D\U0001F525");
+    for (const char* other : {"a", "\u4E00", "\U00020000", "\U0001F1E9"}) {
+        const std::string one = other;
+        EXPECT_EQ(parted("\u2764\u200D" + one), "\u2764\u200D|" + one);
+        EXPECT_EQ(parted(one + "\u200D\u2764"), one + "\u200D|\u2764");
+    }
+}
+
 }  // namespace

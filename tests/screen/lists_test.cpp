@@ -308,4 +308,47 @@ TEST(ListsTest, ATooltipStaysOnTheScreen) {
     EXPECT_EQ(tip(R"("size": [40, 10], )", "0"), "0,0 40x10\n");
 }
 
+TEST(ListsTest, WhatOpenedGoesWithItsItemsItsPlaceAndItself) {
+    const auto open = [](const Used& used) {
+        used.focus("mode");
+        used.key(KIT_KEY_ENTER);
+        return !used.popped().empty();
+    };
+    for (const auto& [key, json] : {std::pair{"items", "[]"}, {"height", "0"}}) {
+        const Used used(kModes);
+        EXPECT_TRUE(open(used));
+        EXPECT_EQ(kit_screen_change(used.screen.get(), "mode", key, json, nullptr, 0), 0) << key;
+        EXPECT_EQ(used.popped(), "") << key;
+    }
+    const Used used(kModes);
+    EXPECT_TRUE(open(used));
+    EXPECT_EQ(kit_screen_remove(used.screen.get(), "mode", nullptr, 0), 0);
+    EXPECT_EQ(used.popped(), "");
+}
+
+TEST(ListsTest, ARowThatIsScrolledAwayIsHeldNoLonger) {
+    const Used used(many(0, 100));
+    used.focus("it");
+    used.key(KIT_KEY_ENTER);
+    used.press(30, 60);
+    used.wheel(30, 60, -1200);
+    used.move(31, 61);
+    used.release(31, 61);
+    EXPECT_NE(used.popped(), "");
+    EXPECT_EQ(used.changes(), "");
+}
+
+TEST(ListsTest, AStepperThatGoesWhileAListIsOpenRepeatsNoMore) {
+    Used used(scene(R"({"column": [{"stepper": "${n}", "id": "n", "if": "there", "height": 30},
+        {"dropdown": "A", "items": ["A", "B"], "key": "f4", "id": "d", "height": 30}]})",
+                    R"("size": [100, 150], "sample": {"n": 5, "there": true}, )"));
+    used.press(90, 15);
+    used.key(KIT_KEY_F4);
+    used.changes();
+    EXPECT_EQ(set(used.screen.get(), "there", "false"), "");
+    used.wait(1000);
+    EXPECT_EQ(used.changes(), "");
+    EXPECT_NE(used.popped(), "");
+}
+
 }  // namespace

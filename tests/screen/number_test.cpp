@@ -128,4 +128,15 @@ TEST(NumberTest, RandomNumbersRoundAsIntegersDo) {
     }
 }
 
+TEST(NumberTest, UnitsAreCountedWhereTheyFit) {
+    long long units = 7;
+    EXPECT_TRUE(kit::count_units("-2.50", 2, 1000, units));
+    EXPECT_EQ(units, -250);
+    EXPECT_TRUE(kit::count_units("0", 2, 1000, units));
+    EXPECT_EQ(units, 0);
+    EXPECT_FALSE(kit::count_units("0.25", 1, 1000, units));  // a decimal too many
+    EXPECT_FALSE(kit::count_units("11", 2, 1000, units));
+    EXPECT_FALSE(kit::count_units("1e18", 1, 1000, units));  // of which there are no long longs
+}
+
 }  // namespace

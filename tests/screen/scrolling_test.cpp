@@ -208,4 +208,75 @@ TEST(ScrollingTest, WhatIsOnTopTakesThePointer) {
     }
 }
 
+/// A paragraph of many lines in a box of 60 x 40, with what else is said of it.
+std::string words_in(const std::string& keys) {
+    return R"({"text": "One two three four five six seven eight nine ten eleven", "wrap": true,
+               "width": 60, "height": 40)" +
+           keys + "}";
+}
+
+TEST(ScrollingTest, OnlyAParagraphThatShowsAndHasRoomIsScrolled) {
+    const auto scrolls = [](const std::string& words) {
+        const Used used(scene(R"({"stack": [)" + words + R"(, {"space": 1}], "show": "${page}"})",
+                              R"("size": [100, 100], "sample": {"page": 0}, )"));
+        const std::uint64_t before = checksum(drawn(used.screen.get()).get());
+        EXPECT_EQ(set(used.screen.get(), "page", "1"), "");
+        used.wheel(30, 20, -120);  // while it is hidden
+        used.leave();
+        EXPECT_EQ(set(used.screen.get(), "page", "0"), "");
+        EXPECT_EQ(checksum(drawn(used.screen.get()).get()), before);
+        used.wheel(30, 20, -120);
+        used.leave();
+        return checksum(drawn(used.screen.get()).get()) != before;
+    };
+    EXPECT_TRUE(scrolls(words_in("")));
+    EXPECT_FALSE(scrolls(words_in(R"(, "pad": 30)")));
+    EXPECT_FALSE(scrolls(words_in(R"(, "lines": 2)")));
+}
+
+TEST(ScrollingTest, AParagraphBesideASmallCanvasIsNotDrawn) {
+    const Used used(scene(R"({"column": [{"rect": "accent", "height": 50}, )" + words_in("") + "]}",
+                          R"("size": [100, 100], )"));
+    used.wheel(30, 70, -120);
+    const CanvasPtr canvas = make_canvas(100, 40);
+    kit_screen_expose(used.screen.get(), nullptr);
+    EXPECT_EQ(kit_screen_draw(used.screen.get(), canvas.get(), nullptr), 0);
+    const CanvasPtr whole = drawn(used.screen.get());
+    const CanvasPtr part = make_canvas(100, 40);
+    const kit_box box = {0, 0, 100, 40};
+    kit_copy(part.get(), 0, 0, whole.get(), &box);
+    EXPECT_EQ(checksum(canvas.get()), checksum(part.get()));
+}
+
+TEST(ScrollingTest, ABarWithoutRoomIsNotThere) {
+    const Used padded(scene(R"({"column": [{"rect": "accent", "height": 100}], "scroll": true,
+                                "pad": 60})",
+                            R"("size": [100, 100], )"));
+    const std::uint64_t before = checksum(drawn(padded.screen.get()).get());
+    padded.move(50, 50);
+    EXPECT_EQ(checksum(drawn(padded.screen.get()).get()), before);
+}
+
+TEST(ScrollingTest, ABarGoesWhileItIsHeldWithWhatItScrolls) {
+    const Used used(scene(R"({"column": [{"rect": "accent", "height": 300, "if": "there"}],
+                              "scroll": true})",
+                          R"("size": [100, 100], "sample": {"there": true}, )"));
+    used.press(95, 10);
+    EXPECT_EQ(set(used.screen.get(), "there", "false"), "");
+    const Used fresh(scene(R"({"column": []})", R"("size": [100, 100], )"));
+    EXPECT_EQ(checksum(drawn(used.screen.get()).get()), checksum(drawn(fresh.screen.get()).get()));
+    used.release(95, 10);
+}
+
+TEST(ScrollingTest, ABarShorterThanItsMovingPartIsNotDragged) {
+    const Used used(scene(R"({"column": [{"rect": "accent", "height": 50, "id": "in"}],
+                              "scroll": true})",
+                          R"("size": [100, 10], )"));
+    used.move(50, 5);
+    used.press(95, 5);
+    used.move(95, 9);
+    EXPECT_EQ(used.box("in").y, 0);
+    EXPECT_NE(described(used.screen.get()).find("#in 0,0 100x50"), std::string::npos);
+}
+
 }  // namespace
