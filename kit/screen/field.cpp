@@ -17,6 +17,8 @@ void follow(Editing& editing, const Node& field) {
     if (editing.offered && editing.offered->text() == field.content) {
         editing.editor = std::move(*editing.offered);
         editing.offered.reset();
+    } else if (editing.editor.text() != field.content) {
+        editing.first = field.content;  // nobody typed it: what was before is no longer known
     }
     editing.editor.set_text(field.content);
     editing.editor.set_secret(field.secret);
@@ -41,7 +43,6 @@ std::string words_at_rest(const Node& field) {
 EditingPtr begin_editing(const Node& field) {
     Editing editing;
     editing.tag = field.tag;
-    editing.first = field.content;
     follow(editing, field);
     return std::make_shared<const Editing>(std::move(editing));
 }

@@ -17,7 +17,7 @@ struct Editing {
     Tag tag = 0;
     LineEditor editor;                  // of the text that the field has
     std::optional<LineEditor> offered;  // of the one that it was to have, and may get yet
-    std::string first;                  // the text when the keyboard came
+    std::string first;                  // the text when the keyboard came, or from elsewhere since
 };
 
 /// Copied whenever it changes, since what it remembers may be much.

@@ -102,7 +102,7 @@ bool command_key(Turn& turn, const Node& field, const Stroke& stroke) {
     }
 }
 
-/// Empties a search; gives another field the text that it had when the keyboard came.
+/// Empties a search; gives another field the text that it had before anything was typed.
 bool take_back(Turn& turn, const Node& field) {
     const bool empties = field.is_widget(ORVEL_WIDGET_SEARCH);
     std::string text;

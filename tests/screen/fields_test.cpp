@@ -384,6 +384,34 @@ TEST(FieldsTest, EscapeBringsBackTheTextFromBefore) {
     EXPECT_EQ(field.seen(), "abc|");
 }
 
+TEST(FieldsTest, EscapeGoesBackToAValueFromOutside) {
+    const Typing field("abc");
+    field.focus("it");
+    EXPECT_EQ(set(field.screen.get(), "name", "\"net\""), "");
+    field.key(KIT_KEY_ESCAPE);
+    EXPECT_EQ(field.changes(), "");
+    EXPECT_EQ(field.text(), "net");
+    field.type("x");
+    field.key(KIT_KEY_ESCAPE);
+    EXPECT_EQ(field.changes(), "value #it name=\"net\"\n");
+    field.type("y");
+    EXPECT_EQ(set(field.screen.get(), "name", "\"\""), "");
+    field.type("z");
+    field.key(KIT_KEY_ESCAPE);
+    EXPECT_EQ(field.text(), "");
+}
+
+TEST(FieldsTest, EscapeGoesBackToTheTextOfTheRowThatIsThereNow) {
+    const Used used(scene(R"({"column": [{"each": "rows", "as": "row", "textbox": "${row}"}]})",
+                          R"("size": [100, 100], "sample": {"rows": ["a", "b"]}, )"));
+    used.key(KIT_KEY_TAB);
+    used.key(KIT_KEY_TAB);
+    EXPECT_EQ(set(used.screen.get(), "rows", R"(["new", "a", "b"])"), "");
+    used.key(KIT_KEY_ESCAPE);
+    EXPECT_EQ(used.changes(), "");
+    EXPECT_EQ(used.value("rows"), R"(["new","a","b"])");
+}
+
 TEST(FieldsTest, EscapeEmptiesASearch) {
     const Typing field("abc", "", "search");
     field.focus("it");
