@@ -12,6 +12,8 @@ int near(int place) { return std::clamp(place, -65536, 65536); }
 
 void answer(Turn& turn, const kit_screen_event& event) {
     const int x = near(event.x), y = near(event.y);
+    const bool of_key = event.kind == KIT_EVENT_TEXT || event.kind == KIT_EVENT_TIME;
+    if (!of_key) turn.live.used = {};
     switch (event.kind) {
     case KIT_EVENT_MOVE: return point(turn, x, y);
     case KIT_EVENT_PRESS:

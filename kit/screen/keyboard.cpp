@@ -1,5 +1,6 @@
 // What keys do: the open list first, then the control that has them, then shortcuts, then the rest.
 #include <algorithm>
+#include <utility>
 
 #include "screen/items.h"
 #include "screen/popup.h"
@@ -180,6 +181,7 @@ bool shortcut(Turn& turn, int focused, const Pressed& key) {
     for (int i = 0; i < turn.nodes().front().end; ++i) {
         const Node& node = at(turn.nodes(), i);
         if (!(node.shortcut == wanted) || !node.is_usable()) continue;
+        if (letter) turn.live.used = wanted;
         const bool acts =
             is_one_of(node, {ORVEL_WIDGET_BUTTON, ORVEL_WIDGET_TOGGLE, ORVEL_WIDGET_CHECKBOX,
                              ORVEL_WIDGET_RADIO, ORVEL_WIDGET_LIST_ITEM});
@@ -239,8 +241,7 @@ bool cancel(Turn& turn) {
 
 void press_key(Turn& turn, int key, unsigned modifiers) {
     Live& live = turn.live;
-    const int small = key >= 'A' && key <= 'Z' ? key + 32 : key;
-    const Pressed pressed = {small, modifiers & 7u};
+    const Pressed pressed = {small_key(key), modifiers & 7u};
     const bool told = live.tip_shows();
     live.tip.spent = true;
     if (pressed.key == KIT_KEY_ESCAPE && (cancel(turn) || told)) return;
@@ -261,6 +262,7 @@ void type(Turn& turn, std::string_view text) {
     Live& live = turn.live;
     const Nodes& nodes = turn.nodes();
     live.tip.spent = true;
+    if (types(std::exchange(live.used, {}), text)) return;  // it was a shortcut's
     const int i = find_node(nodes, live.focused);
     if (i >= 0 && at(nodes, i).is_field()) return type_into(turn, at(nodes, i), text);
     const int dropdown = live.open.tag != 0 ? find_node(nodes, live.open.tag) : i;

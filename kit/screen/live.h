@@ -72,6 +72,7 @@ struct Live {
     Open open;
     Tip tip;
     Typed typed;
+    Shortcut used;  // by the key of the last event, whose text is still to come
     std::vector<Scrolled> scrolled;
     EditingPtr editing;
     Clicks clicks;

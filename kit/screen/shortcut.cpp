@@ -47,14 +47,19 @@ bool take(std::string_view& text, std::string_view word) {
     return true;
 }
 
+/// The character that is all of a text; 0 where there is another number of them.
+int only_character(std::string_view text) {
+    if (text.empty()) return 0;
+    const Character only = character_at(text, 0);
+    return only.bytes == text.size() ? static_cast<int>(only.code) : 0;
+}
+
 int key_of(std::string_view text) {
     for (const Named& one : kNamed) {
         if (one.name == text) return one.key;
     }
-    if (text.empty()) return 0;
-    const Character only = character_at(text, 0);
-    const auto character = only.bytes == text.size() ? static_cast<int>(only.code) : 0;
-    const bool capital = character >= 'A' && character <= 'Z';  // keys are called without shift
+    const int character = only_character(text);
+    const bool capital = small_key(character) != character;
     return character <= ' ' || character == 0x7F || capital ? 0 : character;
 }
 
@@ -67,6 +72,12 @@ Shortcut read_shortcut(std::string_view text) {
     if (take(text, "shift+")) shortcut.modifiers |= KIT_MOD_SHIFT;
     shortcut.key = key_of(text);
     return shortcut;
+}
+
+bool types(const Shortcut& shortcut, std::string_view text) {
+    const int character = only_character(text);
+    if (shortcut.key == 0 || character == 0) return false;
+    return shortcut.modifiers != 0 || small_key(character) == shortcut.key;
 }
 
 }  // namespace kit

@@ -108,6 +108,59 @@ TEST(KeyboardTest, ShortcutsUseAControlFromAnywhere) {
     EXPECT_EQ(used.changes(), "value #t t=true\n");
 }
 
+const std::string kFind = scene(
+    R"({"column": [{"search": "${q}", "id": "q", "key": "/", "width": 100},
+                   {"textbox": "${n}", "id": "n", "key": "shift+n", "width": 100},
+                   {"textbox": "${c}", "id": "c", "key": "ctrl+c", "width": 100},
+                   {"button": "Go", "id": "go", "key": "x"}]})",
+    R"("size": [200, 200], "sample": {"q": "", "n": "", "c": ""}, )");
+
+TEST(KeyboardTest, TheCharacterOfAShortcutIsNotTypedIntoWhatItOpens) {
+    Used used(kFind);
+    used.key('/');
+    used.wait(20);
+    used.type("/");
+    EXPECT_EQ(used.value("q"), "\"\"");
+    used.key('/');  // is one of the field's now
+    used.type("/");
+    EXPECT_EQ(used.value("q"), "\"/\"");
+    used.focus("");
+    used.key('N', KIT_MOD_SHIFT);
+    used.type("N");
+    EXPECT_EQ(used.value("n"), "\"\"");
+    used.focus("");
+    used.key('x');
+    used.focus("n");  // as the host may answer
+    used.type("X");   // with Caps Lock
+    used.type("x");
+    EXPECT_EQ(used.value("n"), "\"x\"");
+}
+
+TEST(KeyboardTest, WhatIsTypedOtherwiseAfterAShortcutIsTyped) {
+    const Used used(kFind);
+    used.key('/');
+    used.type("a");
+    used.type("/");
+    EXPECT_EQ(used.value("q"), "\"a/\"");
+    used.focus("");
+    used.key('N', KIT_MOD_SHIFT);
+    used.type("");
+    used.type("N");
+    used.focus("");
+    used.key('N', KIT_MOD_SHIFT);
+    used.type("de");
+    EXPECT_EQ(used.value("n"), "\"de\"");
+    used.focus("");
+    used.key('c', KIT_MOD_CONTROL);
+    used.type("c");
+    EXPECT_EQ(used.value("c"), "\"c\"");
+    used.focus("");
+    used.key('/');
+    used.move(5, 5);
+    used.type("/");
+    EXPECT_EQ(used.value("q"), "\"/\"");
+}
+
 TEST(KeyboardTest, ArrowsGoThroughRadioButtons) {
     const std::string radios =
         R"({"row": [{"radio": "A", "id": "a", "selected": "${m}", "value": 1},
