@@ -176,7 +176,8 @@ bool takes_letters(const Nodes& nodes, int i) {
 
 bool shortcut(Turn& turn, int focused, const Pressed& key) {
     const bool letter = key.key < KIT_KEY_ENTER && (key.modifiers & ~1u) == 0;
-    if (letter && takes_letters(turn.nodes(), focused)) return false;
+    const bool taken = letter && takes_letters(turn.nodes(), focused);
+    if (key.key == 0 || taken) return false;  // 0 is what controls without a shortcut have
     const Shortcut wanted = {key.key, key.modifiers};
     for (int i = 0; i < turn.nodes().front().end; ++i) {
         const Node& node = at(turn.nodes(), i);

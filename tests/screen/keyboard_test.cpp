@@ -136,6 +136,13 @@ TEST(KeyboardTest, TheCharacterOfAShortcutIsNotTypedIntoWhatItOpens) {
     EXPECT_EQ(used.value("n"), "\"x\"");
 }
 
+TEST(KeyboardTest, AKeyThatIsNoneUsesNothing) {
+    const Used used(scene(R"({"column": [{"button": "Go", "id": "go"}]})"));
+    used.key(0);
+    EXPECT_EQ(used.changes(), "");
+    EXPECT_EQ(used.focused(), "");
+}
+
 TEST(KeyboardTest, WhatIsTypedOtherwiseAfterAShortcutIsTyped) {
     const Used used(kFind);
     used.key('/');
