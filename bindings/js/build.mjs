@@ -45,6 +45,7 @@ async function bundle(name, format, more) {
         legalComments: "none",
         minifySyntax: true,
         minifyWhitespace: true,
+        lineLimit: 200,  // node shows the whole line of an error that nobody catches
         banner: { js: `/* OrvelSDK ${version}; see LICENSE and licences/. */` },
         plugins: [places],
         tsconfigRaw: "{}",
