@@ -27,6 +27,9 @@ export interface WordParts {
     color?: ColorLike;
     align?: Align;
 }
+/** ImageData where the compiler knows browsers, and what it has of it elsewhere. */
+export type BrowserPixels = typeof globalThis extends { ImageData: { prototype: infer Known } } ? Known
+    : { readonly data: Uint8ClampedArray; readonly width: number; readonly height: number };
 /** Where it has a theme of its own. */
 export interface Themed {
     theme?: ThemeLike;
@@ -276,12 +279,12 @@ export class Canvas extends Owner<api.orvel_canvas> {
     }
 
     /** The picture, or a box of it, for putImageData() of a browser's canvas. */
-    imageData(box?: BoxLike): ImageData {
+    imageData(box?: BoxLike): BrowserPixels {
         const part = box === undefined ? this.all() : boxOf(box);
         const pixels = write(this.handle, part, RGBA);
         const data = new Uint8ClampedArray(pixels.buffer as ArrayBuffer);
         if (typeof ImageData === "function") return new ImageData(data, part.w, part.h);
-        return { data, width: part.w, height: part.h, colorSpace: "srgb" } as ImageData;
+        return { data, width: part.w, height: part.h, colorSpace: "srgb" } as BrowserPixels;
     }
 
     /** A PNG file; the level, 0 to 9, is that of zlib. The bytes are the same everywhere. */

@@ -7,7 +7,7 @@ import * as api from "./api.js";
 export { api };
 export type { Box, BoxLike } from "./boxes.js";
 export { Canvas } from "./canvas.js";
-export type { Align, Themed, WordParts } from "./canvas.js";
+export type { Align, BrowserPixels, Themed, WordParts } from "./canvas.js";
 export { Color, ROLES, Theme } from "./colors.js";
 export type { ColorLike, Colors, Role, ThemeLike } from "./colors.js";
 export { Freed, OrvelError, OutOfMemory } from "./errors.js";

@@ -1,6 +1,6 @@
 // The package as it is installed: in an empty folder, without a network, for each kind of module.
 import assert from "node:assert/strict";
-import { execFileSync } from "node:child_process";
+import { execFileSync, spawnSync } from "node:child_process";
 import { copyFileSync, cpSync, mkdirSync, readdirSync, readFileSync, statSync, writeFileSync } from "node:fs";
 import { createRequire } from "node:module";
 import { join } from "node:path";
@@ -116,10 +116,28 @@ test("a strict compiler takes the example, and refuses what is wrong", () => fol
     for (const name of ["example.mts", "example.cts"]) {
         copyFileSync(join(SOURCES, "bindings/js/tests/example.ts"), join(path, name));
     }
-    execFileSync(process.execPath, [join(MADE, "tools/node_modules/typescript/bin/tsc"), "--strict", "--noEmit",
-                                    "--module", "nodenext", "--target", "es2022", "--lib", "es2022,dom",
-                                    "example.mts", "example.cts"],
-                 { cwd: path, stdio: ["ignore", "inherit", "inherit"] });
+    writeFileSync(join(path, "shown.mts"), `import { Canvas } from "orvelsdk";
+        declare const context: CanvasRenderingContext2D;
+        context.putImageData(new Canvas(2, 2).imageData(), 0, 0);\n`);
+    writeFileSync(join(path, "plain.mts"), `import { Canvas } from "orvelsdk";
+        const { data, width }: { data: Uint8ClampedArray; width: number } = new Canvas(2, 2).imageData();
+        export const first = data[width];\n`);
+    const compiled = (library, ...files) => execFileSync(
+        process.execPath, [join(MADE, "tools/node_modules/typescript/bin/tsc"), "--strict", "--noEmit",
+                           "--module", "nodenext", "--target", "es2022", "--lib", library, ...files],
+        { cwd: path, stdio: ["ignore", "inherit", "inherit"] });
+    compiled("es2022,dom", "example.mts", "example.cts", "shown.mts");
+    compiled("es2022", "plain.mts");
+}));
+
+test("the line of an error that nobody catches is short", () => folder((path) => {
+    mkdirSync(join(path, "node_modules"));
+    cpSync(join(MADE, "package"), join(path, "node_modules/orvelsdk"), { recursive: true });
+    writeFileSync(join(path, "a.mjs"), 'import { Canvas } from "orvelsdk";\nnew Canvas(-1, 4);\n');
+    const { status, stderr } = spawnSync(process.execPath, ["a.mjs"], { cwd: path, encoding: "utf8" });
+    assert.equal(status, 1);
+    assert.match(stderr, /orvelsdk\.js/);
+    assert.ok(stderr.length < 4000, `${stderr.length} letters`);
 }));
 
 test("the page of the manual does what it says", () => folder((path) => {
