@@ -47,6 +47,27 @@ TEST(ViewState, ValuesAndTheKeyboardSurviveWhereTheyAreStillThere) {
     EXPECT_EQ(kit_screen_get(to.get(), "gone"), nullptr);
 }
 
+TEST(ViewState, TypingGoesOnAtTheEndOfAField) {
+    const char* const field = R"({"textbox": "${t}", "id": "t"})";
+    const Screen from = read(field, R"({"t": "hello"})"), to = read(field, R"({"t": ""})");
+    EXPECT_EQ(kit_screen_focus(from.get(), "t"), 0);
+    carry_over(from.get(), to.get(), {"t"});
+    kit_screen_event typed = {};
+    typed.kind = KIT_EVENT_TEXT;
+    typed.text = "Y";
+    EXPECT_EQ(kit_screen_send(to.get(), &typed, 0), 0);
+    EXPECT_STREQ(kit_screen_get(to.get(), "t"), "\"helloY\"");
+}
+
+TEST(ViewState, ASliderWithTheKeyboardStaysWhereItIs) {
+    const Screen from = read(kTwo, R"({"on": true, "x": 0.75})");
+    const Screen to = read(kTwo, R"({"on": true, "x": 0.25})");
+    EXPECT_EQ(kit_screen_focus(from.get(), "x"), 0);
+    carry_over(from.get(), to.get(), {"x"});
+    EXPECT_EQ(focused(to.get()), "x");
+    EXPECT_STREQ(kit_screen_get(to.get(), "x"), "0.75");
+}
+
 TEST(ViewState, WhatTheNewSceneRefusesIsLeftOut) {
     const Screen from = read(kTwo, R"({"on": true, "x": 0.75})");
     EXPECT_EQ(kit_screen_focus(from.get(), "x"), 0);

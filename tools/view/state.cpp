@@ -25,6 +25,16 @@ std::vector<std::string> words_of(const std::string& line) {
     return words;
 }
 
+/// Lets typing go on at the end of the field that has the keyboard, all of which is selected.
+void go_on_typing(kit_screen* screen) {
+    kit_box caret = {};
+    if (kit_screen_caret(screen, &caret) != 0) return;  // to a slider that key is another one
+    kit_screen_event end = {};
+    end.kind = KIT_EVENT_KEY;
+    end.key = KIT_KEY_END;
+    kit_screen_send(screen, &end, 0);
+}
+
 }  // namespace
 
 std::string focused(kit_screen* screen) {
@@ -48,7 +58,9 @@ void carry_over(kit_screen* from, kit_screen* to, const std::set<std::string>& n
         if (value) kit_screen_set(to, name.c_str(), value, nullptr, 0);
     }
     const std::string focus = focused(from);
-    if (!focus.empty()) kit_screen_focus(to, focus.c_str());
+    if (focus.empty()) return;
+    kit_screen_focus(to, focus.c_str());
+    go_on_typing(to);
 }
 
 }  // namespace orvel_tools
