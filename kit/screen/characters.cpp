@@ -144,6 +144,11 @@ bool is_mark(char32_t code) {
     return !plain && is_among(kMarks, code);
 }
 
+bool is_picture(char32_t code) {
+    if (is_flag_letter(code)) return false;
+    return (code >= 0x2190 && code <= 0x2BFF) || (code >= 0x1F000 && code <= 0x1FBFF);
+}
+
 Class class_of(char32_t code) {
     if (is_among(kBlanks, code)) return Class::Blank;
     return is_among(kSigns, code) ? Class::Sign : Class::Word;

@@ -26,10 +26,7 @@ bool is_mark(char32_t code);
 constexpr bool is_flag_letter(char32_t code) { return code >= 0x1F1E6 && code <= 0x1F1FF; }
 
 /// What a joiner joins: arrows, signs and emoji.
-constexpr bool is_picture(char32_t code) {
-    return (code >= 0x2190 && code <= 0x2BFF) ||
-           (code >= 0x1F000 && code <= 0x1FBFF && !is_flag_letter(code));
-}
+bool is_picture(char32_t code);
 
 enum class Class { Blank, Word, Sign };
 

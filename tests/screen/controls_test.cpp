@@ -9,8 +9,7 @@ using namespace orvel_test;
 
 /// A screen of one control that is 100 pixels wide and 30 high, at the top left.
 std::string one(const std::string& control, const std::string& sample) {
-    return scene(R"({"column": [{)" + control +
-                     R"(, "id": "it", "width": 100, "height": 30}], "id": "all"})",
+    return scene(R"({"column": [{)" + control + R"(, "id": "it", "width": 100, "height": 30}]})",
                  R"("size": [200, 200], "sample": )" + sample + ", ");
 }
 
@@ -439,12 +438,12 @@ TEST(ControlsTest, EndsThatNeedTooManyDigitsAreNotGoneTo) {
 }
 
 TEST(ControlsTest, AHeldStepperThatBecomesAButtonDoesNotRepeat) {
-    Used used(one(R"("stepper": "${a}")", R"({"a": 2})"));
+    Used used(scene(R"({"column": [{"stepper": "${a}", "id": "it", "if": "there", "height": 30},
+                                   {"button": "A", "id": "it", "height": 30}]})",
+                    R"("size": [100, 100], "sample": {"a": 2, "there": true}, )"));
     used.press(90, 15);
     EXPECT_EQ(used.changes(), "value #it a=3\n");
-    const char* const button = R"({"button": "A", "id": "it", "height": 30})";
-    EXPECT_EQ(kit_screen_change(used.screen.get(), "it", "id", "\"was\"", nullptr, 0), 0);
-    EXPECT_EQ(kit_screen_add(used.screen.get(), "all", 0, button, nullptr, 0), 0);
+    EXPECT_EQ(set(used.screen.get(), "there", "false"), "");  // which leaves one of that id
     used.wait(1000);
     EXPECT_EQ(used.changes(), "");
 }
@@ -548,6 +547,53 @@ TEST(ControlsTest, WaysThatLeadNowhereInWhatWasMadeAreRefused) {
                   std::string::npos)
             << way;
     }
+}
+
+/// A way of so many steps of one name.
+std::string steps(const std::string& name, int count) {
+    std::string way;
+    for (; count > 0; --count) way += '.' + name;
+    return way;
+}
+
+/// A value so deep in objects with one member each.
+std::string deep(const std::string& name, int count, const std::string& value) {
+    std::string json;
+    for (int i = 0; i < count; ++i) json += "{\"" + name + "\": ";
+    return json + value + std::string(static_cast<std::size_t>(count), '}');
+}
+
+TEST(ControlsTest, WaysOfMoreThan64StepsAreNotBound) {
+    const auto pressed = [](int below) {
+        static std::string middle, last;
+        middle = scene(R"({"include": "last", "with": {"k": "${m)" + steps("y", 30) + R"(}"}})");
+        last = scene(R"({"toggle": "${k)" + steps("x", below) + R"(}", "id": "it"})");
+        kit_screen_host host = {};
+        host.include = [](void*, const char* name, size_t* length) {
+            const std::string& text = std::strcmp(name, "last") == 0 ? last : middle;
+            *length = text.size();
+            return text.c_str();
+        };
+        Used used(scene(R"({"space": 1})"));
+        used.screen = opened(
+            scene(R"({"include": "middle", "with": {"m": )" + deep("y", 30, "\"${d}\"") + "}}",
+                  R"("size": [60, 40], "sample": {"d": )" + deep("x", below, "true") + "}, "),
+            nullptr, &host);
+        used.focus("it");
+        used.key(' ');
+        return used.changes();
+    };
+    EXPECT_EQ(pressed(33), "value #it d" + steps("x", 33) + "=false\n");
+    EXPECT_EQ(pressed(34), "value #it=false\n");
+}
+
+TEST(ControlsTest, NoTabIsPressedBesideThemAll) {
+    const Used used(scene(R"({"row": [{"tabs": ["A", "B"], "selected": "${a}", "pad": 10}]})",
+                          R"("size": [60, 50], "sample": {"a": 1}, )"));
+    used.click(5, 25);
+    EXPECT_EQ(used.changes(), "");
+    used.click(15, 25);
+    EXPECT_EQ(used.changes(), "value a=0\n");
 }
 
 }  // namespace

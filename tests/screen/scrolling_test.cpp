@@ -234,16 +234,18 @@ TEST(ScrollingTest, OnlyAParagraphThatShowsAndHasRoomIsScrolled) {
     EXPECT_FALSE(scrolls(words_in(R"(, "lines": 2)")));
 }
 
-TEST(ScrollingTest, AParagraphBesideASmallCanvasIsNotDrawn) {
-    const Used used(scene(R"({"column": [{"rect": "accent", "height": 50}, )" + words_in("") + "]}",
+TEST(ScrollingTest, OfAParagraphWhoseWordsLieBesideASmallCanvasNothingIsDrawn) {
+    const Used used(scene(R"({"column": [{"rect": "accent", "height": 50}, )" +
+                              words_in(R"(, "pad": 10, "ground": "surface")") +
+                              R"(], "align": "start"})",
                           R"("size": [100, 100], )"));
     used.wheel(30, 70, -120);
-    const CanvasPtr canvas = make_canvas(100, 40);
+    const CanvasPtr canvas = make_canvas(100, 55);
     kit_screen_expose(used.screen.get(), nullptr);
     EXPECT_EQ(kit_screen_draw(used.screen.get(), canvas.get(), nullptr), 0);
     const CanvasPtr whole = drawn(used.screen.get());
-    const CanvasPtr part = make_canvas(100, 40);
-    const kit_box box = {0, 0, 100, 40};
+    const CanvasPtr part = make_canvas(100, 55);
+    const kit_box box = {0, 0, 100, 55};
     kit_copy(part.get(), 0, 0, whole.get(), &box);
     EXPECT_EQ(checksum(canvas.get()), checksum(part.get()));
 }

@@ -244,6 +244,8 @@ TEST(BdfTest, TheLetterForWhatIsLackedStandsForTheReplacementCharacter) {
     EXPECT_EQ(letter_of(with, 0xFFFD).advance, 8);
     const FacePtr missing = read(kStart + properties + letter("65") + kEnd);
     EXPECT_EQ(kit_face_has(missing.get(), 0xFFFD), 0);
+    const FacePtr beyond = read(kStart + kAscents + "DEFAULT_CHAR 99\n" + letter("65") + kEnd);
+    EXPECT_EQ(kit_face_has(beyond.get(), 0xFFFD), 0);
     const FacePtr above = read(kStart + properties + question + letter("65536") + kEnd);
     EXPECT_EQ(letter_of(above, 0xFFFD).advance, 6);
     EXPECT_EQ(letter_of(above, 0x10000).advance, 5);

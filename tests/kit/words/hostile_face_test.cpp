@@ -98,8 +98,10 @@ TEST(HostileFaceTest, ALetterNeedsACodeABoxAndItsRows) {
               "font:9: more rows than the letter is high");
     EXPECT_EQ(letter("ENCODING 65\nBBX 9 1 0 0\nBITMAP\nE0\nENDCHAR\n"),
               "font:8: a row shorter than the letter is wide");
-    EXPECT_EQ(letter("ENCODING 65\nBBX 3 1 0 0\nBITMAP\nEG\nENDCHAR\n"),
-              "font:8: a row that is not hexadecimal");
+    for (const char* row : {"EG", "Eg", "E-", "Ez"}) {
+        EXPECT_EQ(letter(std::string("ENCODING 65\nBBX 3 1 0 0\nBITMAP\n") + row + "\nENDCHAR\n"),
+                  "font:8: a row that is not hexadecimal");
+    }
     EXPECT_EQ(letter("ENCODING 65\nBBX 3 1 0 0\nBITMAP\nE0:\nENDCHAR\n"),
               "font:8: a row that is not hexadecimal");
     EXPECT_EQ(letter("ENCODING 65\nBBX 3 1 0 0\nSTARTCHAR B\n"),
