@@ -496,7 +496,7 @@ TEST(ControlsTest, TimeAndTheEventBothSetValues) {
     used.key(KIT_KEY_F1);
     EXPECT_EQ(used.changes(), "value #a a=7\nvalue #b b=true\n");
     used.release(90, 15);
-    used.move(10, 45);
+    used.move(10, 35);
     used.now = 1000;  // the tooltip shows, and goes again
     used.key(KIT_KEY_F1);
     EXPECT_EQ(used.changes(), "value #b b=false\n");
