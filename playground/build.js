@@ -69,6 +69,7 @@ async function bundle(entry) {
         write: false,
         format: "iife",
         minify: true,
+        keepNames: true, // messages name classes
         target: "es2022",
         charset: "utf8",
         legalComments: "none",
