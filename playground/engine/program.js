@@ -176,10 +176,11 @@ export class Program {
         if (of === "orvel_color" || of === "kit_box") {
             return fields.map((field) => String(Number(record?.[field.name] ?? 0))).join(", ");
         }
+        const lengths = new Set(fields.map((field) => field.length)); // the lists' own count
         const parts = [];
         for (const field of fields) {
             const value = record?.[field.name];
-            if (isNothing(value) || value === 0) continue;
+            if (isNothing(value) || value === 0 || lengths.has(field.name)) continue;
             parts.push(`.${field.name} = ${this.field(field, value)}`);
             if (field.length) parts.push(`.${field.length} = ${value.length}`);
         }
