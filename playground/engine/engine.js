@@ -28,7 +28,7 @@ const answers = {
     start: ({ files }) => (
         keepFiles(files),
         {
-            version: api.orvel_version(),
+            version: api.kit_version(),
             icons: api.orvel_icon_list(),
             live: canLive,
             presets: {

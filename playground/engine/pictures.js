@@ -89,7 +89,7 @@ export function pictureOf(canvas, panel, dither) {
 
 /** Refuses what would be too large to show. */
 export function refuseLarge(width, height) {
-    if (width * height <= MOST_PIXELS) return;
+    if (!(width * height > MOST_PIXELS)) return; // the library says what is no number
     throw new Error(
         `a canvas of ${width} x ${height} is too large to show here: ` +
             `${MOST_PIXELS} pixels are the most`,
