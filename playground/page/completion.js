@@ -91,7 +91,7 @@ function keyOptions(parts, keys, colon) {
         apply: put(colon ? `"${key}": ` : `"${key}"`),
         detail: text,
         type: kind ? "class" : "property",
-        boost: kind ? 0 : 1,
+        boost: kind ? 1 : 0,
     }));
 }
 
