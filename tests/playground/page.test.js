@@ -290,6 +290,31 @@ test("a theme is edited with its contrasts beside it", async () => {
     assert.deepEqual(faults, []);
 });
 
+test("messages name what is meant, and C has a length once", async () => {
+    const { page, faults } = await open();
+    const about = JSON.parse(readFileSync(`${root}/build/js/package/package.json`, "utf8"));
+    assert.equal(await page.textContent("#version"), `version ${about.version}`);
+    await toProgram(page, "const c = kit_canvas(9, 9); orvel_canvas_destroy(c); kit_pixels(c);");
+    assert.match(await said(page, /freed/), /orvel_canvas was freed/);
+    await type(page, "code", "kit_canvas(50);");
+    await said(page, /^Line 1: height is a whole number, not undefined/);
+    await page.getByRole("tab", { name: "Show as C" }).click();
+    await drawn(page, () =>
+        type(
+            page,
+            "code",
+            "const c = kit_canvas(90, 90), theme = {}; orvel_theme_light(theme); " +
+                "kit_chart_draw(c, theme, {kind: KIT_CHART_LINE, box: [0, 0, 90, 90], count: 1, " +
+                "series: [{values: [1, 2, 3], count: 3}]});",
+        ),
+    );
+    await page.locator("#program").getByText("kit_chart_draw").waitFor();
+    const text = await page.textContent("#program");
+    assert.match(text, /\.count = 3\}/);
+    assert.doesNotMatch(text, /\.count = \d+, \.count/);
+    assert.deepEqual(faults, []);
+});
+
 test("the inspector names the pixel and the node under pointer and arrow keys", async () => {
     const { page } = await open();
     await drawn(page, () => type(page, "scene", SMALL.replace('"${word}"', '"Word"')));
