@@ -6,6 +6,13 @@ import { likeC } from "./values.js";
 
 const MOST_PICTURES = 120;
 
+/** A way to the page that no program can reach: its port is sent before any of a program runs. */
+function openPort() {
+    const { port1, port2 } = new MessageChannel();
+    self.postMessage({ port: port2 }, [port2]);
+    return port1.postMessage.bind(port1);
+}
+
 class Playing {
     constructor() {
         this.program = new Program();
@@ -55,6 +62,8 @@ function globals(playing) {
     }
 }
 
+const send = self.name === "program" ? openPort() : null;
+
 /** Runs @p run and tells the page how it went. */
 export async function play(run) {
     const playing = new Playing();
@@ -65,12 +74,12 @@ export async function play(run) {
     self.console = { log: tell, info: tell, warn: tell, error: tell, debug() {} };
     self.onmessage = null;
     globals(playing);
-    self.postMessage({ begun: true });
+    send({ begun: true });
     try {
         await run();
-        self.postMessage({ done: { ...playing.end(), said } });
+        send({ done: { ...playing.end(), said } });
     } catch (reason) {
         const stack = String(reason?.stack ?? "");
-        self.postMessage({ failed: String(reason?.message ?? reason), stack, said });
+        send({ failed: String(reason?.message ?? reason), stack, said });
     }
 }

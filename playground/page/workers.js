@@ -5,9 +5,9 @@ const MOST_MS = 2000;
 const START_MS = 20000;
 const source = document.getElementById("engine").textContent;
 
-function startWorker(text) {
+function startWorker(text, name) {
     const address = URL.createObjectURL(new Blob([text], { type: "text/javascript" }));
-    const worker = new Worker(address);
+    const worker = new Worker(address, { name });
     URL.revokeObjectURL(address);
     return worker;
 }
@@ -51,7 +51,7 @@ export class Engine {
     }
 
     #start() {
-        const worker = startWorker(source);
+        const worker = startWorker(source, "engine");
         worker.onmessage = ({ data }) => {
             this.#ready = true;
             const { resolve, reject, late } = this.#waiting;
@@ -93,6 +93,26 @@ function placeFromTrace(code, stack) {
     return null;
 }
 
+const isText = (value) => typeof value === "string";
+const isSide = (value) => Number.isInteger(value) && value > 0;
+const isPicture = ({ name, width, height, rgba } = {}) =>
+    isText(name) &&
+    isSide(width) &&
+    isSide(height) &&
+    rgba instanceof Uint8ClampedArray &&
+    rgba.length === 4 * width * height;
+const textsOf = (said) => (Array.isArray(said) ? said.filter(isText) : []);
+
+/** What a program told when it was done; it may have changed whatever the engine calls. */
+function doneOf({ pictures, program, said }) {
+    const isGood =
+        Array.isArray(pictures) &&
+        pictures.every((each) => each && isPicture(each)) &&
+        (isText(program?.text) || isText(program?.lacks));
+    if (!isGood) return { failed: "The program's pictures cannot be read.", said: textsOf(said) };
+    return { pictures, program, said: textsOf(said) };
+}
+
 let running = null;
 
 /** Ends the program that runs, if one does. */
@@ -108,7 +128,7 @@ export function stopProgram() {
 export function runProgram(code) {
     stopProgram();
     return new Promise((resolve) => {
-        const worker = startWorker(`${BEFORE}${code}\n});`);
+        const worker = startWorker(`${BEFORE}${code}\n});`, "program");
         let late = setTimeout(
             () => end({ failed: "The program did not start.", said: [] }),
             START_MS,
@@ -120,21 +140,26 @@ export function runProgram(code) {
             resolve(how);
         };
         running = () => end({ stopped: true, said: [] });
-        worker.onmessage = ({ data }) => {
-            if (data?.begun) {
+        const heard = ({ data }) => {
+            if (data.begun) {
                 clearTimeout(late);
                 const why =
                     "The program ran longer than two seconds and was ended: an endless loop?";
                 late = setTimeout(() => end({ failed: why, said: [] }), MOST_MS);
-            } else if (Array.isArray(data?.done?.pictures)) {
-                end(data.done);
-            } else if (data?.failed !== undefined) {
+            } else if (data.done) {
+                end(doneOf(data.done));
+            } else {
                 end({
                     failed: String(data.failed),
                     place: placeFromTrace(code, String(data.stack)),
-                    said: data.said,
+                    said: textsOf(data.said),
                 });
             }
+        };
+        // The engine's port is first; what else comes is the program's own, and says nothing.
+        worker.onmessage = ({ data: { port } }) => {
+            worker.onmessage = null;
+            port.onmessage = heard;
         };
         worker.onerror = (event) => {
             event.preventDefault();

@@ -135,6 +135,22 @@ test("what is wrong with a program is told with its line", async () => {
     );
 });
 
+test("no message of a program's stands for what it drew", async () => {
+    const { page, faults } = await open();
+    const forged = `const forged = {done: {pictures: [{name: "a", width: 2, height: 2,
+        rgba: new Uint8ClampedArray(16)}], program: {text: "forged"}, said: []}};
+        self.postMessage(forged); self.postMessage({done: {}}); self.postMessage({failed: "x"});
+        self.postMessage(null); orvel_canvas_clear(kit_canvas(9, 7), "#102030");`;
+    await toProgram(page, "");
+    await drawn(page, () => type(page, "code", forged));
+    assert.deepEqual([...(await pixels(page)).rgba.subarray(0, 4)], [16, 32, 48, 255]);
+    await page.getByRole("tab", { name: "Show as C" }).click();
+    assert.match(await page.textContent("#program"), /kit_canvas\(9, 7\)/);
+    await type(page, "code", "kit_canvas(9, 7); Array.prototype.push = function () { return 0; };");
+    await said(page, /made no picture|cannot be read|is not/);
+    assert.deepEqual(faults, []);
+});
+
 test("a scene too large for the page is told so", async () => {
     const { page, faults } = await open();
     await type(
