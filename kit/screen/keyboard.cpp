@@ -238,11 +238,22 @@ bool cancel(Turn& turn) {
     return true;
 }
 
+/// What is typed with Shift may be a shortcut, too, as "?" is: its key has another name.
+bool typed_shortcut(Turn& turn, std::string_view text) {
+    const Shortcut sign = {only_character(text), 0};
+    const bool told = turn.live.pressed == sign;  // as a key, which did what it does
+    if (told || sign.key <= ' ') return false;
+    const bool found = shortcut(turn, find_node(turn.nodes(), turn.live.focused), {sign.key, 0});
+    turn.live.used = {};  // its text has come
+    return found;
+}
+
 }  // namespace
 
 void press_key(Turn& turn, int key, unsigned modifiers) {
     Live& live = turn.live;
     const Pressed pressed = {small_key(key), modifiers & 7u};
+    live.pressed = {pressed.key, pressed.modifiers};
     const bool told = live.tip_shows();
     live.tip.spent = true;
     if (pressed.key == KIT_KEY_ESCAPE && (cancel(turn) || told)) return;
@@ -264,6 +275,7 @@ void type(Turn& turn, std::string_view text) {
     const Nodes& nodes = turn.nodes();
     live.tip.spent = true;
     if (types(std::exchange(live.used, {}), text)) return;  // it was a shortcut's
+    if (typed_shortcut(turn, text)) return;
     const int i = find_node(nodes, live.focused);
     if (i >= 0 && at(nodes, i).is_field()) return type_into(turn, at(nodes, i), text);
     const int dropdown = live.open.tag != 0 ? find_node(nodes, live.open.tag) : i;

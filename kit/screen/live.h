@@ -72,7 +72,8 @@ struct Live {
     Open open;
     Tip tip;
     Typed typed;
-    Shortcut used;  // by the key of the last event, whose text is still to come
+    Shortcut pressed;  // the last key
+    Shortcut used;     // by the key of the last event, whose text is still to come
     std::vector<Scrolled> scrolled;
     EditingPtr editing;
     Clicks clicks;

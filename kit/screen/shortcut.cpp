@@ -47,13 +47,6 @@ bool take(std::string_view& text, std::string_view word) {
     return true;
 }
 
-/// The character that is all of a text; 0 where there is another number of them.
-int only_character(std::string_view text) {
-    if (text.empty()) return 0;
-    const Character only = character_at(text, 0);
-    return only.bytes == text.size() ? static_cast<int>(only.code) : 0;
-}
-
 int key_of(std::string_view text) {
     for (const Named& one : kNamed) {
         if (one.name == text) return one.key;
@@ -64,6 +57,12 @@ int key_of(std::string_view text) {
 }
 
 }  // namespace
+
+int only_character(std::string_view text) {
+    if (text.empty()) return 0;
+    const Character only = character_at(text, 0);
+    return only.bytes == text.size() ? static_cast<int>(only.code) : 0;
+}
 
 Shortcut read_shortcut(std::string_view text) {
     Shortcut shortcut;

@@ -18,6 +18,9 @@ struct Shortcut {
 /// "f5", "ctrl+s", "ctrl+alt+shift+pageup"; without a key where it is none of these.
 Shortcut read_shortcut(std::string_view text);
 
+/// The character that is all of a text; 0 where there is another number of them.
+int only_character(std::string_view text);
+
 /// Whether a text is what a shortcut without Control and Alt types: with Shift that depends on the
 /// keyboard, and any one character counts.
 bool types(const Shortcut& shortcut, std::string_view text);

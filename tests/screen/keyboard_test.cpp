@@ -143,6 +143,44 @@ TEST(KeyboardTest, AKeyThatIsNoneUsesNothing) {
     EXPECT_EQ(used.focused(), "");
 }
 
+TEST(KeyboardTest, ASignThatNeedsShiftIsAShortcutWhereverItIsOnTheKeyboard) {
+    const Used used(scene(
+        R"({"column": [{"button": "Help", "id": "help", "key": "?"},
+                       {"button": "7", "id": "seven", "key": "shift+7"},
+                       {"button": "Blank", "id": "blank", "key": "space"},
+                       {"button": "/", "id": "slash", "key": "/"},
+                       {"textbox": "${q}", "id": "q"},
+                       {"dropdown": "A", "items": ["A", "?"], "id": "d", "key": "f4"}]})",
+        R"("size": [200, 300], "sample": {"q": ""}, )"));
+    for (const int key : {0x2F, 0xDF, 0x3F}) {  // of three keyboards
+        used.key(key, KIT_MOD_SHIFT);
+        used.type("?");
+        EXPECT_EQ(used.changes(), "press #help\n");
+    }
+    used.type("?");  // of a host that tells no keys
+    used.type("?");
+    used.type("??");
+    used.type("!");
+    EXPECT_EQ(used.changes(), "press #help\npress #help\n");
+    used.key('7', KIT_MOD_SHIFT);
+    used.type("/");
+    EXPECT_EQ(used.changes(), "press #seven\n");
+    used.key(' ', KIT_MOD_SHIFT);
+    used.type(" ");
+    EXPECT_EQ(used.changes(), "");
+    used.key('/');
+    used.move(5, 290);
+    used.type("/");
+    EXPECT_EQ(used.changes(), "press #slash\n");
+    used.focus("q");
+    used.type("?");
+    EXPECT_EQ(used.changes(), "value #q q=\"?\"\n");
+    used.focus("");
+    used.key(KIT_KEY_F4);
+    used.type("?");
+    EXPECT_EQ(used.changes(), "");
+}
+
 TEST(KeyboardTest, WhatIsTypedOtherwiseAfterAShortcutIsTyped) {
     const Used used(kFind);
     used.key('/');
