@@ -101,18 +101,10 @@ void wait_milliseconds(long count) {
 }  // namespace
 
 int open_beside_streams(const char* path, int flags) {
-    const auto open_file = [path, flags] { return open(path, flags | O_CLOEXEC, 0666); };
-    if ((flags & O_ACCMODE) == O_RDONLY) {
-        // The lowest free number is taken: beyond the streams, none of them is closed. Else nothing
-        // was lost, since what is only read cannot be printed to.
-        const int descriptor = open_file();
-        if (!is_of_a_stream(descriptor)) return descriptor;
-        close(descriptor);
-    }
     for (;;) {
         const HeldStreams streams;
         if (!streams.complete()) return -1;
-        const int descriptor = open_file();
+        const int descriptor = open(path, flags | O_CLOEXEC, 0666);
         if (!is_of_a_stream(descriptor)) return descriptor;
         close(descriptor);  // the host has closed a file of its own there in between
     }

@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <cstdio>
 #include <memory>
-#include <string>
 
 namespace orvel {
 
@@ -16,10 +15,6 @@ using File = std::unique_ptr<std::FILE, CloseFile>;
 /// Opens @p path for binary reading, or returns null. Never waits for the other end of a FIFO or
 /// for a device. Folders open where the platform opens them.
 File open_for_reading(const char* path);
-
-/// Opens the resource @p name in @p folder for binary reading, at the path that resolve_resource()
-/// gives, or returns null. What is found by opening it is not opened again.
-File open_resource(const std::string& folder, const std::string& name);
 
 /// Opens @p path for binary writing, created or emptied, or returns null.
 File open_for_writing(const char* path);

@@ -12,6 +12,7 @@
 #include "canvas/canvas.h"
 #include "core/bytes.h"
 #include "core/files.h"
+#include "core/state.h"
 
 namespace orvel {
 namespace {
@@ -147,7 +148,7 @@ using namespace orvel;
 
 int orvel_icon_draw_bitmap(orvel_canvas* canvas, const char* name, int x, int y) {
     if (!canvas || !name) return -1;
-    const File file = open_resource("Icons", name);
+    const File file = open_for_reading(resolve_resource("Icons", name).c_str());
     if (!file) return -1;
     std::setvbuf(file.get(), nullptr, _IONBF, 0);  // each read is a block of its own
     unsigned char bytes[Header::kBytes];

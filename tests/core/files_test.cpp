@@ -37,19 +37,6 @@ protected:
         return machine().opened_as;
     }
 
-    /// Saves the picture that read() reads.
-    void save_picture() const {
-        std::filesystem::create_directories(folder / "Icons");
-        const std::string path = folder / "Icons/picture.bmp";
-        ASSERT_EQ(orvel_canvas_save_bmp(canvas.get(), path.c_str()), 0);
-    }
-
-    /// Reads a picture by its bare name, and the number that its file had.
-    int read() const {
-        EXPECT_EQ(orvel_icon_draw_bitmap(canvas.get(), "picture", 0, 0), 0);
-        return machine().opened_as;
-    }
-
     /// Plays a track that is always found under a lease; how often it was tried.
     std::ptrdiff_t tries_to_play(const char* name) const {
         always(Call::open, Way::leased);
@@ -88,33 +75,6 @@ TEST_F(FilesTest, AFileThatIsWrittenGetsTheFirstNumberBehindTheStreamsWhicheverA
         });
         EXPECT_EQ(status, 0) << closed;
     }
-}
-
-TEST_F(FilesTest, AFileThatIsReadGetsTheFirstNumberBehindTheStreamsWhicheverAreClosed) {
-    save_picture();
-    for (int closed = 0; closed < 8; ++closed) {
-        const int status = in_child([this, closed] {
-            const int first = fcntl(STDERR_FILENO, F_DUPFD, STDERR_FILENO + 1);
-            close(first);
-            for (const int stream : kStreams) {
-                if (closed >> stream & 1) close(stream);
-            }
-            const int before = open_descriptors();
-            return read() == first && open_descriptors() == before ? 0 : 1;
-        });
-        EXPECT_EQ(status, 0) << closed;
-    }
-}
-
-TEST_F(FilesTest, WhatABareNameFindsIsOpenedOnce) {
-    save_picture();
-    begin_run({});
-    {
-        const Armed armed;
-        read();
-    }
-    const std::vector<Call> made = calls_of_run();
-    EXPECT_EQ(std::count(made.begin(), made.end(), Call::open), 3);  // .wav, .mp3, .bmp
 }
 
 TEST_F(FilesTest, AFileGetsNoNumberThatTheHostGivesUpWhileItIsOpened) {

@@ -42,7 +42,7 @@ def main():
     page = (sources / "SECURITY.md").read_text(encoding="utf-8")
     existing = {".".join(names) for path in (sources / "tests").rglob("*.cpp")
                 for names in TEST.findall(path.read_text(encoding="utf-8"))}
-    version = re.search(r'#define ORVEL_VERSION "(.*)"', (sources / "include/orvel.h").read_text())[1]
+    version = re.search(r'#define KIT_VERSION "(.*)"', (sources / "kit/include/orvel_kit.h").read_text())[1]
     found = list(problems(page, existing, version))
 
     # What is wrong would be seen.
