@@ -67,9 +67,12 @@ std::string path_of(const Nodes& nodes, int i) {
 
 kit_box meet(const kit_box& a, const kit_box& b) {
     const int x = std::max(a.x, b.x), y = std::max(a.y, b.y);
-    const int w = std::min(a.x + a.w, b.x + b.w) - x, h = std::min(a.y + a.h, b.y + b.h) - y;
+    // A host's box may end beyond what an int holds.
+    const auto end = [](int start, int size) { return static_cast<long long>(start) + size; };
+    const long long w = std::min(end(a.x, a.w), end(b.x, b.w)) - x;
+    const long long h = std::min(end(a.y, a.h), end(b.y, b.h)) - y;
     if (w < 1 || h < 1) return {};
-    return {x, y, w, h};
+    return {x, y, static_cast<int>(w), static_cast<int>(h)};
 }
 
 kit_box join(const kit_box& a, const kit_box& b) {

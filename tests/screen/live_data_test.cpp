@@ -1,4 +1,6 @@
 // Data that change while a screen lives: what is drawn again, and that nothing else is.
+#include <climits>
+
 #include "screens.h"
 
 namespace {
@@ -216,6 +218,20 @@ TEST(LiveDataTest, TheHostSaysWhatItsCanvasHasLost) {
     kit_screen_expose(nullptr, nullptr);
     EXPECT_EQ(kit_screen_draw(nullptr, canvas.get(), nullptr), -1);
     EXPECT_EQ(kit_screen_draw(screen.get(), nullptr, nullptr), -1);
+}
+
+TEST(LiveDataTest, WhatIsLostMayReachAsFarAsNumbersDo) {
+    const ScreenPtr screen = opened(scene(R"({"rect": "accent"})", kHead));
+    const CanvasPtr canvas = drawn(screen.get());
+    const auto lost = [&](const kit_box& box) {
+        kit_screen_expose(screen.get(), &box);
+        return redrawn(screen.get(), canvas.get());
+    };
+    EXPECT_EQ(lost({50, 30, INT_MAX, INT_MAX}), (kit_box{50, 30, 70, 50}));
+    EXPECT_EQ(lost({-9, -9, INT_MAX, 19}), (kit_box{0, 0, 120, 10}));
+    EXPECT_EQ(lost({INT_MAX - 5, 0, 10, 10}), (kit_box{}));
+    EXPECT_EQ(lost({0, INT_MAX, 10, INT_MAX}), (kit_box{}));
+    EXPECT_EQ(lost({INT_MIN, INT_MIN, INT_MIN, INT_MIN}), (kit_box{}));
 }
 
 TEST(LiveDataTest, ASmallerCanvasGetsWhatFits) {
