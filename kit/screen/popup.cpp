@@ -70,8 +70,10 @@ void add_list(Nodes& nodes, const Live& live) {
     Node row = popped(owner, "list_item");
     Node list = popped(owner, "column");
     row.text = "0";
+    row.items = owner.items;
     const int high = std::max(1, size_of_widget(row).h);
-    const int wide = std::max(owner.box.w, want_of(owner, kAcross));
+    const int wide = std::max(
+        {owner.box.w, want_of(owner, kAcross), want_of(row, kAcross) + 2});  // and the edge
     const long long all = static_cast<long long>(high) * count_items(owner.items);
     const int content = static_cast<int>(std::min<long long>(all, kMostList));
     list.tag = list_tag(0);

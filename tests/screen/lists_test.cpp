@@ -244,6 +244,25 @@ TEST(ListsTest, ADropdownIsAsWideAsItsWidestItem) {
               width(R"("dropdown": "Wide words")"));
 }
 
+TEST(ListsTest, AListIsAsWideAsItsWidestItem) {
+    const auto width = [](const std::string& words, int screen) {
+        const std::string box =
+            list_box(scene(R"({"row": [{"dropdown": "A", "items": ["B", ")" + words +
+                               R"("], "id": "it", "width": 40, "height": 20}]})",
+                           R"("size": [)" + std::to_string(screen) + ", 100], "));
+        return std::atoi(box.substr(box.find(' ') + 1).c_str());
+    };
+    for (const char* words : {"Wide words, and many of them", "Comfort", "WWWWWWWWWW"}) {
+        kit_widget row = {};
+        row.kind = ORVEL_WIDGET_LIST_ITEM;
+        row.text = words;
+        int wanted = 0;
+        ASSERT_EQ(kit_size(&row, &wanted, nullptr), 0);
+        EXPECT_GE(width(words, 400), wanted + 2) << words;  // and its edge
+    }
+    EXPECT_EQ(width("Wide words, and many of them", 100), 100);
+}
+
 const std::string kTips = scene(
     R"({"column": [{"space": 40}, {"row": [{"button": "A", "id": "a", "tip": "What A does",
                      "width": 40, "height": 30},
