@@ -61,6 +61,7 @@ struct Live {
     long long told = 0;  // what it told last
     Clock clock = 0;
     bool inside = false;  // whether the pointer is on the screen
+    bool tapped = false;  // whether it was pressed where it is, and did not move since
     int x = 0, y = 0;
     int wheel_x = 0, wheel_y = 0;  // fifths of pixels that were turned and not scrolled
     Tag hovered = 0;

@@ -133,6 +133,7 @@ void point(Turn& turn, int x, int y) {
     live.inside = true;
     live.x = x;
     live.y = y;
+    if (moved) live.tapped = false;
     if (moved && !live.tip_shows()) live.tip.since = live.clock;
     if (live.held.tag != 0) return drag(turn);
     const int i = moved && live.open.tag != 0 ? control_under(turn.nodes(), x, y) : -1;
@@ -143,7 +144,7 @@ void press(Turn& turn, int x, int y, unsigned modifiers) {
     Live& live = turn.live;
     live.held = {};
     point(turn, x, y);
-    live.tip.spent = true;
+    live.tip.spent = live.tapped = true;
     live.held.x = x;
     live.held.y = y;
     if (hold_scroller(turn, false)) return;

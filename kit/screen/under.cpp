@@ -75,7 +75,7 @@ void find_under(const Nodes& nodes, Live& live) {
         live.bar = around.empty() ? 0 : at(nodes, around.front()).tag;
     }
     const Tag tip = live.inside ? tip_under(nodes, live.x, live.y) : 0;
-    if (tip != live.tip.tag) live.tip = {tip, live.clock, false};
+    if (tip != live.tip.tag) live.tip = {tip, live.clock, live.tapped};
 }
 
 }  // namespace kit

@@ -311,6 +311,31 @@ TEST(ListsTest, ATooltipGoesByAPressAKeyAndTheWheel) {
     EXPECT_EQ(used.popped(), "");
 }
 
+TEST(ListsTest, ATapShowsNoTooltip) {
+    for (const int x : {20, 90}) {  // a button; a panel, which cannot be used
+        Used used(kTips);
+        used.click(x, 50);
+        EXPECT_EQ(kit_screen_wait(used.screen.get(), used.now), -1) << x;
+        used.wait(600);
+        EXPECT_EQ(used.popped(), "") << x;
+        used.move(110 - x, 51);  // the other one
+        used.wait(600);
+        EXPECT_NE(used.popped(), "") << x;
+    }
+}
+
+TEST(ListsTest, ATapBesideAListShowsNoTooltip) {
+    Used used(scene(
+        R"({"column": [{"dropdown": "A", "items": ["A", "B"], "id": "it", "height": 20},
+            {"space": 80}, {"button": "B", "id": "b", "tip": "What B does", "height": 30}]})",
+        R"("size": [120, 130], )"));
+    used.click(20, 10);
+    used.click(20, 115);
+    EXPECT_EQ(used.popped(), "");
+    used.wait(600);
+    EXPECT_EQ(used.popped(), "");
+}
+
 TEST(ListsTest, ATooltipStaysOnTheScreen) {
     const auto tip = [](const char* head, const char* space) {
         Used used(scene(std::string(R"({"column": [{"space": )") + space +
