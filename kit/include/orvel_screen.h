@@ -200,8 +200,8 @@ typedef enum kit_key {
     KIT_KEY_DOWN = 0x110008,      /**< an arrow */
     KIT_KEY_HOME = 0x110009,      /**< to the first, the lowest, the top */
     KIT_KEY_END = 0x11000A,       /**< to the last, the highest, the bottom */
-    KIT_KEY_PAGE_UP = 0x11000B,   /**< ten steps or a page up */
-    KIT_KEY_PAGE_DOWN = 0x11000C, /**< ten steps or a page down */
+    KIT_KEY_PAGE_UP = 0x11000B,   /**< a tenth of the range, or a page up */
+    KIT_KEY_PAGE_DOWN = 0x11000C, /**< a tenth of the range, or a page down */
     KIT_KEY_F1 = 0x11000D,        /**< a function key, for shortcuts */
     KIT_KEY_F2 = 0x11000E,        /**< the next one */
     KIT_KEY_F3 = 0x11000F,        /**< the next one */
@@ -280,8 +280,8 @@ typedef struct kit_change {
 ORVEL_API int kit_screen_next(kit_screen* screen, kit_change* change);
 
 /**
- * When time matters by itself: a stepper repeats, a tooltip shows, a caret blinks. A host waits for
- * its events no longer, and then sends KIT_EVENT_TIME.
+ * When time matters by itself: a stepper repeats, a tooltip shows. A host waits for its events no
+ * longer, and then sends KIT_EVENT_TIME.
  *
  * @param now_ms  in milliseconds.
  * @return in milliseconds from now, 0 when it already does; -1 where it does not, and for null.

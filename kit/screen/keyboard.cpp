@@ -67,7 +67,7 @@ bool number_key(Turn& turn, const Node& node, const Pressed& key) {
     // Up is more, and so is right.
     const bool up = key.key == KIT_KEY_UP || key.key == KIT_KEY_DOWN;
     const int arrow = up ? -key.arrow() : key.arrow();
-    const long long by = arrow - key.page() * range->tenth();
+    const long long by = arrow - key.page() * range->page();
     if (by != 0) move_by(turn, node, by);
     return by != 0;
 }

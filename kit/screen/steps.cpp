@@ -63,6 +63,7 @@ std::optional<Steps> Steps::of(const Node& node) {
             continue;
         }
         steps.count_ = size / steps.step_;
+        if (!node.ends[0].empty()) steps.page_ = std::max<long long>(1, steps.count_ / 10);
         return steps;
     }
 }

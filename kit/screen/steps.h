@@ -20,14 +20,14 @@ public:
     std::string at(long long part, long long whole) const;
     std::string lowest() const { return text(low_); }
     std::string highest() const { return text(low_ + count_ * step_); }
-    /// As many steps as are a tenth of the range.
-    long long tenth() const { return std::max<long long>(1, count_ / 10); }
+    /// As many steps as a Page key takes: a tenth of the range, or ten where the number may be any.
+    long long page() const { return page_; }
 
 private:
     std::string text(long long units) const;
 
     int decimals_ = 0;
-    long long low_ = 0, high_ = 0, step_ = 1, count_ = 0;
+    long long low_ = 0, high_ = 0, step_ = 1, count_ = 0, page_ = 10;
 };
 
 }  // namespace kit

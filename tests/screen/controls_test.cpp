@@ -216,6 +216,13 @@ TEST(ControlsTest, AStepperWithoutARangeHasAnyNumber) {
     EXPECT_EQ(after_key(R"("stepper": "${a}", "range": [3, 8])", "\"-\"", KIT_KEY_UP), "4");
 }
 
+TEST(ControlsTest, PageKeysTakeATenthOfTheRangeOrTenStepsWithoutOne) {
+    EXPECT_EQ(after_key(R"("stepper": "${a}")", "5", KIT_KEY_PAGE_UP), "15");
+    EXPECT_EQ(after_key(R"("stepper": "${a}")", "5", KIT_KEY_PAGE_DOWN), "-5");
+    EXPECT_EQ(after_key(R"("stepper": "${a}", "range": [0, 50])", "5", KIT_KEY_PAGE_UP), "10");
+    EXPECT_EQ(after_key(R"("stepper": "${a}", "range": [0, 5])", "2", KIT_KEY_PAGE_UP), "3");
+}
+
 TEST(ControlsTest, ARatingTakesTheStarThatIsPressed) {
     const Used used(one(R"("rating": "${a}")", R"({"a": 2})"));
     const kit_box box = used.box("it");

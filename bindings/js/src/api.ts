@@ -3527,9 +3527,9 @@ export const KIT_KEY_DOWN = 1114120;
 export const KIT_KEY_HOME = 1114121;
 /** to the last, the highest, the bottom */
 export const KIT_KEY_END = 1114122;
-/** ten steps or a page up */
+/** a tenth of the range, or a page up */
 export const KIT_KEY_PAGE_UP = 1114123;
-/** ten steps or a page down */
+/** a tenth of the range, or a page down */
 export const KIT_KEY_PAGE_DOWN = 1114124;
 /** a function key, for shortcuts */
 export const KIT_KEY_F1 = 1114125;
@@ -3994,8 +3994,8 @@ export function kit_screen_next(
 }
 
 /**
- * When time matters by itself: a stepper repeats, a tooltip shows, a caret blinks. A host waits for
- * its events no longer, and then sends KIT_EVENT_TIME.
+ * When time matters by itself: a stepper repeats, a tooltip shows. A host waits for its events no
+ * longer, and then sends KIT_EVENT_TIME.
  *
  * @param now_ms in milliseconds.
  * @returns in milliseconds from now, 0 when it already does; -1 where it does not, and for

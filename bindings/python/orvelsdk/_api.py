@@ -1196,8 +1196,8 @@ change: written; null is refused.
 Returns: 1 when there was one, 0 when not; -1 for null.""")
 kit_screen_wait = _function(
     _OrvelScreen, "kit_screen_wait", c_longlong, [POINTER(kit_screen), c_longlong],
-    """When time matters by itself: a stepper repeats, a tooltip shows, a caret blinks. A host waits for
-its events no longer, and then sends KIT_EVENT_TIME.
+    """When time matters by itself: a stepper repeats, a tooltip shows. A host waits for its events no
+longer, and then sends KIT_EVENT_TIME.
 
 now_ms: in milliseconds.
 Returns: in milliseconds from now, 0 when it already does; -1 where it does not, and for null.""")
