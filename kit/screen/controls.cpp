@@ -47,6 +47,11 @@ const std::string& number_of(const Node& node) {
     return node.is_widget(ORVEL_WIDGET_STEPPER) ? node.text : node.written;
 }
 
+/// Whether a control has a number already.
+bool has(const Node& node, const std::string& number) {
+    return is_number(number_of(node)) && compare_numbers(number_of(node), number) == 0;
+}
+
 bool has_items(const Node& node) { return node.kind->value == Type::Items || !node.items.empty(); }
 
 bool has_number(const Node& node) {
@@ -80,9 +85,7 @@ void act(Turn& turn, const Node& control) {
 }
 
 void set_number(Turn& turn, const Node& control, const std::string& text) {
-    const std::string& now = number_of(control);
-    if (is_number(now) && compare_numbers(now, text) == 0) return;
-    turn.set(control, read(text));
+    if (!has(control, text)) turn.set(control, read(text));
 }
 
 void choose(Turn& turn, const Node& control, int item) {
@@ -124,6 +127,11 @@ void move_by(Turn& turn, const Node& control, long long steps) {
     if (!range) return;
     set_number(turn, control, range->moved(number_of(control), steps));
     turn.sound(control);
+}
+
+bool moves(const Node& control, long long steps) {
+    const auto range = Steps::of(control);
+    return range && !has(control, range->moved(number_of(control), steps));
 }
 
 bool move_to_end(Turn& turn, const Node& control, bool last) {

@@ -42,6 +42,7 @@ int kit_screen_send(kit_screen* screen, const kit_screen_event* event, long long
         turn.settle();
         answer(turn, *event);
         turn.settle();
+        plan_repeat(turn);
         turn.finish(*screen);
         return 0;
     });

@@ -44,4 +44,15 @@ void pass_time(Turn& turn, long long now) {
     }
 }
 
+void plan_repeat(Turn& turn) {
+    Held& held = turn.live.held;
+    const int i = find_node(turn.nodes(), held.tag);
+    if (i < 0 || !at(turn.nodes(), i).is_widget(ORVEL_WIDGET_STEPPER) || held.part == 0) return;
+    if (!moves(at(turn.nodes(), i), held.part)) {
+        held.next = kNever;
+    } else if (held.next == kNever) {  // the host has made room
+        held.next = turn.live.clock + kRepeat;
+    }
+}
+
 }  // namespace kit

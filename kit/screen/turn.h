@@ -50,6 +50,8 @@ private:
 /* What time and events do. */
 
 void pass_time(Turn& turn, long long now);
+/// A stepper that is held waits for nothing where its number ends.
+void plan_repeat(Turn& turn);
 /// The clock at which time next matters; kNever where it does not.
 Clock due(const Live& live);
 /// How much later than the last event a time of the host's is.
@@ -79,6 +81,8 @@ void focus_next(Turn& turn, bool back);
 void act(Turn& turn, const Node& control);
 /// So many steps further: a number, an item.
 void move_by(Turn& turn, const Node& control, long long steps);
+/// Whether a stepper's number would be another one then.
+bool moves(const Node& control, long long steps);
 /// To the first or the last of what it can be; false where its numbers cannot be counted.
 bool move_to_end(Turn& turn, const Node& control, bool last);
 /// To the item with a number.

@@ -208,6 +208,47 @@ TEST(ControlsTest, AStepperEndsAtItsRange) {
     EXPECT_EQ(after_key(R"("stepper": "${a}", "range": [0, 9])", "5", KIT_KEY_HOME), "0");
 }
 
+TEST(ControlsTest, AStepperThatIsHeldAtItsEndWaitsForNothing) {
+    Used used(one(R"("stepper": "${a}", "range": [0, "${most}"], "sound": "tick")",
+                  R"({"a": 7, "most": 9})"));
+    used.press(90, 15);
+    EXPECT_EQ(kit_screen_wait(used.screen.get(), used.now), 400);
+    used.wait(400);
+    EXPECT_EQ(used.value("a"), "9");
+    EXPECT_EQ(kit_screen_wait(used.screen.get(), used.now), -1);
+    used.changes();
+    used.wait(100000);
+    EXPECT_EQ(used.changes(), "");
+    set(used.screen.get(), "most", "11");  // there is more now
+    used.wait(100000);
+    EXPECT_EQ(used.changes(), "");
+    EXPECT_EQ(kit_screen_wait(used.screen.get(), used.now), 60);
+    used.wait(60);
+    EXPECT_EQ(used.changes(), "value #it a=10\nsound #it=\"tick\"\n");
+    used.release(90, 15);
+    used.press(90, 15);
+    EXPECT_EQ(used.value("a"), "11");
+    EXPECT_EQ(kit_screen_wait(used.screen.get(), used.now), -1);  // at once
+    used.release(90, 15);
+    used.press(5, 15);  // the other way
+    EXPECT_EQ(kit_screen_wait(used.screen.get(), used.now), 400);
+    used.changes();
+    used.wait(1000000000);
+    EXPECT_EQ(used.changes(), "value #it a=0\nsound #it=\"tick\"\n");
+    EXPECT_EQ(kit_screen_wait(used.screen.get(), used.now), -1);
+}
+
+TEST(ControlsTest, AStepperWhoseNumberIsTheHostsRepeatsUntilItsEnd) {
+    Used words(one(R"("stepper": "-", "range": [0, 9])", "{}"));
+    words.press(90, 15);
+    EXPECT_EQ(kit_screen_wait(words.screen.get(), words.now), 400);
+    Used fine(one(R"("stepper": "5", "range": [0, 9, 1e-10])", "{}"));
+    fine.press(90, 15);
+    EXPECT_EQ(kit_screen_wait(fine.screen.get(), fine.now), -1);
+    fine.wait(1000);
+    EXPECT_EQ(fine.changes(), "");
+}
+
 TEST(ControlsTest, AStepperWithoutARangeHasAnyNumber) {
     EXPECT_EQ(after_key(R"("stepper": "${a}")", "-7", KIT_KEY_UP), "-6");
     EXPECT_EQ(after_key(R"("stepper": "${a}")", "2.5", KIT_KEY_DOWN), "2");
