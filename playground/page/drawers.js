@@ -264,10 +264,12 @@ export function programDrawer(program) {
     });
     const copy = element("button", { textContent: "Copy" });
     const told = element("span", { role: "status" });
+    const sameness = element("span");
     const how = element(
         "p",
         {},
-        "Draws the same bytes. Compile it with ",
+        sameness,
+        " Compile it with ",
         element("code", {
             textContent:
                 "cc -std=c99 picture.c $(pkg-config --cflags --libs orvelscreen) -o picture",
@@ -283,7 +285,8 @@ export function programDrawer(program) {
         name: "Show as C",
         panel,
         draw() {
-            const { text, lacks } = program();
+            const { text, note, lacks } = program();
+            sameness.textContent = note || "Draws the same bytes.";
             code.textContent = text ?? `There is none: ${lacks}.`;
             copy.disabled = !text;
             told.textContent = "";

@@ -25,7 +25,7 @@ started.catch(() => {}); // begin() says why
 const state = { mode: "scene", theme: "", panel: "", dither: "ordered", own: null, canLive: false };
 let presets = {};
 let pictures = []; // what there is to see: { name, width, height, rgba, describe }
-let program = { lacks: "nothing is drawn yet" };
+let programOf = () => ({ lacks: "nothing is drawn yet" }); // of a picture, in C
 let turn = 0;
 
 const shownNames = { scene: "scene.json", data: "data.json", code: "picture.js" };
@@ -114,15 +114,31 @@ function sceneWish(data) {
     };
 }
 
+const lacking = (lacks) => () => ({ lacks });
+const frame = () => Math.min(Number(byId("frame").value), pictures.length - 1);
+
+/** The program of the picture that is shown, and what that picture has that C does not draw. */
+function shownProgram() {
+    const { text, lacks } = programOf(pictures[frame()]);
+    if (!text) return { lacks };
+    const parts = [];
+    if (state.panel !== "") parts.push("without the panel's colours");
+    if (live.isOn) parts.push("as it was before it was used");
+    const note = parts.length > 0 ? `Draws the picture ${parts.join(", and ")}.` : "";
+    return { note, text: note ? `/* ${note} */\n${text}` : text };
+}
+
 async function drawScene(now) {
     const drawn = [];
     try {
         for (const data of dataFrames()) {
-            drawn.push({ name: "picture.bmp", ...(await engine.ask("scene", sceneWish(data))) });
+            const wish = sceneWish(data);
+            drawn.push({ name: "picture.bmp", wish, ...(await engine.ask("scene", wish)) });
             if (now !== turn) return;
         }
     } catch (reason) {
         if (now !== turn) return;
+        programOf = lacking("the scene could not be drawn");
         const problem = problemOf(reason.message, "error");
         mark([problem]);
         say(
@@ -136,9 +152,9 @@ async function drawScene(now) {
         .filter(Boolean)
         .map((line) => problemOf(line, "warning"));
     mark(notes);
-    program = {
-        text: sceneProgram({ ...sceneWish(dataFrames()[0]), pictures: drawn[0].pictures }),
-    };
+    programOf = (picture) => ({
+        text: sceneProgram({ ...picture.wish, pictures: picture.pictures }),
+    });
     const count = `${notes.length} ${notes.length === 1 ? "note" : "notes"}`;
     shown(drawn, notes.length > 0 ? count : "");
     if (byId("live").checked) {
@@ -161,11 +177,11 @@ async function drawProgram(now) {
         };
         mark([problem, ...said]);
         say("error", done.place ? `Line ${done.place.line}: ${done.failed}` : done.failed);
-        program = { lacks: "the program did not end well" };
+        programOf = lacking("the program did not end well");
         return;
     }
     mark(said);
-    program = done.program;
+    programOf = () => done.program;
     if (done.pictures.length === 0) {
         say(
             "warning",
@@ -206,11 +222,11 @@ function shown(drawn, note) {
 }
 
 function showFrame() {
-    const picture = pictures[Number(byId("frame").value)] ?? pictures[0];
-    byId("frame-name").textContent =
-        `${Number(byId("frame").value) + 1} of ${pictures.length}, ${picture.name}`;
+    const picture = pictures[frame()];
+    byId("frame-name").textContent = `${frame() + 1} of ${pictures.length}, ${picture.name}`;
     show(picture, picture.describe);
     comparison.compare();
+    if (!asC.panel.hidden) asC.draw();
 }
 
 async function draw() {
@@ -250,7 +266,7 @@ async function insert({ node, code }) {
 
 const comparison = compareDrawer();
 const insertion = insertDrawer(engine, insert);
-const asC = programDrawer(() => program);
+const asC = programDrawer(shownProgram);
 const themes = themeDrawer((theme) => {
     state.own = theme;
     byId("theme").value = state.theme = "own";
@@ -387,7 +403,7 @@ byId("shade").addEventListener("click", () => {
 
 wireSaving({
     engine,
-    drawn: () => ({ pictures, program }),
+    drawn: () => ({ pictures, program: shownProgram() }),
     source: () =>
         state.mode === "scene"
             ? { name: "scene.json", text: editors.scene.text, data: editors.data.text }

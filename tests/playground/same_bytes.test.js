@@ -5,7 +5,19 @@ import { execFileSync } from "node:child_process";
 import { existsSync, readFileSync, writeFileSync } from "node:fs";
 import { join } from "node:path";
 import { after, before, test } from "node:test";
-import { bmpPixels, drawn, folder, native, open, pixels, root, start, stop } from "./browser.js";
+import {
+    bmpPixels,
+    drawn,
+    folder,
+    native,
+    open,
+    pixels,
+    root,
+    said,
+    start,
+    stop,
+    type,
+} from "./browser.js";
 
 before(start);
 after(stop);
@@ -59,6 +71,36 @@ async function programOfC(page) {
 async function choose(page, select, value) {
     await drawn(page, () => page.selectOption(select, value));
 }
+
+test("the program of C is of the picture that is shown, or says what it is without", async () => {
+    const { page, faults } = await open();
+    const scene = '{"orvel": 1, "size": [60, 30], "root": {"text": "${word}"}}';
+    await page.getByRole("tab", { name: "Show as C" }).click();
+    await type(page, "scene", scene);
+    await page.getByRole("tab", { name: "data.json" }).click();
+    await type(page, "data", '[{"word": "One"}, {"word": "Two"}, {"word": "Three"}]');
+    await said(page, /^3 pictures/);
+    await page.focus("#frame");
+    await page.keyboard.press("End");
+    const third = await pixels(page);
+    const drawnByC = async () => bmpPixels(readFileSync(join(await programOfC(page), "picture.bmp")));
+    same(third, await drawnByC(), "the third");
+    await choose(page, "#panel", "mono");
+    assert.match(await page.textContent("#drawers"), /without the panel's colours\. Compile/);
+    assert.match(await page.textContent("#program"), /^\/\* Draws .* without the panel's colours/);
+    same(third, await drawnByC(), "the third without the panel");
+    await choose(page, "#panel", "");
+    assert.doesNotMatch(await page.textContent("#program"), /without/);
+    await drawn(page, () => page.check("#live"));
+    await page.locator("#program").getByText("as it was before it was used").waitFor();
+    await drawn(page, () => page.uncheck("#live"));
+    await type(page, "data", '{"word": }');
+    await page.locator("#program").getByText("There is none").waitFor();
+    await page.click("#save");
+    await page.click('[data-save="c"]');
+    await said(page, /There is no program of C/);
+    assert.deepEqual(faults, []);
+});
 
 test("every scene draws the bytes of orvel-render, and its program of C does", async () => {
     const { page, faults } = await open();
