@@ -160,16 +160,6 @@ export function makeEditor(place, { language, label, complete, changed }) {
             view.setState(EditorState.create({ doc: text, extensions }));
             quiet = false;
         },
-        /** Puts a text where the caret is. */
-        insert(text) {
-            const { from, to } = view.state.selection.main;
-            view.dispatch({
-                changes: { from, to, insert: text },
-                selection: { anchor: from + text.length },
-                userEvent: "input",
-            });
-            view.focus();
-        },
         /** Marks problems: { line, column, kind, text }. */
         mark(problems) {
             const diagnostics = problems.map((problem) => {

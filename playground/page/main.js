@@ -4,6 +4,7 @@ import { sceneProgram } from "./c_scene.js";
 import { compareDrawer, insertDrawer, programDrawer, themeDrawer } from "./drawers.js";
 import { makeEditor } from "./editor.js";
 import { byId, element, makeTabs } from "./elements.js";
+import { codeInsertion } from "./code_insertion.js";
 import { nodeInsertion } from "./insertion.js";
 import { makeLive } from "./live.js";
 import { unpackLink } from "./link.js";
@@ -244,24 +245,25 @@ async function draw() {
 
 // ---- The tools below
 
-async function insert({ node, code }) {
+function put(view, change) {
+    view.dispatch({
+        changes: change,
+        selection: { anchor: change.from + change.insert.trimEnd().length },
+        scrollIntoView: true,
+        userEvent: "input",
+    });
+    view.focus();
+}
+
+function insert({ node, code }) {
     if (state.mode === "javascript") {
-        const { view } = editors.code,
-            line = view.state.doc.lineAt(view.state.selection.main.head);
-        view.dispatch({ selection: { anchor: line.to } });
-        editors.code.insert(`${line.text.trim() === "" ? "" : "\n"}${code.trimEnd()}`);
-        return;
+        const { view } = editors.code;
+        return put(view, codeInsertion(view.state, code));
     }
     const change = nodeInsertion(editors.scene.view.state, node);
     if (!change) return say("error", "The scene has no row, column or stack to insert into.");
     files.choose(0);
-    editors.scene.view.dispatch({
-        changes: change,
-        selection: { anchor: change.from + change.insert.length },
-        scrollIntoView: true,
-        userEvent: "input",
-    });
-    editors.scene.view.focus();
+    put(editors.scene.view, change);
 }
 
 const comparison = compareDrawer();

@@ -1,10 +1,12 @@
 // What the lists of the page insert: a node of a scene for each widget and for what else is drawn
-// often, and the call that draws it.
+// often, and the call that draws it on a canvas in a theme.
 
-const kit = (kind, fields) =>
-    `kit_draw(canvas, theme, {kind: ORVEL_WIDGET_${kind}, box: [16, 16, 0, 0]${fields}});\n`;
-const sized = (kind, w, h, fields = "") =>
-    `kit_draw(canvas, theme, {kind: ORVEL_WIDGET_${kind}, box: [16, 16, ${w}, ${h}]${fields}});\n`;
+const sized =
+    (kind, w, h, fields = "") =>
+    (canvas, theme) =>
+        `kit_draw(${canvas}, ${theme}, ` +
+        `{kind: ORVEL_WIDGET_${kind}, box: [16, 16, ${w}, ${h}]${fields}});`;
+const kit = (kind, fields) => sized(kind, 0, 0, fields);
 
 /** { name, node, code, width, height }, the latter two of the picture in the list. */
 export const WIDGETS = [
@@ -113,14 +115,15 @@ export const WIDGETS = [
     {
         name: "text",
         node: { text: "21.5°", face: "bold 24" },
-        code: 'kit_text_draw(canvas, kit_bold_24(), "21.5°", 16, 40, theme.text);\n',
+        code: (canvas, theme) =>
+            `kit_text_draw(${canvas}, kit_bold_24(), "21.5°", 16, 40, ${theme}.text);`,
     },
     {
         name: "area chart",
         node: { chart: "area", series: [{ values: [1, 3, 2, 5, 4] }], width: 120, height: 44 },
-        code:
-            "kit_chart_draw(canvas, theme, {kind: KIT_CHART_AREA, box: [16, 16, 200, 100], " +
-            "series: [{values: [1, 3, 2, 5, 4]}]});\n",
+        code: (canvas, theme) =>
+            `kit_chart_draw(${canvas}, ${theme}, {kind: KIT_CHART_AREA, box: [16, 16, 200, 100], ` +
+            "series: [{values: [1, 3, 2, 5, 4]}]});",
         height: 54,
     },
 ];
@@ -128,5 +131,5 @@ export const WIDGETS = [
 /** An icon's node and call. */
 export const iconSample = (name) => ({
     node: { icon: name, size: 24 },
-    code: `kit_icon(canvas, "${name}", 16, 16, 24, theme.text);\n`,
+    code: (canvas, theme) => `kit_icon(${canvas}, "${name}", 16, 16, 24, ${theme}.text);`,
 });

@@ -265,6 +265,39 @@ test("what is clicked in the lists is inserted, and draws", async () => {
     assert.deepEqual(faults, []);
 });
 
+test("what is inserted into a program names what is there, and draws", async () => {
+    const { page, faults } = await open();
+    const icon = page.locator('#drawers button[title="Insert sun"]');
+    const button = page.locator('#drawers button[title="Insert button"]');
+    await page.locator(".switch").getByText("JavaScript").click();
+    const files = await page
+        .locator("#example option")
+        .evaluateAll((all) => all.map((each) => each.value));
+    await button.waitFor({ timeout: 20000 });
+    for (const file of files) {
+        if (file !== (await page.inputValue("#example")))
+            await drawn(page, () => page.selectOption("#example", file));
+        const before = await pixels(page);
+        await drawn(page, () => button.click());
+        await drawn(page, () => icon.click());
+        const state = await page.textContent("#state");
+        assert.match(state, /^(Drawn|\d+ pictures of)/, file);
+        if (file === "hello.js") assert.ok(!before.rgba.equals((await pixels(page)).rgba), file);
+    }
+    for (const [code, inserted] of [
+        ["", /kit_icon\(canvas, "sun", 16, 16, 24, theme\.text\);/],
+        ["let c = kit_canvas(50, 40); // mine\nfor (;;) break", /kit_icon\(c, .*theme\.text/],
+        ["const theme = 1, c = kit_canvas(50, 40)", /kit_icon\(c, .*theme2\.text/],
+        ["{ const c = kit_canvas(5, 4); kit_save_bmp(c, 'a') }", /kit_icon\(canvas, /],
+    ]) {
+        await type(page, "code", code || " ");
+        await drawn(page, () => icon.click());
+        assert.match(await page.locator("#editor-code .cm-content").innerText(), inserted);
+        assert.match(await page.textContent("#state"), /^(Drawn|2 pictures of)/, code);
+    }
+    assert.deepEqual(faults, []);
+});
+
 test("the schema completes keys and values, the header completes functions", async () => {
     const { page } = await open();
     await type(page, "scene", '{"orvel": 1, "root": {"column": [{"icon": ""}]}}');
