@@ -89,12 +89,12 @@ class Bill(unittest.TestCase):
             names = re.findall(r"(?:^|[,|]) *([\w.+-]+)", f"{field['Depends']}, {field['Recommends']}")
         else:
             names = ["libc.so.6", "libgcc_s.so.1", "libm.so.6", "libstdc++.so.6"]
-            names += ["libpng16.so.16"] if path.suffix == ".gz" else []
+            names += ["libpng16.so.16", "libSDL2-2.0.so.0"] if path.suffix == ".gz" else []
         licences = {"MIT"}
-        for part, licence, packages in (("CLI11", "BSD-3-Clause", ["tools"]),
-                                        ("DejaVu", "Bitstream-Vera", ["kit", "tools"]),
-                                        ("nlohmann-json", "MIT", ["screen", "tools"])):
-            if path.suffix == ".whl" and len(packages) == 1:
+        for part, licence, packages in (("CLI11", "BSD-3-Clause", ["tools", "view"]),
+                                        ("DejaVu", "Bitstream-Vera", ["kit", "tools", "view"]),
+                                        ("nlohmann-json", "MIT", ["screen", "tools", "view"])):
+            if path.suffix == ".whl" and packages[0] == "tools":
                 continue  # a part of the programs alone
             if any(name in path.name for name in packages) or path.suffix != ".deb":
                 names.append(part)
