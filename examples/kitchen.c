@@ -11,5 +11,7 @@ int main(void) {
     kit_widget slider = {.kind = ORVEL_WIDGET_SLIDER, .box = {12, 40, 216, 20}};
     slider.value = 0.65;
     kit_draw(canvas, &theme, &slider);
-    return kit_save_bmp(canvas, "kitchen.bmp");
+    const int status = kit_save_bmp(canvas, "kitchen.bmp");
+    orvel_canvas_destroy(canvas);
+    return status;
 }
