@@ -208,6 +208,13 @@ TEST(ControlsTest, AStepperEndsAtItsRange) {
     EXPECT_EQ(after_key(R"("stepper": "${a}", "range": [0, 9])", "5", KIT_KEY_HOME), "0");
 }
 
+TEST(ControlsTest, AStepperOfFinerStepsThanItCanCountWaitsForNothing) {
+    Used used(one(R"("stepper": "${a}", "range": [0, 1, 0.0000000000001])", R"({"a": 0})"));
+    used.press(90, 15);
+    EXPECT_EQ(used.changes(), "");
+    EXPECT_EQ(kit_screen_wait(used.screen.get(), used.now), -1);
+}
+
 TEST(ControlsTest, AStepperThatIsHeldAtItsEndWaitsForNothing) {
     Used used(one(R"("stepper": "${a}", "range": [0, "${most}"], "sound": "tick")",
                   R"({"a": 7, "most": 9})"));
