@@ -131,7 +131,8 @@ void move_by(Turn& turn, const Node& control, long long steps) {
 
 bool moves(const Node& control, long long steps) {
     const auto range = Steps::of(control);
-    return range && !has(control, range->moved(number_of(control), steps));
+    if (!range) return false;
+    return !has(control, range->moved(number_of(control), steps));
 }
 
 bool move_to_end(Turn& turn, const Node& control, bool last) {
