@@ -4,7 +4,7 @@ import { test } from "node:test";
 import { Canvas, Face, Freed, Screen, Theme, Widget } from "orvelsdk";
 
 const scene = { orvel: 1, size: [64, 48], root: { column: [
-    { text: "${text}" }, { progress: "${value}" }, { picture: "red" }] } };
+    { text: "${text}" }, { progress: "${value}" }, { picture: "red", id: "red" }] } };
 
 function random(seed) {
     return (below) => {
@@ -34,7 +34,8 @@ test("objects are freed or collected in any order", async () => {
             }
             if (things.screen) {
                 const drawn = things.screen.render();
-                assert.equal(String(drawn.get(2, 40)), String(drawn.get(2, 40)));
+                const { x, y, w, h } = things.screen.box("red");
+                assert.equal(String(drawn.get(x + (w >> 1), y + (h >> 1))), "#ff0000");
                 drawn.free();
             }
         }
