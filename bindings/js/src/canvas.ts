@@ -12,6 +12,7 @@ import type { FaceLike } from "./faces.js";
 import { files } from "./files.js";
 import { formatOf, write } from "./formats.js";
 import type { FormatName, FormatParts } from "./formats.js";
+import { oneOf, optionsOf } from "./names.js";
 import { Owner } from "./owner.js";
 import * as png from "./png.js";
 import { Chart, Widget } from "./widgets.js";
@@ -35,13 +36,8 @@ export interface Themed {
     theme?: ThemeLike;
 }
 
-function alignOf(name: Align): number {
-    if (!Object.hasOwn(ALIGNS, name)) {
-        throw new RangeError(`there is no alignment "${String(name)}"; ` +
-                             "there are left, center, right");
-    }
-    return ALIGNS[name];
-}
+const themeOf = (parts: Themed): ThemeLike | undefined =>
+    optionsOf(parts, ["theme"], "a canvas").theme;
 
 /** A picture of so many pixels, opaque black or all of one colour.
  *
@@ -65,7 +61,7 @@ export class Canvas extends Owner<api.orvel_canvas> {
             this.own = first;
             this.colors = second as Theme;
         } else {
-            this.colors = Theme.of(parts.theme ?? "dark");
+            this.colors = Theme.of(themeOf(parts) ?? "dark");
             this.own = created(first, second as number);
         }
         this.width = api.orvel_canvas_width(this.own);
@@ -169,22 +165,26 @@ export class Canvas extends Owner<api.orvel_canvas> {
     // ---- Words
 
     /** One line whose letters stand on the row baseline. Returns the x at which it ends. */
-    text(text: string, x: number, baseline: number, parts: WordParts = {}): number {
-        return api.kit_text_draw(this.handle, faceOf(parts.face), text, x, baseline,
-                                 this.to(parts.color ?? "text"));
+    text(text: string, x: number, baseline: number, parts: Omit<WordParts, "align"> = {}): number {
+        const { face, color = "text" } = optionsOf(parts, ["face", "color"], "a line of words");
+        return api.kit_text_draw(this.handle, faceOf(face), text, x, baseline, this.to(color));
     }
 
     /** One line in a box, with an ellipsis where it is too wide. Returns whether it was cut. */
     textBox(text: string, box: BoxLike, parts: WordParts = {}): boolean {
-        return api.kit_text_box(this.handle, faceOf(parts.face), text, boxOf(box),
-                                alignOf(parts.align ?? "left"),
-                                this.to(parts.color ?? "text")) === 1;
+        return api.kit_text_box(this.handle, ...this.words(text, box, parts)) === 1;
     }
 
     /** A paragraph in a box, from its top. Returns the lines that all of it takes. */
     textWrap(text: string, box: BoxLike, parts: WordParts = {}): number {
-        return api.kit_text_wrap(this.handle, faceOf(parts.face), text, boxOf(box),
-                                 alignOf(parts.align ?? "left"), this.to(parts.color ?? "text"));
+        return api.kit_text_wrap(this.handle, ...this.words(text, box, parts));
+    }
+
+    private words(text: string, box: BoxLike, parts: WordParts) {
+        const { face, align = "left", color = "text" } =
+            optionsOf(parts, ["face", "align", "color"], "a text in a box");
+        return [faceOf(face), text, boxOf(box), oneOf(align, ALIGNS, "alignment"),
+                this.to(color)] as const;
     }
 
     /** The library's own 5 x 7 signs, which cannot be read; (x, y) is the top left corner. */
@@ -214,9 +214,9 @@ export class Canvas extends Owner<api.orvel_canvas> {
         if (!(other instanceof Canvas)) {
             throw new TypeError(`what is pasted is a Canvas, not ${kindOf(other)}`);
         }
-        const call = parts.stamp ? api.kit_stamp : api.kit_copy;
-        const part = parts.part ? boxOf(parts.part) : null;
-        if (call(this.handle, x, y, other.handle, part) !== 0) {
+        const { part, stamp } = optionsOf(parts, ["part", "stamp"], "what is pasted");
+        const call = stamp ? api.kit_stamp : api.kit_copy;
+        if (call(this.handle, x, y, other.handle, part ? boxOf(part) : null) !== 0) {
             throw new OutOfMemory("the memory is too small to copy these pixels");
         }
     }
@@ -297,7 +297,8 @@ export class Canvas extends Owner<api.orvel_canvas> {
     }
 
     /** A BMP file of 24 bits, or with alpha of 32, as the library writes them. */
-    bmp({ alpha = false } = {}): Uint8Array {
+    bmp(parts: { alpha?: boolean } = {}): Uint8Array {
+        const { alpha } = optionsOf(parts, ["alpha"], "a BMP file");
         const call = alpha ? api.kit_save_bmp_rgba : api.kit_save_bmp;
         const failed = call(this.handle, BMP) !== 0;
         const found = files.get(BMP);

@@ -4,7 +4,8 @@ import * as api from "./api.js";
 import type { Box } from "./boxes.js";
 import { Color } from "./colors.js";
 import type { ColorLike } from "./colors.js";
-import { kindOf, OrvelError, OutOfMemory } from "./errors.js";
+import { OrvelError, OutOfMemory } from "./errors.js";
+import { oneOf, optionsOf } from "./names.js";
 
 /** What a pixel becomes: the layouts of the kit by name. */
 export const FORMATS = {
@@ -36,18 +37,10 @@ export interface FormatParts {
 
 type Format = NonNullable<Parameters<typeof api.kit_pixels_stride>[0]>;
 
-function oneOf(name: string, table: Readonly<Record<string, number>>, what: string): number {
-    if (typeof name !== "string") throw new TypeError(`${what} is a name, not ${kindOf(name)}`);
-    if (!Object.hasOwn(table, name)) {
-        throw new RangeError(`there is no ${what} "${name}"; there are ` +
-                             Object.keys(table).join(", "));
-    }
-    return table[name]!;
-}
-
 /** The record for kit_pixels(). */
 export function formatOf(name: FormatName, parts: FormatParts = {}): Format {
-    const { dither = "none", turns = 0, palette, plane = 0, keepAlpha = true } = parts;
+    const { dither = "none", turns = 0, palette, plane = 0, keepAlpha = true } =
+        optionsOf(parts, ["dither", "turns", "palette", "plane", "keepAlpha"], "a format");
     const record = {
         layout: oneOf(name, FORMATS, "format"),
         dither: oneOf(dither, DITHERS, "dither"),

@@ -2,6 +2,7 @@
 
 import * as api from "./api.js";
 import { kindOf } from "./errors.js";
+import { oneOf, optionsOf } from "./names.js";
 
 const KEY = "KIT_KEY_";
 const EVENTS = {
@@ -38,6 +39,9 @@ export interface ScreenEvent {
     caret?: number;
 }
 
+const PARTS = ["kind", "x", "y", "dx", "dy", "button", "key", "modifiers", "text",
+               "caret"] as const;
+
 /** What came of an event. */
 export interface Change {
     kind: (typeof CHANGES)[number];
@@ -48,18 +52,10 @@ export interface Change {
     value: unknown;
 }
 
-function oneOf(name: string, table: Readonly<Record<string, number>>, what: string): number {
-    if (typeof name !== "string") throw new TypeError(`${what} is a name, not ${kindOf(name)}`);
-    if (!Object.hasOwn(table, name)) {
-        throw new RangeError(`${what} is one of ${Object.keys(table).join(", ")}, not "${name}"`);
-    }
-    return table[name]!;
-}
-
 function keyOf(key: string | number): number {
     if (typeof key !== "string") return key;
     if (key === "space") return 32;
-    return [...key].length === 1 ? key.codePointAt(0)! : oneOf(key, KEYS, "a key");
+    return [...key].length === 1 ? key.codePointAt(0)! : oneOf(key, KEYS, "key");
 }
 
 /** The record of an event. */
@@ -67,12 +63,12 @@ export function eventOf(event: ScreenEvent): Parameters<typeof api.kit_screen_se
     if (event === null || typeof event !== "object") {
         throw new TypeError(`an event is an object, not ${kindOf(event)}`);
     }
-    const { kind, key = 0, modifiers = [], ...rest } = event;
+    const { kind, key = 0, modifiers = [], ...rest } = optionsOf(event, PARTS, "an event");
     if (!Array.isArray(modifiers)) {
         throw new TypeError(`modifiers are several names, not ${kindOf(modifiers)}`);
     }
-    const bits = modifiers.map((name) => oneOf(name, MODIFIERS, "a modifier"));
-    return { ...rest, kind: oneOf(kind, EVENTS, "an event"), key: keyOf(key),
+    const bits = modifiers.map((name) => oneOf(name, MODIFIERS, "modifier"));
+    return { ...rest, kind: oneOf(kind, EVENTS, "event"), key: keyOf(key),
              modifiers: bits.reduce((sum, bit) => sum | bit, 0) };
 }
 

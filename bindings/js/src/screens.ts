@@ -11,6 +11,7 @@ import { formatOf } from "./formats.js";
 import type { FormatName, FormatParts } from "./formats.js";
 import { changeOf, eventOf, moment } from "./input.js";
 import type { Change, ScreenEvent } from "./input.js";
+import { optionsOf } from "./names.js";
 import { Owner } from "./owner.js";
 
 /** What JSON has. */
@@ -86,15 +87,17 @@ function pictureOf(found: Canvas | Uint8Array): Canvas {
 }
 
 function askedOf(host: Host): Parameters<typeof api.kit_screen_read>[3] {
-    const picture = asking(host.pictures, pictureOf);
-    const theme = asking(host.themes, (found, name) =>
+    const { pictures, themes, faces, includes } =
+        optionsOf(host, ["pictures", "themes", "faces", "includes"], "a host");
+    const picture = asking(pictures, pictureOf);
+    const theme = asking(themes, (found, name) =>
         found instanceof Theme ? found : Theme.read(found, name));
-    const face = asking(host.faces, (found) => found instanceof Face ? found : Face.read(found));
+    const face = asking(faces, (found) => found instanceof Face ? found : Face.read(found));
     return {
         picture: picture && ((name) => picture(name)?.handle),
         theme: theme && ((name) => theme(name)?.record),
         face: face && ((name) => face(name)?.handle),
-        include: asking(host.includes, (found) => found),
+        include: asking(includes, (found) => found),
     };
 }
 
@@ -118,11 +121,12 @@ export class Screen extends Owner<api.kit_screen> {
         if (scene === null || (typeof scene !== "object" && typeof scene !== "string")) {
             throw new TypeError(`a scene is a text, bytes or an object, not ${kindOf(scene)}`);
         }
-        const host = parts.host === undefined ? null : askedOf(parts.host);
+        const { name = "scene", host } = optionsOf(parts, ["name", "host"], "a screen");
         const text = typeof scene === "string" || scene instanceof Uint8Array
             ? scene : json(scene, "a scene");
         const given = data === undefined || data === null ? null : json(data, "the data");
-        this.own = api.kit_screen_read(text, parts.name ?? "scene", given, host)!;
+        this.own = api.kit_screen_read(text, name, given, host === undefined ? null
+                                                                             : askedOf(host))!;
     }
 
     protected release(own: api.kit_screen): void {

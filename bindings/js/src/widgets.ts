@@ -9,6 +9,7 @@ import type { ColorLike, ThemeLike } from "./colors.js";
 import { kindOf, OrvelError } from "./errors.js";
 import { faceOf } from "./faces.js";
 import type { FaceLike } from "./faces.js";
+import { oneOf, optionsOf } from "./names.js";
 
 /** The kinds of widget. */
 export const KINDS: Readonly<Record<string, number>> = named("ORVEL_WIDGET_");
@@ -30,17 +31,6 @@ function named(prefix: string): Record<string, number> {
     const all = Object.entries(api).filter(([name]) => name.startsWith(prefix));
     return Object.fromEntries(all.map(([name, value]) =>
         [name.slice(prefix.length).toLowerCase(), value as number]));
-}
-
-function kindNamed(name: string, kinds: Readonly<Record<string, number>>, what: string): number {
-    if (typeof name !== "string") {
-        throw new TypeError(`the kind of a ${what} is its name, not ${kindOf(name)}`);
-    }
-    if (!Object.hasOwn(kinds, name)) {
-        throw new RangeError(`there is no ${what} "${name}"; there are ` +
-                             Object.keys(kinds).sort().join(", "));
-    }
-    return kinds[name]!;
 }
 
 /** Words, or items that the library wants joined by a bar. */
@@ -104,7 +94,7 @@ export class Widget {
     constructor(public kind: Kind, x = 0, y = 0, w = 0, h = 0, parts: WidgetParts = {}) {
         this.box = { x, y, w, h };
         for (const [name, value] of Object.entries(parts)) {
-            if (!(name in this) || name === "kind" || name === "box") {
+            if (!Object.hasOwn(this, name) || name === "kind" || name === "box") {
                 throw new RangeError(`a widget has no "${name}"`);
             }
             if (value !== undefined) Object.assign(this, { [name]: value });
@@ -114,7 +104,7 @@ export class Widget {
 
     private record(): Parameters<typeof api.kit_size>[0] {
         return {
-            kind: kindNamed(this.kind, KINDS, "widget"),
+            kind: oneOf(this.kind, KINDS, "widget"),
             box: boxOf(this.box),
             text: joined(this.text, "a widget's text"),
             hint: this.hint,
@@ -186,7 +176,7 @@ export class Chart {
                 w: number, h: number, parts: ChartParts = {}) {
         this.box = { x, y, w, h };
         for (const [name, value] of Object.entries(parts)) {
-            if (!(name in this) || ["kind", "box", "series"].includes(name)) {
+            if (!Object.hasOwn(this, name) || ["kind", "box", "series"].includes(name)) {
                 throw new RangeError(`a chart has no "${name}"`);
             }
             if (value !== undefined) Object.assign(this, { [name]: value });
@@ -199,7 +189,7 @@ export class Chart {
             throw new RangeError(`the decimals are ${this.decimals}, not 0 to 9`);
         }
         return {
-            kind: kindNamed(this.kind, CHARTS, "chart"),
+            kind: oneOf(this.kind, CHARTS, "chart"),
             box: boxOf(this.box),
             series: Array.from(this.series, (row) => seriesOf(row, theme)),
             low: this.low,
@@ -229,7 +219,7 @@ function seriesOf(row: SeriesLike, theme: Theme): Record<string, unknown> {
         throw new TypeError(`a series is a list of numbers, not ${kindOf(row)}`);
     }
     const given: Series = "values" in row && typeof row.values !== "function"
-        ? row as Series : { values: row as ArrayLike<number | null> };
+        ? optionsOf(row as Series, ["values", "name", "color"], "a series") : { values: row as ArrayLike<number | null> };
     const color = given.color === undefined ? {} : { color: theme.color(given.color) };
     return { values: Float64Array.from(Array.from(given.values, number)), name: given.name ?? "",
              ...color };

@@ -114,6 +114,29 @@ test("every widget, chart, face and icon draws", () => {
     assert.throws(() => canvas.draw({}), TypeError);
 });
 
+test("an option that there is not is refused, whatever it is of", () => {
+    const canvas = small(), screen = new Screen({ orvel: 1, root: { row: [] } });
+    const wrong = { colour: "#ffffff" }, box = [0, 0, 9, 9];
+    const calls = [() => new Canvas(3, 3, null, wrong), () => Canvas.read(canvas.png(), wrong),
+                   () => Canvas.fromPixels(1, 1, new Uint8Array(4), wrong),
+                   () => canvas.text("a", 0, 9, wrong), () => canvas.text("a", 0, 9, { align: "right" }),
+                   () => canvas.textBox("a", box, wrong), () => canvas.textWrap("a", box, wrong),
+                   () => canvas.paste(small(), 0, 0, wrong), () => canvas.bmp(wrong),
+                   () => canvas.widget("button", 0, 0, 9, 9, wrong),
+                   () => canvas.widget("button", 0, 0, 9, 9, { draw: 1 }),
+                   () => canvas.chart("bars", [[1]], ...box, wrong),
+                   () => canvas.chart("bars", [[1]], ...box, { toString: 1 }),
+                   () => canvas.chart("bars", [{ values: [1], ...wrong }], ...box),
+                   () => canvas.pixels("rgba", wrong), () => screen.report("rgba", wrong),
+                   () => new Screen({ orvel: 1, root: { row: [] } }, null, wrong),
+                   () => new Screen({ orvel: 1, root: { row: [] } }, null, { host: { picture: {} } }),
+                   () => screen.send({ kind: "press", ...wrong }, 1), () => new Theme(wrong)];
+    for (const call of calls) assert.throws(call, /^RangeError: .* has no "(colour|align|picture|draw|toString)"/);
+    for (const bad of [null, 1, "dark"]) {
+        assert.throws(() => canvas.text("a", 0, 9, bad), /^TypeError: the options of a line of words/);
+    }
+});
+
 test("themes", () => {
     const theme = Theme.light({ accent: "#fe640b" });
     assert.equal(String(theme.accent), "#fe640b");
