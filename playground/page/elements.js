@@ -13,6 +13,13 @@ export function element(name, properties = {}, ...children) {
     return made;
 }
 
+/** Gives a list to choose from its choices, [value, label] each. */
+export function fillSelect(select, all) {
+    select.replaceChildren(
+        ...all.map(([value, label]) => element("option", { value, textContent: label })),
+    );
+}
+
 /** Tabs over panels, which arrow keys move between; each of @p all is { name, panel }. */
 export function makeTabs(list, all, chosen = () => {}) {
     const buttons = all.map(({ name, panel }, i) => {

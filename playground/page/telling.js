@@ -7,6 +7,13 @@ export function say(kind, text) {
     byId("state").textContent = text;
 }
 
+/** Notes what came of using the picture, the latest first. */
+export function note(text) {
+    const lines = byId("problems");
+    lines.prepend(element("li", {}, element("button", {}, text)));
+    while (lines.children.length > 50) lines.lastChild.remove();
+}
+
 /** A line of the library's, "scene:3:14: what is wrong", as a problem. */
 export function problemOf(line, kind) {
     const found = /^(scene|data):(\d+):(\d+): (.*)$/s.exec(line);
