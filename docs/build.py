@@ -18,6 +18,10 @@ import reference
 SOURCES = pathlib.Path(__file__).resolve().parent.parent
 INCLUDE = re.compile(r"^\[\[(.+)\]\]$", re.MULTILINE)
 NAMED_FENCE = re.compile(r"^```(\w+) +(\S+)$", re.MULTILINE)
+SCREEN = re.compile(r"\]\((\S+)\)\{: \.screen \}")
+OPTION = re.compile(r"<code>(--[\w-]+)</code>")
+PICTURE = re.compile(r'<img (src="[^"]+" alt="[^"]*" width="(\d+)")')
+ROOM, PHONE = 640, 350  # pixels for pictures beside the lists of pages, and on a phone
 OUTPUT_FENCE = re.compile(r"^```text\n(.*?)^```$", re.MULTILINE | re.DOTALL)
 
 
@@ -42,13 +46,38 @@ def included(what, lists):
     return (lists / f"{what}.md").read_text(encoding="utf-8")
 
 
-def staged(text, lists, playground):
-    """A page as the site's builder takes it: lists included, file names and outputs marked."""
+def width_of(picture):
+    data = picture.read_bytes()[:20]
+    return int.from_bytes(data[16:20], "big") if data[1:4] == b"PNG" else int.from_bytes(data[6:8], "little")
+
+
+def screen(name, pages):
+    """How a picture is shown: each pixel as a square of as many as there is room for, or, if it is
+    larger than that room, smoothed."""
+    width = width_of(pages / name)
+    if width > ROOM:
+        return f"]({name}){{: .app }}"
+    large = " .large" if width > PHONE else ""
+    return f']({name}){{: .screen{large} width="{ROOM // width * width}" }}'
+
+
+def staged(text, lists, pages, playground):
+    """A page as the site's builder takes it: lists included, pictures sized, file names and outputs
+    marked."""
     text = INCLUDE.sub(lambda match: included(match[1], lists), text)
     text = change_it.added(text) if playground else text
+    text = SCREEN.sub(lambda match: screen(match[1], pages), text)
     text = OUTPUT_FENCE.sub(
         lambda match: f'<div class="output" markdown="1">\n\n```text\n{match[1]}```\n\n</div>', text)
     return NAMED_FENCE.sub(r'<p class="file"><code>\2</code></p>\n\n```\1', text)
+
+
+def finished(html):
+    """A page of the site: no line ends behind the hyphens of an option, and what is to be smoothed on
+    a phone is marked."""
+    html = OPTION.sub(r'<code class="option">\1</code>', html)
+    return PICTURE.sub(lambda match: f'<img class="large" {match[1]}' if int(match[2]) > PHONE else match[0],
+                       html)
 
 
 def main():
@@ -103,11 +132,11 @@ def main():
         if not given.skip_blocks and blocks.can_run(page, SOURCES):
             step(f"running {page.name}")
             blocks.run(page, SOURCES, tree, work)
-        text = page.read_text(encoding="utf-8")
-        (pages / page.name).write_text(staged(text, lists, given.playground), encoding="utf-8")
         for picture in (*work.glob("*.png"), *work.glob("*.gif")):
             (pages / page.stem).mkdir(exist_ok=True)
             shutil.copy(picture, pages / page.stem)
+        text = page.read_text(encoding="utf-8")
+        (pages / page.name).write_text(staged(text, lists, pages, given.playground), encoding="utf-8")
 
     step("making the site")
     shutil.rmtree(out / "theme", ignore_errors=True)
@@ -116,6 +145,8 @@ def main():
     config = (SOURCES / "docs/mkdocs.yml").read_text(encoding="utf-8")
     (out / "mkdocs.yml").write_text(f'{config}extra:\n  version: "{version}"\n', encoding="utf-8")
     quiet(["mkdocs", "build", "--strict", "--clean", "--quiet", "-f", out / "mkdocs.yml"])
+    for page in (out / "site").glob("*.html"):
+        page.write_text(finished(page.read_text(encoding="utf-8")), encoding="utf-8")
     if chromium:
         epoch = os.environ.get("SOURCE_DATE_EPOCH", "0")
         cheat_sheet.print_out(out / "site", chromium,

@@ -114,6 +114,20 @@ class Site(unittest.TestCase):
                 self.assertLessEqual(
                     self.browser.ask("document.documentElement.scrollWidth - innerWidth"), 0, page)
 
+    def test_pictures_are_smoothed_or_show_each_pixel_as_a_square_of_whole_pixels(self):
+        for page in sorted(SITE.glob("*.html")):
+            for width in (1280, 900, 390):
+                self.browser.open(page, width, 900)
+                self.assertEqual(self.browser.ask("""(async () => {
+                    const pictures = [...document.querySelectorAll("main img")];
+                    for (const picture of pictures) picture.loading = "eager";
+                    await Promise.all(pictures.map((picture) => picture.decode()));
+                    return pictures.filter((picture) => {
+                        const [drawn, shown] = [picture.naturalWidth, picture.clientWidth];
+                        return getComputedStyle(picture).imageRendering === "pixelated" && shown % drawn;
+                    }).map((picture) => [picture.src, picture.naturalWidth, picture.clientWidth]);
+                })()"""), [], (page.name, width))
+
     @unittest.skipUnless(AXE, "axe-core is not given")
     def test_nothing_keeps_people_out(self):
         for page in sorted(SITE.glob("*.html")):
