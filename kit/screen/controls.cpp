@@ -54,11 +54,6 @@ bool has(const Node& node, const std::string& number) {
 
 bool has_items(const Node& node) { return node.kind->value == Type::Items || !node.items.empty(); }
 
-bool has_number(const Node& node) {
-    return node.is_widget(ORVEL_WIDGET_SLIDER) || node.is_widget(ORVEL_WIDGET_STEPPER) ||
-           node.is_widget(ORVEL_WIDGET_RATING);
-}
-
 int items_of(const Node& node) {
     return count_items(node.is_widget(ORVEL_WIDGET_DROPDOWN) ? node.items : node.text);
 }
@@ -123,7 +118,7 @@ void move_by(Turn& turn, const Node& control, long long steps) {
         return choose(turn, control,
                       static_cast<int>(std::clamp<long long>(from + steps, 0, count - 1)));
     }
-    const auto range = has_number(control) ? Steps::of(control) : std::nullopt;
+    const auto range = control.has_number() ? Steps::of(control) : std::nullopt;
     if (!range) return;
     set_number(turn, control, range->moved(number_of(control), steps));
     turn.sound(control);

@@ -56,9 +56,7 @@ std::string lost_words(const Node& node) {
         if (height > node.inside().h || height > want_of(node, kDown)) return cut;
         return "";
     }
-    const bool scrolls =
-        node.is_widget(ORVEL_WIDGET_TEXTBOX) || node.is_widget(ORVEL_WIDGET_SEARCH);
-    if (!scrolls && want_of(node, kAcross) > node.inside().w) return cut;
+    if (!node.is_field() && want_of(node, kAcross) > node.inside().w) return cut;
     if (is_too_high(node)) return in_quotes(node.text) + " is higher than its box";
     return "";
 }

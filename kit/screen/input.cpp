@@ -97,7 +97,5 @@ int kit_screen_caret(const kit_screen* screen, kit_box* box) {
 int kit_screen_pointer(const kit_screen* screen) {
     const int i = screen ? find_node(screen->nodes, screen->live.hovered) : -1;
     if (i < 0) return KIT_POINTER_ARROW;
-    const Node& node = at(screen->nodes, i);
-    const bool text = node.is_widget(ORVEL_WIDGET_TEXTBOX) || node.is_widget(ORVEL_WIDGET_SEARCH);
-    return text ? KIT_POINTER_TEXT : KIT_POINTER_HAND;
+    return at(screen->nodes, i).is_field() ? KIT_POINTER_TEXT : KIT_POINTER_HAND;
 }

@@ -149,10 +149,8 @@ bool row_key(Turn& turn, int i, const Pressed& key) {
 
 bool control_key(Turn& turn, int i, const Pressed& key) {
     const Node& node = at(turn.nodes(), i);
-    if (is_one_of(node, {ORVEL_WIDGET_SLIDER, ORVEL_WIDGET_STEPPER, ORVEL_WIDGET_RATING})) {
-        return number_key(turn, node, key);
-    }
-    if (is_one_of(node, {ORVEL_WIDGET_TABS, ORVEL_WIDGET_MENU})) return item_key(turn, node, key);
+    if (node.has_number()) return number_key(turn, node, key);
+    if (node.kind->value == Type::Items) return item_key(turn, node, key);
     if (node.is_field()) return field_key(turn, node, key.key, key.modifiers);
     const bool finding = key.key == ' ' && turn.live.clock < turn.live.typed.until;
     if (key.is_press() && !finding) {

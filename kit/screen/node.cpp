@@ -37,17 +37,6 @@ int Node::chosen_item() const {
     return -1;
 }
 
-bool Node::is_control() const {
-    for (const int widget :
-         {ORVEL_WIDGET_BUTTON, ORVEL_WIDGET_TOGGLE, ORVEL_WIDGET_CHECKBOX, ORVEL_WIDGET_SLIDER,
-          ORVEL_WIDGET_TEXTBOX, ORVEL_WIDGET_RADIO, ORVEL_WIDGET_DROPDOWN, ORVEL_WIDGET_RATING,
-          ORVEL_WIDGET_STEPPER, ORVEL_WIDGET_TABS, ORVEL_WIDGET_LIST_ITEM, ORVEL_WIDGET_MENU,
-          ORVEL_WIDGET_SEARCH}) {
-        if (is_widget(widget)) return true;
-    }
-    return false;
-}
-
 bool Node::is_usable() const {
     const bool matters = !target.empty() || !id.empty() || pops;
     return matters && !hidden && (own_state & KIT_DISABLED) == 0 && is_control();

@@ -121,13 +121,14 @@ struct Node {
     bool holds_nodes() const { return kind->value == Type::Nodes || frames() || is(Sort::Include); }
     /// Whether its size is its own, so that it is never stretched.
     bool keeps_size() const;
-    bool is_field() const {
-        return is_widget(ORVEL_WIDGET_TEXTBOX) || is_widget(ORVEL_WIDGET_SEARCH);
-    }
+    /// Text box, search.
+    bool is_field() const { return (kind->keys & kField) != 0; }
     /// Of what has items, the number of the chosen one; -1 where none is.
     int chosen_item() const;
     /// Whether people use it, where it is not disabled.
-    bool is_control() const;
+    bool is_control() const { return (kind->keys & kControl) != 0; }
+    /// Slider, stepper, rating: a control whose value is a number of a range.
+    bool has_number() const { return is_control() && (kind->keys & kRange) != 0; }
     /// Whether input has an effect on it.
     bool is_usable() const;
     /// The direction of its children; below 0 where they lie on each other.
