@@ -25,13 +25,6 @@ Value read(const std::string& json) {
     return made;
 }
 
-Value words(std::string text) {
-    Value made;
-    made.kind = Kind::String;
-    made.text = std::move(text);
-    return made;
-}
-
 /// What is shared with others becomes that of this one; else it is turned on and off, but for a
 /// radio button, which stays on.
 void turn_on(Turn& turn, const Node& control) {
@@ -53,10 +46,6 @@ bool has(const Node& node, const std::string& number) {
 }
 
 bool has_items(const Node& node) { return node.kind->value == Type::Items || !node.items.empty(); }
-
-int items_of(const Node& node) {
-    return count_items(node.is_widget(ORVEL_WIDGET_DROPDOWN) ? node.items : node.text);
-}
 
 }  // namespace
 
@@ -85,10 +74,10 @@ void set_number(Turn& turn, const Node& control, const std::string& text) {
 
 void choose(Turn& turn, const Node& control, int item) {
     if (item == control.chosen_item()) return;
-    if (control.is_widget(ORVEL_WIDGET_DROPDOWN) && !control.counts) {
-        turn.set(control, words(item_of(control.items, item)));
-    } else {
+    if (control.tells_number()) {
         turn.set(control, read(std::to_string(item)));
+    } else {
+        turn.set(control, text_value(item_of(control.items, item)));
     }
     turn.sound(control);
 }
@@ -113,7 +102,7 @@ void drag_knob(Turn& turn, const Node& control, int x) {
 
 void move_by(Turn& turn, const Node& control, long long steps) {
     if (has_items(control)) {
-        const long long count = items_of(control), from = control.chosen_item();
+        const long long count = count_items(control.choices()), from = control.chosen_item();
         if (count == 0) return;
         return choose(turn, control,
                       static_cast<int>(std::clamp<long long>(from + steps, 0, count - 1)));
@@ -132,7 +121,7 @@ bool moves(const Node& control, long long steps) {
 
 bool move_to_end(Turn& turn, const Node& control, bool last) {
     if (has_items(control)) {
-        const int count = items_of(control);
+        const int count = count_items(control.choices());
         if (count > 0) choose(turn, control, last ? count - 1 : 0);
         return true;
     }

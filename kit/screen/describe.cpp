@@ -7,12 +7,7 @@
 namespace kit {
 namespace {
 
-std::string quoted(const std::string& text) {
-    Value value;
-    value.kind = Kind::String;
-    value.text = text;
-    return write_json(value);
-}
+std::string quoted(const std::string& text) { return write_json(text_value(text)); }
 
 /// Whether the words of a widget are its value, not what it is called.
 bool words_are_value(const Node& node) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <numeric>
+#include <utility>
 
 namespace kit {
 namespace {
@@ -115,6 +116,13 @@ std::string reason(std::string_view file, Place place, std::string_view what) {
     line += ':' + std::to_string(place.line) + ':' + std::to_string(place.column) + ": ";
     line += what;
     return line;
+}
+
+Value text_value(std::string text) {
+    Value value;
+    value.kind = Kind::String;
+    value.text = std::move(text);
+    return value;
 }
 
 std::string write_json(const Value& value) {

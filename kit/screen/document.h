@@ -39,6 +39,9 @@ struct Value {
     Value& member(std::string_view name);
 };
 
+/// A string.
+Value text_value(std::string text);
+
 constexpr std::size_t kMostBytes = std::size_t{16} << 20;  // of a file
 constexpr int kMostDepth = 64;                             // of lists and objects in each other
 constexpr int kMostValues = 250000;                        // of a file

@@ -9,14 +9,16 @@ int count_items(std::string_view items) {
     return static_cast<int>(std::count(items.begin(), items.end(), '|')) + 1;
 }
 
+std::string_view take_item(std::string_view& items) {
+    const std::string_view item = items.substr(0, items.find('|'));
+    items.remove_prefix(std::min(item.size() + 1, items.size()));
+    return item;
+}
+
 std::string item_of(std::string_view items, int number) {
-    if (number < 0) return "";
-    for (; number > 0; --number) {
-        const std::size_t bar = items.find('|');
-        if (bar == std::string_view::npos) return "";
-        items.remove_prefix(bar + 1);
-    }
-    return std::string(items.substr(0, items.find('|')));
+    if (!has_item(items, number)) return "";
+    for (; number > 0; --number) take_item(items);
+    return std::string(take_item(items));
 }
 
 }  // namespace kit

@@ -13,6 +13,9 @@ inline bool has_item(std::string_view items, int number) {
     return number >= 0 && number < count_items(items);
 }
 
+/// The first item, which is taken off.
+std::string_view take_item(std::string_view& items);
+
 /// The item with a number, counted from 0; empty where there is none.
 std::string item_of(std::string_view items, int number);
 

@@ -281,11 +281,7 @@ void type(Turn& turn, std::string_view text) {
         const Node& node = at(nodes, dropdown);
         std::vector<std::string> items;
         std::string_view rest = node.items;
-        for (int k = count_items(node.items); k > 0; --k) {
-            const std::size_t bar = std::min(rest.find('|'), rest.size());
-            items.emplace_back(rest.substr(0, bar));
-            rest.remove_prefix(std::min(bar + 1, rest.size()));
-        }
+        for (int k = count_items(node.items); k > 0; --k) items.emplace_back(take_item(rest));
         const bool open = live.open.tag != 0;
         const int from = open ? live.open.marked : node.chosen_item();
         const int found = find_typed(live, text, items, from);

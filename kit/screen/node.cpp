@@ -26,13 +26,10 @@ bool Node::keeps_size() const {
 }
 
 int Node::chosen_item() const {
-    if (!is_widget(ORVEL_WIDGET_DROPDOWN)) return has_item(text, amount) ? amount : -1;
-    if (counts) return has_item(items, amount) ? amount : -1;
+    if (tells_number()) return has_item(choices(), amount) ? amount : -1;
     std::string_view rest = items;
     for (int i = 0, count = count_items(items); i < count; ++i) {
-        const std::size_t length = std::min(rest.find('|'), rest.size());
-        if (rest.substr(0, length) == text) return i;
-        rest.remove_prefix(std::min(length + 1, rest.size()));
+        if (take_item(rest) == text) return i;
     }
     return -1;
 }

@@ -91,7 +91,7 @@ struct Node {
     std::string tip, sound;
     std::string items;           // of a list to choose from, joined with "|"
     std::string choice, chosen;  // JSON: its own of a shared value, and what that is
-    bool counts = false;         // whether the number of an item is told
+    bool counts = false;         // whether "selected" says which item it is
     Shortcut shortcut;
     std::array<std::string, 2> ends;  // of the range, as they were
     std::string target;               // the name of the data that it changes; empty: none
@@ -123,6 +123,10 @@ struct Node {
     bool keeps_size() const;
     /// Text box, search.
     bool is_field() const { return (kind->keys & kField) != 0; }
+    /// The items of tabs, a menu or a dropdown, joined with "|".
+    const std::string& choices() const { return is_widget(ORVEL_WIDGET_DROPDOWN) ? items : text; }
+    /// Whether its value is the number of the chosen item, not the item.
+    bool tells_number() const { return counts || !is_widget(ORVEL_WIDGET_DROPDOWN); }
     /// Of what has items, the number of the chosen one; -1 where none is.
     int chosen_item() const;
     /// Whether people use it, where it is not disabled.

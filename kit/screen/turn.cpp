@@ -31,10 +31,7 @@ void Turn::tell(const Node& node, int kind, const std::string& value) {
 
 void Turn::sound(const Node& control) {
     if (control.sound.empty()) return;
-    Value name;
-    name.kind = Kind::String;
-    name.text = control.sound;
-    tell(control, KIT_CHANGE_SOUND, write_json(name));
+    tell(control, KIT_CHANGE_SOUND, write_json(text_value(control.sound)));
 }
 
 bool Turn::grant(const Wish& wish) {

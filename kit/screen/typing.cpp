@@ -14,13 +14,6 @@ constexpr Clock kSoon = 400;  // milliseconds from one press of a double click t
 constexpr int kNear = 4;      // pixels between them
 constexpr Clock kStep = 60;   // from one letter to the next while the pointer is held outside
 
-Value text_value(const std::string& text) {
-    Value value;
-    value.kind = Kind::String;
-    value.text = text;
-    return value;
-}
-
 bool is_edited(const Turn& turn, const Node& field) {
     return turn.live.editing && turn.live.editing->tag == field.tag;
 }

@@ -3,6 +3,7 @@
 #include <new>
 #include <string>
 
+#include "screen/items.h"
 #include "screen/node.h"
 
 namespace kit {
@@ -45,11 +46,9 @@ int list_want(const Node& node) {
     int widest = widget_want(widget, {}, kAcross);
     std::string_view rest = node.items;
     for (int i = 0; i < kMost && !rest.empty(); ++i) {
-        const std::size_t bar = std::min(rest.find('|'), rest.size());
-        const std::string item(rest.substr(0, bar));
+        const std::string item(take_item(rest));
         widget.text = item.c_str();
         widest = std::max(widest, widget_want(widget, {}, kAcross));
-        rest.remove_prefix(std::min(bar + 1, rest.size()));
     }
     return widest;
 }
