@@ -47,10 +47,14 @@ void pass_time(Turn& turn, long long now) {
 void plan_repeat(Turn& turn) {
     Held& held = turn.live.held;
     const int i = find_node(turn.nodes(), held.tag);
-    if (i < 0 || !at(turn.nodes(), i).is_widget(ORVEL_WIDGET_STEPPER) || held.part == 0) return;
-    if (!moves(at(turn.nodes(), i), held.part)) {
+    if (i < 0) return;
+    const Node& node = at(turn.nodes(), i);
+    const bool repeats = node.is_field() || node.is_widget(ORVEL_WIDGET_STEPPER);
+    if (!repeats || held.part == 0) return;
+    const bool further = node.is_field() ? drags_on(turn, node) : moves(node, held.part);
+    if (!further) {
         held.next = kNever;
-    } else if (held.next == kNever) {  // the host has made room
+    } else if (held.next == kNever) {  // it has just come there, or the host has made room
         held.next = turn.live.clock + kRepeat;
     }
 }

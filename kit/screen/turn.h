@@ -50,7 +50,7 @@ private:
 /* What time and events do. */
 
 void pass_time(Turn& turn, long long now);
-/// A stepper that is held waits for nothing where its number ends.
+/// A stepper or a text that is held goes on by itself, and waits for nothing where it ends.
 void plan_repeat(Turn& turn);
 /// The clock at which time next matters; kNever where it does not.
 Clock due(const Live& live);

@@ -12,7 +12,6 @@ namespace {
 
 constexpr Clock kSoon = 400;  // milliseconds from one press of a double click to the next
 constexpr int kNear = 4;      // pixels between them
-constexpr Clock kStep = 60;   // from one letter to the next while the pointer is held outside
 
 bool is_edited(const Turn& turn, const Node& field) {
     return turn.live.editing && turn.live.editing->tag == field.tag;
@@ -147,7 +146,6 @@ void drag_field(Turn& turn, const Node& field) {
     live.held.over = true;
     live.held.part = side_of(field, live.x);
     if (live.held.part == 0) live.held.next = kNever;
-    if (live.held.part != 0 && live.held.next == kNever) live.held.next = live.clock + kStep;
     if (clicks.count == 3 || live.x == clicks.dragged || !is_edited(turn, field)) return;
     live.clicks.dragged = live.x;
     const Hit hit = hit_of(field, live.x);
@@ -162,11 +160,17 @@ void drag_field(Turn& turn, const Node& field) {
     });
 }
 
+bool drags_on(const Turn& turn, const Node& field) {
+    if (turn.live.clicks.count == 3 || !is_edited(turn, field)) return false;
+    const LineEditor& editor = turn.live.editing->editor;
+    return editor.caret() != (turn.live.held.part > 0 ? editor.text().size() : 0);
+}
+
 void drag_on(Turn& turn, const Node& field, long long steps) {
     constexpr long long kMost = 100;  // then all that is left
     Live& live = turn.live;
     const bool forward = live.held.part > 0;
-    if (live.clicks.count == 3 || !is_edited(turn, field)) return;
+    if (!drags_on(turn, field)) return;
     edit(turn, field, [&](LineEditor& editor) {
         const By by = steps > kMost ? By::Line : live.clicks.count == 2 ? By::Word : By::Letter;
         for (long long i = std::min(steps, kMost); i > 0; --i) editor.move(by, forward, true);

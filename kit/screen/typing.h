@@ -12,7 +12,9 @@ void press_field(Turn& turn, const Node& field, unsigned modifiers);
 /// The pointer moved on, held down.
 void drag_field(Turn& turn, const Node& field);
 
-/// It was held beside the words for so many steps.
+/// Whether there is more to select while the pointer is held beside the words.
+bool drags_on(const Turn& turn, const Node& field);
+/// It was held there for so many steps.
 void drag_on(Turn& turn, const Node& field, long long steps);
 
 /// Whether the field takes the key.

@@ -725,6 +725,38 @@ TEST(FieldsTest, DraggingBesideTheFieldScrolls) {
     EXPECT_EQ(kit_screen_wait(field.screen.get(), field.now), -1);
 }
 
+TEST(FieldsTest, HeldBesideTheEndOfItsWordsAFieldWaitsForNothing) {
+    Typing field("abc");
+    const auto waits = [&] { return kit_screen_wait(field.screen.get(), field.now); };
+    field.press(field.at(2), 15);
+    field.move(120, 15);
+    EXPECT_EQ(waits(), -1);
+    EXPECT_EQ(set(field.screen.get(), "name", "\"abcd\""), "");
+    field.move(121, 16);
+    EXPECT_EQ(waits(), -1);  // what is near the pointer is the end again
+    EXPECT_EQ(set(field.screen.get(), "name", "\"abcdef\""), "");
+    field.wait(0);
+    EXPECT_EQ(waits(), 60);  // for what the host has put behind it
+    field.wait(60 * 2);
+    EXPECT_EQ(waits(), -1);
+    EXPECT_EQ(set(field.screen.get(), "name", "\"abcdefgh\""), "");
+    field.wait(0);
+    EXPECT_EQ(set(field.screen.get(), "name", "\"abc\""), "");
+    field.wait(60);
+    EXPECT_EQ(waits(), -1);
+    field.release(121, 16);
+    EXPECT_EQ(field.seen(), "ab[c|");
+}
+
+TEST(FieldsTest, HeldBesideItAfterATripleClickAFieldWaitsForNothing) {
+    const Typing field(std::string(60, 'x'));
+    field.click(20, 15);
+    field.click(20, 15);
+    field.press(20, 15);
+    field.move(120, 15);
+    EXPECT_EQ(kit_screen_wait(field.screen.get(), field.now), -1);
+}
+
 TEST(FieldsTest, AfterALongTimeBesideTheFieldAllIsSelected) {
     Typing field(std::string(300, 'x'));
     field.press(6 + 5 * 6, 15);
