@@ -114,7 +114,7 @@ struct Ring {
         const auto width = [&](const std::string& text) {
             return kit_text_width(chart.face, text.c_str());
         };
-        const bool counted = is_there(value) && std::fabs(value) <= 1e15;
+        const bool counted = is_there(value) && std::fabs(value) <= kLargestShown;
         const char* const unit = counted && chart.unit ? chart.unit : "";
         const std::string number = number_text(value, chart.decimals);
         std::string text = number + unit;

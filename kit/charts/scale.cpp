@@ -35,7 +35,7 @@ double in_steps(double value, const Ticks& ticks) {
 /// The step for a range, and the ends counted in it; false where nobody could read the numbers.
 bool count_in_steps(double low, double high, int most, Ticks& ticks, double& from, double& to) {
     const double largest = std::max(std::fabs(low), std::fabs(high));
-    if (largest > 1e15) return false;
+    if (largest > kLargestShown) return false;
     choose_step(high - low, most, ticks);
     from = in_steps(low, ticks);
     to = in_steps(high, ticks);
@@ -113,7 +113,7 @@ std::string number_text(double value, int decimals) {
     decimals = std::clamp(decimals, 0, 9);
     const double size = std::fabs(value);
     if (!std::isfinite(value)) return "\u2013";
-    if (size > 1e15) return "\u2026";
+    if (size > kLargestShown) return "\u2026";
     auto whole = static_cast<std::int64_t>(size);
     const std::int64_t tens = power_of_ten(decimals);
     const double rest = (size - static_cast<double>(whole)) * static_cast<double>(tens);

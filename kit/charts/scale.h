@@ -6,6 +6,8 @@
 
 namespace kit {
 
+constexpr double kLargestShown = 1e15;  // nobody reads more digits
+
 /// A range of values, low below high, and the places of values on a length of pixels. Values are
 /// counted in integers of a unit, a power of two so small that the larger end is exact.
 class Scale {
@@ -39,14 +41,14 @@ struct Ticks {
 };
 
 /// The ticks inside the range, at most @p most + 1 of them; none where the numbers are so large or
-/// so small that nobody reads them (above 10^15, steps below 10^-9).
+/// so small that nobody reads them (above kLargestShown, steps below 10^-9).
 Ticks ticks_inside(double low, double high, int most);
 
 /// As ticks_inside(), with one more at either end where the range does not end at a tick.
 Ticks ticks_around(double low, double high, int most);
 
 /// @p value with @p decimals (0 to 9) digits after the point, halves away from zero; a dash for
-/// what is missing, an ellipsis for what is beyond 10^15.
+/// what is missing, an ellipsis for what is beyond kLargestShown.
 std::string number_text(double value, int decimals);
 
 }  // namespace kit
