@@ -104,7 +104,9 @@ void Builder::repeated(const Trail& trail, const Value& written, const Value& pa
 
 void Builder::one(const Trail& trail, const Value& written, const Around& around) {
     if (++asked_ > kMostAsked) {
-        refuse(trail, written.place, "found more than 1000000 nodes with those that are left out");
+        refuse(trail, written.place,
+               "found more than " + std::to_string(kMostAsked) +
+                   " nodes with those that are left out");
     }
     if (const Value* text = written.find("if")) {
         Condition condition;
@@ -113,7 +115,9 @@ void Builder::one(const Trail& trail, const Value& written, const Around& around
         if (names_) names_->ask(trail.into("if"), text->place, condition.path, around.scope);
         if (!holds(condition, around.scope)) return;
     }
-    if (count_of(nodes) == kMostNodes) refuse(trail, written.place, "found more than 10000 nodes");
+    if (count_of(nodes) == kMostNodes) {
+        refuse(trail, written.place, "found more than " + std::to_string(kMostNodes) + " nodes");
+    }
     Node node;
     const Value& content = kind_of(trail, written, node.kind);
     node.parent = around.parent;

@@ -18,11 +18,12 @@ void give_tags(Nodes& nodes);
 /// What one build may copy of data and texts, so that repetitions cannot multiply them.
 class Budget {
 public:
-    /// Refuses what is beyond 32 MiB.
+    /// Refuses what is beyond kMost.
     void spend(const Trail& trail, Place place, std::size_t bytes);
 
 private:
-    std::size_t left_ = std::size_t{32} << 20;
+    static constexpr std::size_t kMost = std::size_t{32} << 20;
+    std::size_t left_ = kMost;
 };
 
 /// A node being read: where it stands, what it sees, and what it may cost.

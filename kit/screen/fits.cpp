@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "screen/shown.h"
+#include "screen/values.h"
 
 namespace kit {
 namespace {
@@ -131,8 +132,8 @@ std::string lost_chart(const Node& node) {
     constexpr int kWidest = 4096;  // what is larger has room for its words
     std::vector<kit_series> series;
     kit_chart chart = chart_of(node, series);
-    // The legend has half of the height, and at the most a row for each of 32 series.
-    const int highest = 2 * 32 * (kit_face_line(chart.face) + 8);
+    // The legend has half of the height, and at the most a row for each series.
+    const int highest = 2 * kMostSeries * (kit_face_line(chart.face) + 8);
     const bool is_wide = chart.box.w > kWidest;
     chart.box = {0, 0, std::min(chart.box.w, kWidest), std::min(chart.box.h, highest)};
     chart.low = chart.high = 0;

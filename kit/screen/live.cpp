@@ -21,7 +21,8 @@ void limit_painting(const Sources& sources, const Nodes& nodes) {
     if (pixels <= kMostPixels) return;
     const std::string millions = std::to_string(pixels >> 20);
     throw Refused{sources.first().file + ": found nodes that cover " + millions +
-                  " million pixels together, 1024 are the most"};
+                  " million pixels together, " + std::to_string(kMostPixels >> 20) +
+                  " are the most"};
 }
 
 bool is_there(const Nodes& nodes, Tag tag) {

@@ -247,7 +247,7 @@ bool all_characters(std::string_view text, std::string_view file, std::string& w
 bool read_document(std::string_view text, std::string_view file, Value& root, std::string& why) {
     root = {};
     if (text.size() > kMostBytes) {
-        why = std::string(file) + ": larger than 16 MiB";
+        why = std::string(file) + ": larger than " + std::to_string(kMostBytes >> 20) + " MiB";
         return false;
     }
     constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";

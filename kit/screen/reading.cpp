@@ -4,7 +4,10 @@
 namespace kit {
 
 void Budget::spend(const Trail& trail, Place place, std::size_t bytes) {
-    if (bytes > left_) refuse(trail, place, "the data make the screen larger than 32 MiB");
+    if (bytes > left_) {
+        refuse(trail, place,
+               "the data make the screen larger than " + std::to_string(kMost >> 20) + " MiB");
+    }
     left_ -= bytes;
 }
 

@@ -102,10 +102,8 @@ bool is_choice(Type type, const Value& value) {
            std::find(choices.begin(), choices.end(), value.text) != choices.end();
 }
 
-constexpr std::size_t kMostSeries = 32;  // that a chart draws
-
 bool is_series(const Value& value) {
-    return all_of(value, is_one_series) && value.items.size() <= kMostSeries;
+    return all_of(value, is_one_series) && value.items.size() <= std::size_t{kMostSeries};
 }
 
 bool is_nothing(const Value& value) {
@@ -155,9 +153,10 @@ void check_in_series(const Trail& trail, const Value& member) {
 
 /// The first thing that a list of series may not have.
 void refuse_series(const Trail& trail, const Value& list) {
-    if (list.items.size() > kMostSeries) {
+    if (list.items.size() > std::size_t{kMostSeries}) {
         refuse(trail, list.place,
-               "found " + std::to_string(list.items.size()) + " series, 32 are the most");
+               "found " + std::to_string(list.items.size()) + " series, " +
+                   std::to_string(kMostSeries) + " are the most");
     }
     int number = 0;
     for (const Value& one : list.items) {  // GCOVR_EXCL_BR_LINE: one of them is wrong

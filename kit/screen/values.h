@@ -7,6 +7,8 @@
 
 namespace kit {
 
+constexpr int kMostSeries = 32;  // that kit_chart_draw() takes
+
 /// Whether a value without references is one of this type. What only shows elsewhere is left open:
 /// whether a host has a picture, a theme or a face of that name.
 bool fits(Type type, const Value& value);
