@@ -39,8 +39,8 @@ bool same(const std::vector<NodeSeries>& a, const std::vector<NodeSeries>& b) {
 auto drawn(const Node& node) {
     return std::tie(node.kind, node.pad, node.wrap, node.lines, node.text, node.hint, node.icon,
                     node.unit, node.amount, node.decimals, node.state, node.parts, node.words,
-                    node.shape, node.scrolled, node.caret, node.picture, node.unknown, node.value,
-                    node.low, node.high);
+                    node.shape, node.scrolled, node.below, node.caret, node.picture, node.unknown,
+                    node.value, node.low, node.high);
 }
 
 bool looks_like(const Node& a, const Node& b) {

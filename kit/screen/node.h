@@ -76,6 +76,7 @@ struct Node {
     int scrolled = 0, own_scrolled = 0;  // as it shows, and as the scene says
     int beyond = 0;                      // pixels of content that are out of sight
     bool pops = false, marked = false;   // a row of an open list; the one that a key would take
+    bool below = false;                  // a tooltip under what it tells of
     int show = kAll;                     // the only child that shows, of so many
     int shown_of = 0;
     int lines = 0;  // of a paragraph at the most

@@ -32,6 +32,8 @@ private:
     orvel_canvas* own_;
 };
 
+constexpr int kTip = 3;  // rows of a tooltip's tip
+
 /// A node being drawn: where it lies on this canvas, which may be a part of the screen.
 class Brush {
 public:
@@ -65,9 +67,33 @@ private:
     bool widget(const kit_box& box) const {
         kit_widget record = widget_of(node_);
         record.box = box;
+        if (node_.below) record.box.y += kTip;  // its own tip is cut off
         if (kit_draw(canvas_, &node_.look.theme, &record) != 0) return false;
+        if (node_.below) point_up(box);
+        if (node_.pops) hide_marker(box);
         if (node_.caret.composed != node_.caret.composed_end) underline(record);
         return true;
+    }
+    /// As the kit's tooltip points down.
+    void point_up(const kit_box& box) const {
+        const orvel_theme& theme = node_.look.theme;
+        const int middle = box.x + box.w / 2;
+        const auto tip = [&](int half, int y, orvel_color color) {
+            orvel_canvas_fill_triangle(canvas_, middle - half, y + 2, middle + half, y + 2, middle,
+                                       y, color);
+        };
+        fill({box.x, box.y + box.h - 1, box.w, 1}, theme.border);  // which its own tip opened
+        tip(3, box.y, theme.border);
+        tip(2, box.y + 1, theme.surface);  // opens the frame below it
+    }
+    /// The sign that a list item leads further, which no row of an open list does.
+    void hide_marker(const kit_box& row) const {
+        constexpr int kMarker = 10;  // columns with the frame
+        const orvel_theme& theme = node_.look.theme;
+        const bool active = (node_.state & KIT_ACTIVE) != 0;
+        const int left = std::max(row.x + 1, row.x + row.w - kMarker);
+        fill({left, row.y + 1, row.x + row.w - 1 - left, row.h - 2},
+             active ? theme.button_hover : theme.background);
     }
     /// What is composed.
     void underline(const kit_widget& field) const {
@@ -179,7 +205,7 @@ bool draw_cut(const Node& node, orvel_canvas* canvas, const kit_box& part) {
 }
 
 bool draw_node(const Node& node, orvel_canvas* canvas, const kit_box& part) {
-    const bool whole = same(node.visible, node.box);
+    const bool whole = same(node.visible, node.box) && !node.below;
     return whole ? Brush(node, canvas, part.x, part.y).draw() : draw_cut(node, canvas, part);
 }
 

@@ -104,6 +104,7 @@ void add_tooltip(Nodes& nodes, const Live& live) {
     const int above = around.y - h, under = around.y + around.h;
     tip.box = {x, above >= 0 ? above : std::min(under, screen.h - h), w, h};
     tip.visible = tip.box;
+    tip.below = above < 0;
     tip.end = count_of(nodes) + 1;
     nodes.push_back(std::move(tip));
 }

@@ -51,6 +51,23 @@ TEST(ListsTest, TheListIsDrawnOverTheRestAndGoesWithoutATrace) {
     EXPECT_TRUE(checksum(canvas.get()) == checksum(before.get()));
 }
 
+TEST(ListsTest, ItsRowsBearNoSignThatTheyLeadFurther) {
+    const Used used(kModes);
+    used.click(50, 12);
+    const CanvasPtr canvas = drawn(used.screen.get());
+    orvel_theme theme;
+    orvel_theme_default(&theme);
+    for (int row = 0; row < 3; ++row) {
+        const orvel_color ground = row == 1 ? theme.button_hover : theme.background;
+        for (int i = 0; i < 9 * 22; ++i) {
+            const int x = 79 + i % 9, y = 26 + 24 * row + i / 9;
+            EXPECT_EQ(orvel_canvas_pixel_get(canvas.get(), x, y), ground) << x << ' ' << y;
+        }
+        const orvel_color edge = row == 1 ? theme.accent : theme.border;
+        EXPECT_EQ(orvel_canvas_pixel_get(canvas.get(), 88, 36 + 24 * row), edge);
+    }
+}
+
 TEST(ListsTest, APressBesideItClosesItAndDoesNothingElse) {
     const Used used(kModes);
     used.click(50, 12);
@@ -288,6 +305,40 @@ TEST(ListsTest, ATooltipShowsAfterAPause) {
     EXPECT_EQ(used.popped().substr(0, 17), "tooltip \"A panel\"");
     used.leave();
     EXPECT_EQ(used.popped(), "");
+}
+
+/// The rows of the tooltip of a button that lies so far down.
+std::vector<std::vector<orvel_color>> tooltip_at(int down) {
+    Used used(scene(R"({"column": [{"space": )" + std::to_string(down) +
+                        R"(}, {"button": "A", "tip": "What A does", "id": "a", "height": 30}]})",
+                    R"("size": [120, 120], )"));
+    used.move(20, down + 15);
+    used.wait(600);
+    int x = 0, y = 0, w = 0, h = 0;
+    const std::string line = used.popped();
+    EXPECT_EQ(std::sscanf(line.c_str(), "tooltip \"What A does\" %d,%d %dx%d", &x, &y, &w, &h), 4);
+    const CanvasPtr canvas = drawn(used.screen.get());
+    std::vector<std::vector<orvel_color>> rows(static_cast<std::size_t>(h));
+    for (auto& row : rows) {
+        for (int i = 0; i < w; ++i) {
+            row.push_back(orvel_canvas_pixel_get(canvas.get(), x + i, y));
+        }
+        ++y;
+    }
+    return rows;
+}
+
+TEST(ListsTest, ATooltipPointsAtWhatItTellsOf) {
+    const auto above = tooltip_at(60), below = tooltip_at(0);
+    const std::size_t high = above.size(), tip = 3;
+    ASSERT_EQ(below.size(), high);
+    for (std::size_t row = 0; row <= tip; ++row) {
+        EXPECT_EQ(below[row], above[high - 1 - row]) << "row " << row << " of the tip";
+    }
+    for (std::size_t row = 1; row + tip + 1 < high; ++row) {
+        EXPECT_EQ(below[row + tip], above[row]) << "row " << row << " of the words";
+    }
+    EXPECT_EQ(below[high - 1], above[0]);
 }
 
 TEST(ListsTest, ATooltipGoesByAPressAKeyAndTheWheel) {
