@@ -1,5 +1,6 @@
 #include "session.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <set>
 #include <sstream>
@@ -207,6 +208,14 @@ void read_line_of_text(const std::string& line, Session& session, int number) {
     }
 }
 
+/// An end of a line stands for a blank there; within texts there is none.
+std::string on_one_line(std::string json) {
+    std::replace_if(
+        json.begin(), json.end(), [](char letter) { return letter == '\n' || letter == '\r'; },
+        ' ');
+    return json;
+}
+
 std::string place_of(const SessionEvent& event) {
     return "[" + std::to_string(event.input.x) + "," + std::to_string(event.input.y) + "]";
 }
@@ -276,7 +285,7 @@ std::string session_line(const SessionEvent& event) {
     switch (event.kind) {
     case SessionEvent::kInput: line += input_line(event); break;
     case SessionEvent::kSet:
-        line += ",\"set\":{" + written(event.text) + ":" + event.json + "}";
+        line += ",\"set\":{" + written(event.text) + ":" + on_one_line(event.json) + "}";
         break;
     case SessionEvent::kSize:
         line +=

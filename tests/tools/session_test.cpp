@@ -66,6 +66,17 @@ TEST_F(SessionTest, EveryKindOfEventIsReadAndWrittenAgain) {
     EXPECT_EQ(again, expected);
 }
 
+TEST_F(SessionTest, ValuesFromAFileWithManyLinesAreOneLine) {
+    SessionEvent event;
+    event.kind = SessionEvent::kSet;
+    event.json = "{\r\n  \"a\": [1,\n    \"b\\n\"]\r\n}\n";
+    const std::string line = session_line(event);
+    EXPECT_EQ(line.find('\n'), line.size() - 1);
+    const Session again = read(line);
+    ASSERT_EQ(again.size(), 1u);
+    EXPECT_EQ(again[0].json, R"({"a":[1,"b\n"]})");
+}
+
 TEST_F(SessionTest, EventsHoldWhatTheLinesSay) {
     const Session session = read(kEveryKind);
     ASSERT_EQ(session.size(), 18u);
@@ -194,6 +205,29 @@ TEST(SessionKeys, AreReadAsTheyAreWritten) {
     unsigned with = 0;
     for (const char* none : {"", "ctrl", "ctrl+", "shift+ctrl+a", "ab", "\n", "f13", " "}) {
         EXPECT_FALSE(read_key(none, key, with)) << none;
+    }
+}
+
+TEST(SessionKeys, AreCalledAsScenesCallThem) {
+    std::vector<int> keys = {' ', 'a', '+', 0xE4, 0x20AC, 0x1F600};
+    for (int key = KIT_KEY_ENTER; key <= KIT_KEY_F12; ++key) keys.push_back(key);
+    for (const int key : keys) {
+        for (unsigned modifiers = 0; modifiers < 8; ++modifiers) {
+            const std::string name = key_text(key, modifiers);
+            const std::string text =
+                R"({"orvel": 1, "root": {"button": "B", "id": "b", "key": ")" + name + "\"}}";
+            kit_screen* const screen =
+                kit_screen_read(text.data(), text.size(), "", nullptr, nullptr, nullptr, 0);
+            ASSERT_NE(screen, nullptr) << name;
+            kit_screen_event event = {};
+            event.kind = KIT_EVENT_KEY;
+            event.key = key;
+            event.modifiers = modifiers;
+            EXPECT_EQ(kit_screen_send(screen, &event, 0), 0);
+            kit_change change = {};
+            EXPECT_EQ(kit_screen_next(screen, &change), 1) << name;
+            kit_screen_close(screen);
+        }
     }
 }
 
