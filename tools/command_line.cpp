@@ -36,6 +36,9 @@ std::string in_one_line(const std::string& text) {
     return line;
 }
 
+/// A name that a script lost would else count as none given.
+std::string emptiness(const std::string& value) { return value.empty() ? "is empty" : ""; }
+
 }  // namespace
 
 CommandLine::CommandLine(const char* name, const char* about, const char* statuses)
@@ -55,16 +58,16 @@ CommandLine::CommandLine(CommandLine& program, const char* name, const char* abo
 }
 
 void CommandLine::argument(const char* name, std::string& value, const char* about) {
-    app_->add_option(name, value, about)->required();
+    app_->add_option(name, value, about)->required()->check(emptiness);
 }
 
 void CommandLine::arguments(const char* name, std::vector<std::string>& values, const char* about) {
-    app_->add_option(name, values, about)->required();
+    app_->add_option(name, values, about)->required()->check(emptiness);
 }
 
 void CommandLine::option(const char* name, std::string& value, const char* kind,
                          const char* about) {
-    app_->add_option(name, value, about)->type_name(kind);
+    app_->add_option(name, value, about)->type_name(kind)->check(emptiness);
 }
 
 void CommandLine::option(const char* name, double& value, const char* about) {
@@ -73,7 +76,10 @@ void CommandLine::option(const char* name, double& value, const char* about) {
 
 void CommandLine::option(const char* name, std::vector<std::string>& values, const char* kind,
                          const char* about) {
-    app_->add_option(name, values, about)->type_name(kind)->allow_extra_args(false);
+    app_->add_option(name, values, about)
+        ->type_name(kind)
+        ->allow_extra_args(false)
+        ->check(emptiness);
 }
 
 void CommandLine::option(const char* name, std::string& value,
