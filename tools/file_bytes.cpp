@@ -97,7 +97,11 @@ std::optional<Bytes> read_bytes(const std::string& path, std::string& error, Wan
 bool read_text(const std::string& path, std::string& text, std::string& error) {
     Bytes bytes;
     if (!read_up_to(kMostText, path, bytes, error, nullptr)) return false;
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
     text.assign(bytes.begin(), bytes.end());
+    if (text.compare(0, kByteOrderMark.size(), kByteOrderMark) == 0) {
+        text.erase(0, kByteOrderMark.size());
+    }
     if (bytes.size() <= kMostText) return true;
     error = shown_path(path, "standard input") + ": larger than " +
             std::to_string(kMostText >> 20) + " MiB";

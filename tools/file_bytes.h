@@ -24,10 +24,11 @@ std::optional<Bytes> read_bytes(const std::string& path, std::string& error,
 bool read_bytes(const std::string& path, Bytes& bytes, std::string& error,
                 bool (*wanted)(const Bytes& start) = nullptr);
 
-/// The most that is read of a scene, of its values and of a theme.
+/// The most that is read of a scene, of its values, of a theme and of masks.
 constexpr std::size_t kMostText = std::size_t(16) << 20;
 
-/// Reads a file of at most kMostText bytes; a longer one is a failure.
+/// Reads a file of at most kMostText bytes, without the byte order mark that some editors put at
+/// its start; a longer one is a failure.
 bool read_text(const std::string& path, std::string& text, std::string& error);
 
 /// Replaces a file in one step: who reads it sees the old bytes or the new ones. A device, a pipe,

@@ -241,6 +241,12 @@ TEST_F(CompareMasks, MaskedPixelsAreLeftOutCountedAndShown) {
               "2 pictures: 2 equal\n");
 }
 
+TEST_F(CompareMasks, AByteOrderMarkIsNoPartOfAName) {
+    const Finished done = with_masks("\xEF\xBB\xBFhome 5 2 3 1 dates\n** 5 2 3 1 dates\n");
+    EXPECT_EQ(done.status, 0);
+    EXPECT_EQ(done.error, "");
+}
+
 TEST_F(CompareMasks, APixelBesideAMaskIsFound) {
     const Finished done = with_masks("** 5 2 2 1 almost all\n");
     EXPECT_EQ(done.status, 1);

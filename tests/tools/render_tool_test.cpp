@@ -432,6 +432,26 @@ TEST_F(RenderTool, MistakesAreToldInOneLine) {
                    "a screen of 9000 x 9000 pixels is too large: 16 million are the most");
 }
 
+// As a script's variable is that was never set.
+TEST_F(RenderTool, AnEmptyValueIsRefused) {
+    const std::string more = " is empty (orvel-render --help tells more)";
+    for (const std::string option : {"--data", "--output", "--size", "--theme", "--set",
+                                     "--changed-from", "--events", "--changes"}) {
+        expect_refused({"--sample", "--describe", option, ""}, option + ":" + more);
+    }
+    const Finished done = orvel_test::run({kRender, "", "--describe"});
+    EXPECT_EQ(done.status, 2);
+    EXPECT_EQ(done.error, "orvel-render: SCENE:" + more + "\n");
+}
+
+TEST_F(RenderTool, AFileMayBeginWithAByteOrderMark) {
+    const std::string plain = drawn("plain.png"), mark = "\xEF\xBB\xBF";
+    write_file(folder / "data.json", mark + R"({"bar": 8})");
+    write_file(scene, mark + kScene);
+    EXPECT_EQ(run({"-o", png, "--data", folder / "data.json", "--set", "other=1"}).error, "");
+    EXPECT_EQ(read_file(png), plain);
+}
+
 TEST_F(RenderTool, AWatchedSceneIsDrawnAgainWhenAFileChanges) {
     write_file(folder / "data.json", R"({"bar": 5})");
     const pid_t child = fork();

@@ -65,9 +65,8 @@ const char* contradiction(const Given& given) {
 
 bool read_masks(const std::string& path, std::vector<Mask>& masks, std::string& error) {
     if (path.empty()) return true;
-    const auto bytes = orvel_tools::read_bytes(path, error);
-    if (!bytes) return false;
-    const std::string_view text(reinterpret_cast<const char*>(bytes->data()), bytes->size());
+    std::string text;
+    if (!orvel_tools::read_text(path, text, error)) return false;
     if (orvel_tools::read_masks(text, masks, error)) return true;
     error = orvel_tools::shown_path(path, "standard input") + ":" + error;
     return false;
