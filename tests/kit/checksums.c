@@ -1,40 +1,15 @@
 /* Draws what the library and the kit can draw and prints a checksum of each: the same lines from
    every compiler, on every processor, in every browser. With the name of a file that holds these
    lines it compares them, too; checksums.txt was written by what it prints. */
-#include <stdint.h>
-#include <stdio.h>
-#include <string.h>
-
 #include "orvel_kit.h"
+#include "support/checksum_lines.h"
 
 enum { kWidth = 320, kHeight = 240 };
 
-static FILE* s_expected = NULL;
-static int s_failures = 0;
-
-/* FNV-1a (Fowler, Noll, Vo). */
-static uint64_t hash_of(const unsigned char* bytes, size_t size) {
-    uint64_t hash = 14695981039346656037u;
-    size_t i;
-    for (i = 0; i < size; ++i) hash = (hash ^ bytes[i]) * 1099511628211u;
-    return hash;
-}
-
 static void tell(const char* what, int number, const orvel_canvas* canvas) {
-    static unsigned char bytes[kWidth * kHeight * 4];
-    char line[100], expected[100] = "";
-    kit_format format = {0};
-    uint64_t hash;
-    format.keep_alpha = 1;
-    s_failures += kit_pixels(canvas, NULL, &format, bytes, sizeof bytes, 0) != 0;
-    hash = hash_of(bytes, sizeof bytes);
-    sprintf(line, "%s %d %08lx%08lx\n", what, number, (unsigned long)(hash >> 32),
-            (unsigned long)(hash & 0xffffffffu));
-    fputs(line, stdout);
-    if (!s_expected) return;
-    if (fgets(expected, sizeof expected, s_expected) && strcmp(line, expected) == 0) return;
-    printf("expected: %s\n", expected);
-    ++s_failures;
+    char name[100];
+    sprintf(name, "%s %d", what, number);
+    tell_pixels(name, canvas);
 }
 
 static void wipe(orvel_canvas* canvas) {
@@ -142,19 +117,12 @@ static void charts(orvel_canvas* canvas) {
 int main(int argument_count, char** arguments) {
     orvel_canvas* const canvas = kit_canvas(kWidth, kHeight);
     if (!canvas) return 1;
-    if (argument_count > 1) {
-        s_expected = fopen(arguments[1], "r");
-        if (!s_expected) return 1;
-    }
+    if (argument_count > 1 && !expect_lines(arguments[1])) return 1;
     shapes(canvas);
     icons(canvas);
     words(canvas);
     widgets(canvas);
     charts(canvas);
     orvel_canvas_destroy(canvas);
-    if (s_expected) {
-        s_failures += fgetc(s_expected) != EOF;
-        fclose(s_expected);
-    }
-    return s_failures != 0;
+    return status_of_lines();
 }

@@ -75,6 +75,16 @@ TEST(ScenesTest, TheyLookAsTheyDid) {
                               << "' --approve --prune '" << kGolden << "' '" << actual << "'";
 }
 
+TEST(ScenesTest, ThePictureOfEachIsTheSameOnEveryMachine) {
+    const std::string checksums = read_file(ORVEL_SOURCE_DIR "/tests/screen/scene_checksums.txt");
+    for (const fs::path& file : scene_files()) {
+        for (const char* data : {" sample picture ", " data picture "}) {
+            const std::string name = fs::relative(file, kScenes).string() + data;
+            EXPECT_NE(checksums.find(name), std::string::npos) << name;
+        }
+    }
+}
+
 TEST(ScenesTest, NothingIsWrongWithThemWithEitherData) {
     for (const fs::path& file : scene_files()) {
         const std::string data = (file.parent_path() / "data.json").string();
