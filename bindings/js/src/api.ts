@@ -2099,7 +2099,7 @@ export function orvel_play_tone(frequency_hz: number, duration_ms: number): numb
     }
 }
 
-/** Letters of one design in one size. */
+/** A typeface in one size: its letters, and how they are spaced. */
 export class kit_face extends Objects.Handle {
     declare private readonly is: "kit_face";
 }
@@ -2139,13 +2139,13 @@ export interface kit_format {
     layout: number;
     /** a kit_dither; the layouts of four bytes need none */
     dither: number;
-    /** a number of quarters clockwise, back when negative */
+    /** a number of quarter turns, clockwise if positive */
     turns: number;
-    /** the panel's, without alpha, `colors` of them */
+    /** the panel's, alpha ignored, `colors` of them */
     palette: readonly orvel_color[] | null;
     /** the number of the colour that KIT_PLANE marks, from 0 */
     plane: number;
-    /** 0 or 1: the four-byte layouts get alpha 255, or what is stored */
+    /** 0 or 1: four-byte layouts get alpha 255, or what is stored */
     keep_alpha: number;
 }
 
@@ -2163,7 +2163,7 @@ function put_kit_format(at: number, from: Given<kit_format>): void {
 }
 
 /**
- * One widget, as a plain record; what a kind has no use for is ignored. The order of the fields is
+ * One widget, as a plain record; a kind ignores what it has no use for. The order of the fields is
  * part of the interface.
  */
 export interface kit_widget {
@@ -2172,7 +2172,7 @@ export interface kit_widget {
     /** a width or height of 0 is what kit_size() says */
     box: kit_box;
     /**
-     * the caption; items of tabs and menus joined with "|"; the name of an icon or image; what a stepper or badge shows in place of its number, unless it is empty
+     * the caption; items of tabs and menus joined with "|"; the name of an icon or image; what a stepper or badge shows instead of its number, unless it is empty
      */
     text: Text;
     /** what an empty text field shows, in the quiet colour */
@@ -2194,7 +2194,7 @@ export interface kit_widget {
     /** the other end of its selection, in bytes */
     anchor: number;
     /**
-     * in pixels, 1 and what kit_field() said: a longer text then moves no further than its caret needs; below 1 that is in the middle
+     * in pixels, 1 more than kit_field() returned: a text longer than the field then moves only as far as its caret needs; below 1 the caret is in the middle
      */
     scroll: number;
 }
@@ -2219,9 +2219,9 @@ function put_kit_widget(at: number, from: Given<kit_widget>): void {
     Room.view.setInt32(at + 72, Pass.int(from.scroll ?? 0, "kit_widget.scroll"), true);
 }
 
-/** One row of values. */
+/** One series of values. */
 export interface kit_series {
-    /** `count` of them; NaN or infinite is a missing one */
+    /** `count` of them; NaN or infinite is a missing value */
     values: Reals;
     /** alpha 0: the theme's accent, then others by number */
     color: orvel_color;
@@ -2243,19 +2243,21 @@ function put_kit_series(at: number, from: Given<kit_series>): void {
 export interface kit_chart {
     /** a kit_chart_kind */
     kind: number;
-    /** nothing is painted outside; the ground is left as it is */
+    /** nothing is painted outside it; its ground is left as it is */
     box: kit_box;
     /** `count` of them */
     series: readonly kit_series[] | null;
-    /** the range, a number; found from the values, with zero for */
+    /** a number, the lower end of the range */
     low: number;
-    /** areas, bars and gauges, when it is the same number */
+    /**
+     * a number, the upper end; when it equals low, the range is found from the values, with zero for areas, bars and gauges
+     */
     high: number;
     /** of kit_chart_parts */
     parts: number;
-    /** the number of digits, clamped to [0, 9]; ticks may need more */
+    /** the number of decimals, 0 to 9 after clamping; ticks may need more */
     decimals: number;
-    /** put behind those numbers, " kW" for instance */
+    /** put behind the numbers, for instance " kW" */
     unit: Text;
     /** of the places from left to right, joined with "|" */
     labels: Text;
@@ -2297,27 +2299,28 @@ export const KIT_GREY4 = 5;
 export const KIT_GREY2 = 6;
 /** 1 bit, the first pixel in the highest one; white is 1 */
 export const KIT_GREY1 = 7;
-/** one byte, the number of the palette's colour */
+/** one byte, the number of the colour in the palette */
 export const KIT_INDEX8 = 8;
-/** 4 bits, the number of the palette's colour */
+/** 4 bits, the same, the first pixel in the highest ones */
 export const KIT_INDEX4 = 9;
-/** 1 bit, 0 where the pixel takes the palette's colour number plane */
+/** 1 bit, 0 where the pixel takes the colour number plane of the palette */
 export const KIT_PLANE = 10;
-/** the nearest colour, the first of equals */
+/** the nearest colour; of several as near, the first */
 export const KIT_DITHER_NONE = 0;
 /**
- * an 8 x 8 matrix (Bayer, IEEE ICC 1973) that lies on the canvas, so
- * that boxes drawn at different times fit together. A palette's own
- * colours stay; others are moved by up to half of the largest gap
- * that the palette has in a channel
+ * an 8 x 8 matrix (Bayer, IEEE ICC 1973), anchored to the canvas, so
+ * that boxes written at different times fit together. A palette's
+ * own colours stay; others are moved by up to half of the largest
+ * gap between the palette's values of a channel
  */
 export const KIT_DITHER_ORDERED = 1;
 /**
- * errors to neighbours (Floyd and Steinberg, Proc. SID 17(2), 1976),
- * from the box's top left along its rows. Colours and errors are
- * counted in sixteenths of a step: 7, 3 and 5 of 16 parts, cut
- * toward zero, the rest to the lower right; what a pixel then
- * wants is clamped to black and white
+ * error diffusion (Floyd and Steinberg, Proc. SID 17(2), 1976), from
+ * the box's top left corner along its rows. Colours and errors are
+ * counted in sixteenths of a step. Of an error, 7 parts of 16 go
+ * ahead, 3 to the lower left and 5 below, rounded toward zero, and
+ * the rest to the lower right; the sum that a pixel gets is clamped
+ * to black and white
  */
 export const KIT_DITHER_DIFFUSED = 2;
 export const KIT_LEFT = 0;
@@ -2329,7 +2332,7 @@ export const KIT_HOVER = 1;
 export const KIT_ACTIVE = 2;
 /** a ring, inside the box; a caret in text fields */
 export const KIT_FOCUS = 4;
-/** mixed halfway into the theme's background, without hover and focus */
+/** mixed halfway into the theme's background; no hover, no focus */
 export const KIT_DISABLED = 8;
 /** a line for each series */
 export const KIT_CHART_LINE = 0;
@@ -2345,7 +2348,7 @@ export const KIT_CHART_STACKED = 4;
 export const KIT_CHART_GAUGE = 5;
 /** lines at round numbers, with labels at the left */
 export const KIT_CHART_AXES = 1;
-/** the labels below, as many of them as fit; of a gauge the first */
+/** the labels below, as many as fit; for a gauge the first */
 export const KIT_CHART_LABELS = 2;
 /** the names of the series at the top right, in rows */
 export const KIT_CHART_LEGEND = 4;
@@ -2363,7 +2366,7 @@ export function kit_version(): string | null {
     }
 }
 
-/** orvel_canvas_create(), guarded: null when the pixels do not fit into memory, too. */
+/** orvel_canvas_create(), guarded: null also when the pixels do not fit into memory. */
 export function kit_canvas(width: number, height: number): orvel_canvas | null {
     const mark = Room.enter();
     try {
@@ -2513,8 +2516,8 @@ export function kit_play_tone(frequency_hz: number, duration_ms: number): number
 }
 
 /**
- * The colour `percent` of the way from one to another, each of the four channels cut toward
- *  `from`. A percent is clamped to [0, 100].
+ * The colour that lies `percent` of the way between `from` and `to`; each of the four channels
+ *  is rounded toward `from`. The percentage is clamped to [0, 100].
  */
 export function kit_mix(
     from: Given<orvel_color>,
@@ -2554,12 +2557,12 @@ export function kit_grey(color: Given<orvel_color>): number {
 }
 
 /**
- * Copies the box `part` of `from` to the place (x, y) of `to`, pixel by pixel, alpha included;
- * what lies outside either canvas is left out. The two may be one canvas, and the boxes may
+ * Copies the box `part` of `from` to the point (x, y) of `to`, pixel by pixel, alpha included;
+ * what lies outside either canvas is left out. Both may be the same canvas, and the boxes may
  * overlap.
  *
  * @param part borrowed; may be null, which is all of `from`.
- * @returns 0; -1 for null.
+ * @returns 0; -1 for a null canvas.
  */
 export function kit_copy(
     to: orvel_canvas | null,
@@ -2586,10 +2589,10 @@ export function kit_copy(
 }
 
 /**
- * As kit_copy(), but a pixel with alpha 0 leaves what is there.
+ * As kit_copy(), but pixels of `from` with alpha 0 are skipped.
  *
  * @param part borrowed; may be null, which is all of `from`.
- * @returns 0; -1 for null.
+ * @returns 0; -1 for a null canvas.
  */
 export function kit_stamp(
     to: orvel_canvas | null,
@@ -2616,14 +2619,14 @@ export function kit_stamp(
 }
 
 /**
- * Draws a built-in icon as orvel_draw_icon() draws it at the top left of a canvas of its own, cut
- * to its square. Two icons, "home" and "power", look different further down a canvas; this way they
- * look the same everywhere. Cut-outs take the colour of the pixel of the square nearest to its top
- * left corner that the canvas has.
+ * Draws a built-in icon as orvel_draw_icon() draws it at the top left of a canvas of its own,
+ * clipped to its square. Two icons, "home" and "power", look different further down a canvas; this
+ * way they look the same everywhere. Cut-outs take the colour of the pixel in the top left corner
+ * of the square or, where that is off the canvas, of the pixel of the square nearest to it.
  *
  * @param size in pixels.
- * @returns 0; -1 for null, an unknown name, a size below 1 or above 16384, and where memory
- *     runs out, which all draw nothing.
+ * @returns 0; -1 for null, an unknown name, a size below 1 or above 16384, and when memory
+ *     runs out; nothing is then drawn.
  */
 export function kit_icon(
     canvas: orvel_canvas | null,
@@ -2652,13 +2655,13 @@ export function kit_icon(
 }
 
 /**
- * Begins drawing that is to stay inside `box`: cuts the box to the canvas and returns a canvas of
- * just that size that shows what is there. Draw on it with the box's new x and y subtracted, then
- * hand both to kit_clip_end(). No pixel outside the box changes.
+ * Begins drawing that stays inside `box`: clips the box to the canvas and returns a new canvas of
+ * exactly that size, with a copy of what is there. Subtract the box's new x and y from what you
+ * draw on it, then pass both to kit_clip_end(). No pixel outside the box changes.
  *
  * @param box changed; null is refused.
- * @returns the caller's, for orvel_canvas_destroy() or kit_clip_end(); null when nothing of
- *     the box is on the canvas or memory runs out, which leave the box as it was.
+ * @returns the caller's, for orvel_canvas_destroy() or kit_clip_end(); null when no part of
+ *     the box is on the canvas or memory runs out, and the box then stays as it was.
  */
 export function kit_clip_begin(
     canvas: orvel_canvas | null,
@@ -2681,10 +2684,11 @@ export function kit_clip_begin(
 }
 
 /**
- * Copies `inside` back to the place of `box`, and destroys it, also where the others are null.
+ * Copies `inside` back to `box` on the canvas, and destroys it, even when the canvas or the box
+ * is null.
  *
  * @param inside taken; null is refused.
- * @returns 0; -1 for null, and for the canvas itself in place of `inside`, which stays.
+ * @returns 0; -1 for null, and when `inside` is the canvas itself, which is not destroyed.
  */
 export function kit_clip_end(
     canvas: orvel_canvas | null,
@@ -2709,8 +2713,8 @@ export function kit_clip_end(
 }
 
 /**
- * What a row of `width` pixels takes in bytes, after any turn; 0 for what is no format, a width
- *  below 1 and where size_t cannot tell.
+ * The size in bytes of a row of `width` pixels, counted after the turn; 0 for an invalid format,
+ *  a width below 1, and a size beyond the range of size_t.
  */
 export function kit_pixels_stride(format: Given<kit_format> | null, width: number): number {
     const mark = Room.enter();
@@ -2728,18 +2732,19 @@ export function kit_pixels_stride(format: Given<kit_format> | null, width: numbe
 }
 
 /**
- * Writes the pixels of `box` to `to`, turned, rows top first, each `stride` bytes after the one
- * before (0: kit_pixels_stride()). The bits that fill up a row's last byte are 0; bytes between the
- * rows are left alone. Nothing is written unless all of it fits.
+ * Writes the pixels of `box` to `to`, turned, from the top row down, each row starting `stride`
+ * bytes after the one before; a stride of 0 is kit_pixels_stride(). The unused bits of a row's last
+ * byte are 0; bytes between the rows are left alone. Nothing is written unless all of it fits.
  *
- * What is no format: a number that no kit_layout or kit_dither has; for the layouts that need them,
- * no palette, a number of colours or a plane outside it. Other fields may hold anything.
+ * A format is invalid when its layout or dither is none of kit_layout or kit_dither and, with a
+ * layout that needs them, when the palette is null, the number of colours is out of range, or there
+ * is no colour of the number plane. Other fields may hold anything.
  *
  * @param box borrowed; may be null, which is all of the canvas.
  * @param to written, `size` of its bytes; null is refused.
- * @returns 0; -1 for null, a box that is empty or not wholly on the canvas, what is no format,
- *     a stride shorter than a row, a memory of `size` bytes too small for the rows (the last
- *     one ends where its pixels do), and where memory runs out.
+ * @returns 0; -1 for null, a box that is empty or not wholly on the canvas, an invalid format,
+ *     a stride shorter than a row, a size too small for the rows (the last one ends where its
+ *     pixels do), and when memory runs out.
  */
 export function kit_pixels(
     canvas: orvel_canvas | null,
@@ -2937,8 +2942,8 @@ export function kit_digits_96(): kit_face | null {
 }
 
 /**
- * The face of that name, "sans 12" or "digits 96". A program that is linked to the static kit and
- * calls this carries all faces.
+ * The built-in face of that name: "sans 12", "digits 96". A program that links the static kit and
+ * calls this contains all the faces.
  *
  * @returns static; null when there is none.
  */
@@ -2956,13 +2961,13 @@ export function kit_face_named(name: Text): kit_face | null {
 
 /**
  * Reads a bitmap font in the Glyph Bitmap Distribution Format (BDF 2.1, Adobe 1993; of 2.2, widths
- * for the whole font). The file is not trusted: time and memory stay in proportion to its size, of
- * which 16 MiB are the most, and a FIFO is not waited for.
- *  - The codes are Unicode's, or those of a set that shares them (ISO8859-1, ASCII), or of symbols
- *    that belong to no set (FontSpecific). Fonts in another set are refused.
- *  - Of several letters with one code the first counts; one without a code is left out. Where there
- *    is no U+FFFD, the letter of the property DEFAULT_CHAR stands for it.
- *  - Sides, offsets and advances have at most 4096 pixels; no letter goes back to the left.
+ * for the whole font). The file is not trusted: it has at most 16 MiB, time and memory stay in
+ * proportion to its size, and a FIFO is not waited for.
+ *  - The codes are those of Unicode, of a character set that agrees with it (ISO8859-1, ASCII), or
+ *    of symbols that belong to no set (FontSpecific). Fonts in another set are refused.
+ *  - Of several letters with the same code the first counts; letters without a code are left out.
+ *    If there is no U+FFFD, the letter of the property DEFAULT_CHAR stands for it.
+ *  - Sides, offsets and advances are at most 4096 pixels, and no advance is negative.
  *
  * @returns the caller's, for kit_face_close(); null, and the reason as "PATH:LINE: what is
  *     wrong", when it is refused.
@@ -2985,7 +2990,7 @@ export function kit_face_open(path: Text): kit_face | null {
 }
 
 /**
- * As kit_face_open(), from memory; reasons begin with "font" in place of a path.
+ * As kit_face_open(), from memory; reasons begin with "font" instead of a path.
  *
  * @param bytes borrowed, `length` of them; null is refused.
  * @returns the caller's, for kit_face_close(); null, and the reason, when it is refused.
@@ -3009,14 +3014,14 @@ export function kit_face_read(bytes: Text): kit_face | null {
 }
 
 /**
- * A face that takes from `second` what `first` lacks; lines are as high as the higher one, and
- * capitals count as high as those of `first`. At most 8 faces come together so. Letters of two
- * faces are not kerned with each other.
+ * A face that takes from `second` the characters that `first` lacks. Its lines are as high as the
+ * higher lines of the two, its capitals count as high as those of `first`. At most 8 faces can be
+ * chained so. Letters of different faces are not kerned with each other.
  *
  * @param first kept until the new one is closed; null is refused.
  * @param second kept until the new one is closed; null is refused.
- * @returns the caller's, for kit_face_close(); null for null, too many, or when memory runs
- *     out.
+ * @returns the caller's, for kit_face_close(); null for a null face, for more than 8 faces,
+ *     and when memory runs out.
  */
 export function kit_face_fallback(
     first: kit_face | null,
@@ -3042,12 +3047,15 @@ export function kit_face_fallback(
     }
 }
 
-/** Releases what kit_face_open(), _read() or _fallback() returned; `face` is taken. */
+/**
+ * Releases what kit_face_open(), kit_face_read() or kit_face_fallback() returned;
+ *  `face` is taken.
+ */
 export function kit_face_close(face: kit_face | null): void {
     Objects.take(face, kit_face, "face");
 }
 
-/** in pixels: rows above the baseline's */
+/** in pixels: the rows above the baseline */
 export function kit_face_ascent(face: kit_face | null): number {
     const mark = Room.enter();
     try {
@@ -3060,7 +3068,7 @@ export function kit_face_ascent(face: kit_face | null): number {
     }
 }
 
-/** in pixels: its row and those below */
+/** in pixels: its row and those below it */
 export function kit_face_descent(face: kit_face | null): number {
     const mark = Room.enter();
     try {
@@ -3073,7 +3081,7 @@ export function kit_face_descent(face: kit_face | null): number {
     }
 }
 
-/** in pixels: one baseline to the next */
+/** in pixels: from baseline to baseline */
 export function kit_face_line(face: kit_face | null): number {
     const mark = Room.enter();
     try {
@@ -3100,7 +3108,9 @@ export function kit_face_cap(face: kit_face | null): number {
 }
 
 /**
- * @returns 1 when the face, or one behind it, has the character, `code` is its number; else 0.
+ * Whether the face, or one chained behind it, has a character; `code` is its number in Unicode.
+ *
+ * @returns 1 when it has, else 0.
  */
 export function kit_face_has(face: kit_face | null, code: number): number {
     const mark = Room.enter();
@@ -3117,7 +3127,7 @@ export function kit_face_has(face: kit_face | null, code: number): number {
     }
 }
 
-/** The width of a line in pixels: all its advances and kernings. */
+/** The width of a line in pixels: the sum of its advances and kernings. */
 export function kit_text_width(face: kit_face | null, text: Text): number {
     const mark = Room.enter();
     try {
@@ -3138,7 +3148,7 @@ export function kit_text_width(face: kit_face | null, text: Text): number {
  * a letter without a descender is the one above it.
  *
  * @param canvas borrowed; may be null.
- * @returns the x at which the line ends, in pixels, or would end on a null canvas.
+ * @returns the x at which the line ends, in pixels, the same for a null canvas.
  */
 export function kit_text_draw(
     canvas: orvel_canvas | null,
@@ -3167,9 +3177,9 @@ export function kit_text_draw(
 }
 
 /**
- * Draws one line in a box, its capitals centred from top to bottom. A line wider than the box ends
- * in an ellipsis, which comes before a whole number rather than inside it; no pixel outside the box
- * changes, so a letter may lose what hangs over its sides.
+ * Draws one line in a box, its capitals centred vertically. A line wider than the box is cut and
+ * ends in an ellipsis, which replaces a number as a whole rather than a part of it. No pixel
+ * outside the box changes, so a letter may lose what hangs over the sides.
  *
  * @returns 0 when the line is no wider than the box, 1 when it was cut, -1 for a null canvas.
  */
@@ -3200,12 +3210,13 @@ export function kit_text_box(
 }
 
 /**
- * Draws a paragraph in a box from its top: broken at spaces, which then take no room, at soft
- * hyphens, which then show, at zero width spaces, behind hyphens and dashes between letters (not
- * before a digit), at every newline, and inside a word only where the word alone is wider than the
- * box. Lines that do not fit whole are left out, and the last one shown then ends in an ellipsis.
+ * Draws a paragraph from the top of a box. It is broken at spaces, which then take no room, at soft
+ * hyphens, which then show, at zero width spaces, after hyphens and dashes between letters (not
+ * before a digit), at every newline, and inside a word only when the word alone is wider than the
+ * box. Lines that do not wholly fit the height are left out, and the last line shown then ends in
+ * an ellipsis.
  *
- * @param canvas borrowed; may be null, where nothing is drawn.
+ * @param canvas borrowed; may be null, and nothing is drawn then.
  * @returns the number of lines that the whole paragraph takes, 0 for an empty text.
  */
 export function kit_text_wrap(
@@ -3235,8 +3246,9 @@ export function kit_text_wrap(
 }
 
 /**
- * The width in pixels of a line up to a caret; `offset` is where, in bytes. An offset inside a
- * character counts as the one before it; one past the end as the end.
+ * The width in pixels of a line up to a caret; `offset` is the caret's, in bytes. An offset
+ *  inside a character counts as that of the character, a negative one as 0, one past the end as the
+ *  end.
  */
 export function kit_text_x(face: kit_face | null, text: Text, offset: number): number {
     const mark = Room.enter();
@@ -3255,8 +3267,8 @@ export function kit_text_x(face: kit_face | null, text: Text, offset: number): n
 }
 
 /**
- * The offset in bytes of the place between two characters of a line that is nearest to x: of two
- *  as near the left one, of several at one x the last.
+ * The offset in bytes of the caret that is nearest to x in a line: the left one of two that are
+ *  equally near, the last of several at the same x.
  */
 export function kit_text_at(face: kit_face | null, text: Text, x: number): number {
     const mark = Room.enter();
@@ -3275,8 +3287,8 @@ export function kit_text_at(face: kit_face | null, text: Text, x: number): numbe
 }
 
 /**
- * How many characters of the text show as U+FFFD for want of a letter; ill-formed parts do not
- *  count where a face has U+FFFD.
+ * How many characters of the text show as U+FFFD because no face has them; ill-formed parts do not
+ *  count if a face has U+FFFD.
  */
 export function kit_text_missing(face: kit_face | null, text: Text): number {
     const mark = Room.enter();
@@ -3294,16 +3306,16 @@ export function kit_text_missing(face: kit_face | null, text: Text): number {
 }
 
 /**
- * Draws a widget: the library's design with readable words, each in the room, the place and the
- * colour that the kind has for its caption; an ellipsis ends what is longer. A text field with
- * focus shows the part of a longer text that its caret is in. Where the design has no room for the
- * face (bands, bubbles, boxes beside words) or more room than it uses (sliders, stars), it is drawn
- * as large as the face or the box. Nothing is painted outside the box.
+ * Draws a widget: the library's design with readable words, in the place and the colour that the
+ * kind has for its caption; a caption that is too long ends in an ellipsis. A text field with focus
+ * shows the part of a longer text that its caret is in. Where the design has no room for the face
+ * (bands, bubbles, boxes beside words) or does not use the box (sliders, stars), it is drawn as
+ * large as the face or the box. Nothing is painted outside the box.
  *
- * @returns 0, also where nothing of the box is on the canvas; -1 for null, an unknown kind, a
- *     negative size, an icon or image that cannot be drawn (off the canvas that is told only
- *     of an image whose own size counts), and where memory runs out: what was drawn by then
- *     stays.
+ * @returns 0, also when no part of the box is on the canvas; -1 for null, an unknown kind, a
+ *     negative width or height, an icon or image that cannot be drawn (off the canvas, that is
+ *     noticed only of an image whose own size counts), and when memory runs out; what was
+ *     drawn by then stays.
  */
 export function kit_draw(
     canvas: orvel_canvas | null,
@@ -3326,13 +3338,13 @@ export function kit_draw(
 }
 
 /**
- * The size that a widget wants with its words, face and value: sides above 0 that its box gives
- * stay. The size of an image is that of what shows of it, up to 4096 pixels to a side, and 0 x 0
- * for one that cannot be drawn; finding it reads and draws the file.
+ * The size that a widget wants with its words, face and value; a side of its box that is above 0
+ * stays as it is. The size of an image is that of what can be seen of it, up to 4096 pixels a side,
+ * and 0 x 0 if it cannot be drawn; to find it, the file is read and drawn.
  *
  * @param w written, in pixels; may be null.
  * @param h written, in pixels; may be null.
- * @returns 0; -1 for null, an unknown kind and where memory runs out, which want 0 x 0.
+ * @returns 0; -1 for null, an unknown kind and when memory runs out, which write 0 x 0.
  */
 export function kit_size(widget: Given<kit_widget> | null, w: Out, h: Out): number {
     const mark = Room.enter();
@@ -3351,13 +3363,14 @@ export function kit_size(widget: Given<kit_widget> | null, w: Out, h: Out): numb
 }
 
 /**
- * Where a text field, a text box or search, shows its text: `widget` as for kit_draw(). The column
- * of a letter is the left one of the room with its kit_text_x() and without what is returned.
+ * Where a text box or search field shows its text, with the same `widget` as for kit_draw(). A
+ * letter is drawn at the left side of the room, plus its kit_text_x(), minus what is returned.
  *
  * @param room written: the box that the words show in; may be null.
- * @param caret written: that of the caret, empty where there is none; may be null.
- * @returns the width in pixels of what of the text lies to the left of the room, 0 without
- *     focus; -1 for null, another kind and a negative size, which have empty boxes.
+ * @param caret written: the box of the caret, empty if there is none; may be null.
+ * @returns the width in pixels of the part of the text that lies to the left of the room, 0
+ *     without focus; -1 for null, another kind and a negative width or height, with both boxes
+ *     empty.
  */
 export function kit_field(
     widget: Given<kit_widget> | null,
@@ -3384,14 +3397,15 @@ export function kit_field(
 }
 
 /**
- * Draws a chart in the theme's colours. Numbers and labels are whole or left out; an ellipsis ends
- * names that are too long, and stands for a gauge's number that has no room even without its unit.
+ * Draws a chart in the theme's colours. Numbers and labels are shown whole or not at all; a name
+ * that is too long ends in an ellipsis, and one stands for a gauge's number that has no room even
+ * without its unit.
  *
- * @returns 0, also where there are no values to show, and where the box leaves them no room or
- *     lies off the canvas; -1 for null, an array only where its count is above 0, an unknown
- *     kind, a count below 0, more than 32 series, a box with a side below 0 or above 32767, a
- *     range that is upside down or whose ends or width are not finite, and where memory runs
- *     out.
+ * @returns 0, also when there are no values to show, and when the box leaves no room for them
+ *     or lies off the canvas; -1 for null (a null array only when its count is above 0), an
+ *     unknown kind, a count below 0, more than 32 series, a box with a side below 0 or above
+ *     32767, a range that is upside down or whose ends or width are not finite, and when
+ *     memory runs out.
  */
 export function kit_chart_draw(
     canvas: orvel_canvas | null,
@@ -3419,8 +3433,8 @@ export class kit_screen extends Objects.Handle {
 }
 
 /**
- * One event. Fields that its kind does not mention are not looked at, and those may hold anything:
- *  what makes no sense has no effect, and what is not UTF-8 is shown as U+FFFD.
+ * One event. Fields that its kind does not mention are not looked at. The others may hold
+ * anything: what makes no sense has no effect, and what is not UTF-8 is shown as U+FFFD.
  */
 export interface kit_screen_event {
     /** a kit_event_kind */
@@ -3429,9 +3443,9 @@ export interface kit_screen_event {
     x: number;
     /** of the pointer, in pixels */
     y: number;
-    /** a number: turned by, 120 a notch, positive to the right */
+    /** a number: the turn of the wheel, 120 a notch, positive to the right */
     dx: number;
-    /** a number: turned by, 120 a notch, positive away from the user */
+    /** a number: the same, positive away from the user */
     dy: number;
     /** a number, 0 for the main one; others only move the pointer */
     button: number;
@@ -3488,22 +3502,23 @@ export const KIT_EVENT_TIME = 0;
 export const KIT_EVENT_MOVE = 1;
 /** a button of it, or a finger, went down at x, y */
 export const KIT_EVENT_PRESS = 2;
-/** and up */
+/** the button or finger went up at x, y; after a finger send LEAVE */
 export const KIT_EVENT_RELEASE = 3;
+/** nothing points at the screen; what is held has no effect */
 export const KIT_EVENT_LEAVE = 4;
-/** it was turned at x, y by dx, dy */
+/** the wheel was turned at x, y by dx, dy */
 export const KIT_EVENT_WHEEL = 5;
 /** a key went down, or repeats */
 export const KIT_EVENT_KEY = 6;
 /** a text was typed, or its composition has ended */
 export const KIT_EVENT_TEXT = 7;
-/** an input method composes a text; an empty one: no longer */
+/** an input method composes a text; an empty one when it stops */
 export const KIT_EVENT_COMPOSE = 8;
 /** the clipboard's text, which KIT_CHANGE_PASTE asked for */
 export const KIT_EVENT_PASTE = 9;
 /** the window lost the keyboard */
 export const KIT_EVENT_BLUR = 10;
-/** and has it again */
+/** the window has the keyboard again */
 export const KIT_EVENT_FOCUS = 11;
 /** also that of the number pad */
 export const KIT_KEY_ENTER = 1114112;
@@ -3562,18 +3577,18 @@ export const KIT_MOD_CONTROL = 2;
 /** shortcuts */
 export const KIT_MOD_ALT = 4;
 /**
- * a control has a new value: of the data's name, which is set;
- * without a name, of the control with the id, which keeps its own
+ * a control has a new value: with a name, that value of the data was
+ * set; without one, the control with the id keeps what it had
  */
 export const KIT_CHANGE_VALUE = 0;
 /**
- * a button or list item with an id was pressed, or its shortcut; Enter
- * in a text field
+ * a button, a list item or a dropdown without items that has an id was
+ * pressed, or its shortcut was; or Enter in a text field
  */
 export const KIT_CHANGE_PRESS = 1;
 /** a text for the clipboard */
 export const KIT_CHANGE_COPY = 2;
-/** a text field asks for the clipboard's text: KIT_EVENT_PASTE */
+/** a text field asks for the clipboard's text: send KIT_EVENT_PASTE */
 export const KIT_CHANGE_PASTE = 3;
 /** the effect that the scene names for the control ("sound") */
 export const KIT_CHANGE_SOUND = 4;
@@ -3598,8 +3613,8 @@ export function kit_screen_version(): string | null {
 }
 
 /**
- * Opens a scene file. Includes are files in its folder or below; links and FIFOs are followed and
- * not waited for.
+ * Opens a scene file. Includes are files in its folder or below. Links are followed; a FIFO is not
+ * waited for.
  *
  * @param data the data that the screen shows, a JSON object; borrowed; may be null, which is
  *     the file's "sample".
@@ -3636,7 +3651,7 @@ export function kit_screen_open(path: Text, data: Text, host: Asked | null): kit
  * As kit_screen_open(), from memory. Includes come from the host.
  *
  * @param bytes borrowed, `length` of them; null is refused.
- * @param name with which reasons begin; borrowed; may be null, which is "scene".
+ * @param name what reasons begin with; borrowed; may be null, which is "scene".
  * @param data borrowed; may be null, which is the "sample".
  * @param host borrowed; may be null; what it holds is kept until the screen is closed.
  * @returns the caller's, for kit_screen_close(); null, and the reason, when it is refused.
@@ -3681,8 +3696,8 @@ export function kit_screen_close(screen: kit_screen | null): void {
 }
 
 /**
- * The size that the screen has: its file's "size", what kit_screen_resize() said, or what its root
- *  wants. 0 for null. `w` and `h` are written, in pixels, and may be null.
+ * The size of the screen: what kit_screen_resize() set, else the "size" in its file, else what its
+ *  root wants; 0 x 0 for null. `w` and `h` are written, in pixels, and may be null.
  */
 export function kit_screen_size(screen: kit_screen | null, w: Out, h: Out): void {
     const mark = Room.enter();
@@ -3703,7 +3718,7 @@ export function kit_screen_size(screen: kit_screen | null, w: Out, h: Out): void
     }
 }
 
-/** Lays the screen out anew for this size: 1 to 32767 pixels each. */
+/** Lays the screen out anew in this size; either side is 1 to 32767 pixels. */
 export function kit_screen_resize(screen: kit_screen | null, w: number, h: number): number {
     const mark = Room.enter();
     let screen_cell: Cell | undefined;
@@ -3732,8 +3747,8 @@ export function kit_screen_resize(screen: kit_screen | null, w: number, h: numbe
 
 /**
  * Sets the value `name` ("battery", "now.temp", "days[2].name"; empty: all of the data) to the
- * JSON text `json`. Objects on its way are made where they are missing, an index one past the end
- * of a list adds to it.
+ * JSON text `json`. Objects that are missing on the way there are made; an index one past the end
+ * of a list appends to it.
  */
 export function kit_screen_set(screen: kit_screen | null, name: Text, json: Text): number {
     const mark = Room.enter();
@@ -3761,7 +3776,7 @@ export function kit_screen_set(screen: kit_screen | null, name: Text, json: Text
     }
 }
 
-/** @returns the value `name` as JSON, borrowed until the next call; null where there is none. */
+/** @returns the value `name` as JSON, borrowed until the next call; null when there is none. */
 export function kit_screen_get(screen: kit_screen | null, name: Text): string | null {
     const mark = Room.enter();
     let screen_cell: Cell | undefined;
@@ -3817,7 +3832,7 @@ export function kit_screen_add(
     }
 }
 
-/** Removes the node `id`, with all below it, from the row, column or stack that it is in. */
+/** Removes the node `id`, and all below it, from the row, column or stack that it is in. */
 export function kit_screen_remove(screen: kit_screen | null, id: Text): number {
     const mark = Room.enter();
     let screen_cell: Cell | undefined;
@@ -3883,12 +3898,12 @@ export function kit_screen_change(
 }
 
 /**
- * Draws what changed since the last time: on the first call everything. The canvas must show what
- * was last drawn; kit_screen_expose() says where it does not.
+ * Draws what has changed since the last call, and everything on the first one. The canvas must
+ * still show what was drawn before; where it does not, say so by kit_screen_expose().
  *
  * @param dirty written: the smallest rectangle that holds all that was drawn, empty when
  *     nothing had to be; may be null. Outside it no pixel changes.
- * @returns 0; -1 for null, and where memory runs out, where the next call draws it again.
+ * @returns 0; -1 for null, and when memory runs out; the next call then draws it again.
  */
 export function kit_screen_draw(
     screen: kit_screen | null,
@@ -3916,7 +3931,7 @@ export function kit_screen_draw(
     }
 }
 
-/** Has the next kit_screen_draw() draw a box, too; `box` may be null, which is everything. */
+/** Makes the next kit_screen_draw() draw a box again; `box` may be null, which is everything. */
 export function kit_screen_expose(screen: kit_screen | null, box: Given<kit_box> | null): void {
     const mark = Room.enter();
     let screen_cell: Cell | undefined;
@@ -3933,11 +3948,11 @@ export function kit_screen_expose(screen: kit_screen | null, box: Given<kit_box>
 }
 
 /**
- * One event in.
+ * Hands an event to the screen.
  *
  * @param event borrowed; null is refused.
  * @param now_ms in milliseconds.
- * @returns 0; -1 for null, an unknown kind, and where memory runs out, where the event had no
+ * @returns 0; -1 for null, an unknown kind, and when memory runs out; the event then had no
  *     effect at all.
  */
 export function kit_screen_send(
@@ -3965,12 +3980,12 @@ export function kit_screen_send(
 }
 
 /**
- * The next change out, oldest first. Values of one name that come one after another, and that
- * nobody has asked for, are one change, with the last of them. 4096 changes are kept; then the
- * oldest go.
+ * Takes the next change out, the oldest first. Values of the same name that follow each other, and
+ * that nobody has taken out yet, are one change, with the last of them. 4096 changes are kept;
+ * beyond that the oldest are dropped.
  *
  * @param change written; null is refused.
- * @returns 1 when there was one, 0 when not; -1 for null.
+ * @returns 1 when there was one, 0 when there was none; -1 for null.
  */
 export function kit_screen_next(
     screen: kit_screen | null,
@@ -3994,11 +4009,11 @@ export function kit_screen_next(
 }
 
 /**
- * When time matters by itself: a stepper repeats, a tooltip shows. A host waits for its events no
- * longer, and then sends KIT_EVENT_TIME.
+ * How long it is until something happens by itself: a stepper repeats, a tooltip shows. A host
+ * waits for its events no longer than that, and then sends KIT_EVENT_TIME.
  *
  * @param now_ms in milliseconds.
- * @returns in milliseconds from now, 0 when it already does; -1 where it does not, and for
+ * @returns in milliseconds from now, 0 when it is due; -1 when nothing will happen, and for
  *     null.
  */
 export function kit_screen_wait(screen: kit_screen | null, now_ms: number): number {
@@ -4025,7 +4040,7 @@ export function kit_screen_wait(screen: kit_screen | null, now_ms: number): numb
  * scrolled into view.
  *
  * @param id borrowed; may be null or empty, which gives it to none.
- * @returns 0; -1 where none of that id can be used, and where memory runs out.
+ * @returns 0; -1 when no node with that id can be used, and when memory runs out.
  */
 export function kit_screen_focus(screen: kit_screen | null, id: Text): number {
     const mark = Room.enter();
@@ -4044,10 +4059,10 @@ export function kit_screen_focus(screen: kit_screen | null, id: Text): number {
 }
 
 /**
- * Where the caret of the text field with the keyboard stands, for the window of an input method.
+ * The box of the caret in the text field that has the keyboard, for the window of an input method.
  *
  * @param box written; null is refused.
- * @returns 0; -1 where no text field has the keyboard, and for null.
+ * @returns 0; -1 when no text field has the keyboard, and for null.
  */
 export function kit_screen_caret(screen: kit_screen | null, box: Partial<kit_box> | null): number {
     const mark = Room.enter();
@@ -4067,7 +4082,7 @@ export function kit_screen_caret(screen: kit_screen | null, box: Partial<kit_box
     }
 }
 
-/** @returns the kit_pointer where the pointer is; the arrow for null. */
+/** @returns the kit_pointer to show where the pointer is; the arrow for null. */
 export function kit_screen_pointer(screen: kit_screen | null): number {
     const mark = Room.enter();
     let screen_cell: Cell | undefined;
@@ -4085,16 +4100,16 @@ export function kit_screen_pointer(screen: kit_screen | null): number {
 }
 
 /**
- * One line for each node that shows, in the order in which they are drawn, each below its parent
- * and two spaces further right: ROLE, then what the node has of "NAME", =VALUE, its states, #ID,
- * and last its box, X,Y WxH. The same lines for the same screen, everywhere and in every version of
- * one number.
+ * Describes the screen in one line for each node that shows, in the order in which they are drawn,
+ * each below its parent and indented by two spaces more: ROLE, then those of "NAME", =VALUE, states
+ * and #ID that the node has, and last its box, X,Y WxH. The same screen gives the same lines,
+ * everywhere and in every version with the same first number.
  *
  *     row 0,0 800x44
  *       icon "home" 20,8 28x28
  *       slider =21 focus #target 20,60 228x14
  *
- * @returns borrowed until the next call; null for null and where memory runs out.
+ * @returns borrowed until the next call; null for null and when memory runs out.
  */
 export function kit_screen_describe(screen: kit_screen | null): string | null {
     const mark = Room.enter();
@@ -4113,20 +4128,20 @@ export function kit_screen_describe(screen: kit_screen | null): string | null {
 }
 
 /**
- * What a careful look would find wrong, one line for each, "FILE:LINE:COLUMN: PATH: KIND: ...":
+ * What a careful look would find wrong, in one line each, "FILE:LINE:COLUMN: PATH: KIND: ...":
  *  - overflow: a node lies partly or wholly outside its parent, and is cut;
  *  - cut: words, a picture, an icon, a circle or the legend of a chart do not fit in their box;
  *  - missing: characters that the face lacks;
  *  - contrast: words that stand out too little from their ground (WCAG 2.2, 1.4.3);
- *  - target: a control that can be used, having an id or a value of the data, and that has a side
- *    below 24 pixels (WCAG 2.2, 2.5.8) which the kit would not make so small;
- *  - range: a number outside its range; a "selected" or "show" of what there is not, but for -1;
- *  - id: an id that another node of the same file has, too;
- *  - name: one in a condition, or with a fallback, that neither the data nor the sample have;
- *  - key: a shortcut that another control has, too, of which the first one counts;
- *  - unknown: a picture or an image that there is not.
+ *  - target: a control that can be used, having an id or a value of the data, with a side below 24
+ *    pixels (WCAG 2.2, 2.5.8) that the kit by itself would not make so small;
+ *  - range: a number outside its range; a "selected" or "show" other than -1 of what is not there;
+ *  - id: an id that another node of the same file has too;
+ *  - name: a name, in a condition or with a fallback, that neither the data nor the sample has;
+ *  - key: a shortcut that another control has too; it belongs to the first one;
+ *  - unknown: a picture or an image that does not exist.
  *
- * @returns borrowed until the next call, empty when there is nothing; null for null and where
+ * @returns borrowed until the next call, empty when nothing is found; null for null and when
  *     memory runs out.
  */
 export function kit_screen_report(screen: kit_screen | null): string | null {
@@ -4146,13 +4161,12 @@ export function kit_screen_report(screen: kit_screen | null): string | null {
 }
 
 /**
- * As kit_screen_report(), of the screen on a panel: contrast is that of the nearest colours that it
- * has, and where few are dithered, words in a mixed one become dots.
+ * As kit_screen_report(), but for the screen on a panel: contrast is that of the nearest colours
+ * that the panel has, and words in a colour that it would have to mix from dots are told too.
  *
- * @param panel borrowed, its plane and turns without a say; may be null, which has every
- *     colour.
- * @returns borrowed until the next call; null for null, for what is no format, and where
- *     memory runs out.
+ * @param panel borrowed, plane and turns without effect; may be null, which has every colour.
+ * @returns borrowed until the next call; null for null, for an invalid format, and when memory
+ *     runs out.
  */
 export function kit_screen_report_on(
     screen: kit_screen | null,
@@ -4181,7 +4195,7 @@ export function kit_screen_report_on(
  * screen, cut to what shows of it.
  *
  * @param box written; null is refused.
- * @returns 0; -1 where there is none, or nothing of it shows.
+ * @returns 0; -1 when there is none, or no part of it shows.
  */
 export function kit_screen_box(
     screen: kit_screen | null,

@@ -559,7 +559,7 @@ Where it raises, the process ends: call kit_play_tone().""")
 
 
 class kit_face(Structure):
-    """Letters of one design in one size."""
+    """A typeface in one size: its letters, and how they are spaced."""
 
 
 class kit_box(Structure):
@@ -580,11 +580,11 @@ class kit_format(Structure):
 
     layout: a kit_layout
     dither: a kit_dither; the layouts of four bytes need none
-    turns: a number of quarters clockwise, back when negative
-    colors: the number of the palette's, 1 to 16
-    palette: the panel's, without alpha, `colors` of them
+    turns: a number of quarter turns, clockwise if positive
+    colors: the number of colours in the palette, 1 to 16
+    palette: the panel's, alpha ignored, `colors` of them
     plane: the number of the colour that KIT_PLANE marks, from 0
-    keep_alpha: 0 or 1: the four-byte layouts get alpha 255, or what is stored"""
+    keep_alpha: 0 or 1: four-byte layouts get alpha 255, or what is stored"""
     _fields_ = [("layout", c_int),
                 ("dither", c_int),
                 ("turns", c_int),
@@ -596,13 +596,13 @@ class kit_format(Structure):
 
 
 class kit_widget(Structure):
-    """One widget, as a plain record; what a kind has no use for is ignored. The order of the fields is
+    """One widget, as a plain record; a kind ignores what it has no use for. The order of the fields is
     part of the interface.
 
     kind: an orvel_widget_kind
     box: a width or height of 0 is what kit_size() says
     text: the caption; items of tabs and menus joined with "|"; the name of an icon or image;
-        what a stepper or badge shows in place of its number, unless it is empty
+        what a stepper or badge shows instead of its number, unless it is empty
     hint: what an empty text field shows, in the quiet colour
     icon: a built-in icon before the caption: list items, buttons
     face: of all its words
@@ -613,8 +613,8 @@ class kit_widget(Structure):
     count: how many values; below 1 none
     caret: of a text field with focus: the offset of the caret, in bytes
     anchor: the other end of its selection, in bytes
-    scroll: in pixels, 1 and what kit_field() said: a longer text then moves no further than its
-        caret needs; below 1 that is in the middle"""
+    scroll: in pixels, 1 more than kit_field() returned: a text longer than the field then moves
+        only as far as its caret needs; below 1 the caret is in the middle"""
     _fields_ = [("kind", c_int),
                 ("box", kit_box),
                 ("text", c_char_p),
@@ -633,9 +633,9 @@ class kit_widget(Structure):
 
 
 class kit_series(Structure):
-    """One row of values.
+    """One series of values.
 
-    values: `count` of them; NaN or infinite is a missing one
+    values: `count` of them; NaN or infinite is a missing value
     count: how many values
     color: alpha 0: the theme's accent, then others by number
     name: for the legend; may be null"""
@@ -650,14 +650,15 @@ class kit_chart(Structure):
     """A chart, as a plain record. The order of the fields is part of the interface.
 
     kind: a kit_chart_kind
-    box: nothing is painted outside; the ground is left as it is
+    box: nothing is painted outside it; its ground is left as it is
     series: `count` of them
     count: how many series, 0 to 32
-    low: the range, a number; found from the values, with zero for
-    high: areas, bars and gauges, when it is the same number
+    low: a number, the lower end of the range
+    high: a number, the upper end; when it equals low, the range is found from the values, with
+        zero for areas, bars and gauges
     parts: of kit_chart_parts
-    decimals: the number of digits, clamped to [0, 9]; ticks may need more
-    unit: put behind those numbers, " kW" for instance
+    decimals: the number of decimals, 0 to 9 after clamping; ticks may need more
+    unit: put behind the numbers, for instance " kW"
     labels: of the places from left to right, joined with "|"
     face: of all its words"""
     _fields_ = [("kind", c_int),
@@ -712,7 +713,7 @@ kit_version = _function(
     """The version of the kit. A static string: never null, never freed.""")
 kit_canvas = _function(
     _OrvelKit, "kit_canvas", POINTER(orvel_canvas), [c_int, c_int],
-    """orvel_canvas_create(), guarded: null when the pixels do not fit into memory, too.""")
+    """orvel_canvas_create(), guarded: null also when the pixels do not fit into memory.""")
 kit_bitmap = _function(
     _OrvelKit, "kit_bitmap", c_int, [POINTER(orvel_canvas), c_char_p, c_int, c_int],
     """orvel_icon_draw_bitmap(), guarded: -1 for every file that it cannot draw.""")
@@ -742,73 +743,75 @@ kit_play_tone = _function(
     """orvel_play_tone(), guarded.""")
 kit_mix = _function(
     _OrvelKit, "kit_mix", orvel_color, [orvel_color, orvel_color, c_int],
-    """The colour `percent` of the way from one to another, each of the four channels cut toward
- `from`. A percent is clamped to [0, 100].""")
+    """The colour that lies `percent` of the way between `from` and `to`; each of the four channels
+ is rounded toward `from`. The percentage is clamped to [0, 100].""")
 kit_grey = _function(
     _OrvelKit, "kit_grey", c_int, [orvel_color],
     """The lightness of a colour, a number from 0 to 255: (2126 r + 7152 g + 722 b + 5000) / 10000.""")
 kit_copy = _function(
     _OrvelKit, "kit_copy", c_int, [POINTER(orvel_canvas), c_int, c_int, POINTER(orvel_canvas),
                                    POINTER(kit_box)],
-    """Copies the box `part` of `from` to the place (x, y) of `to`, pixel by pixel, alpha included;
-what lies outside either canvas is left out. The two may be one canvas, and the boxes may
+    """Copies the box `part` of `from` to the point (x, y) of `to`, pixel by pixel, alpha included;
+what lies outside either canvas is left out. Both may be the same canvas, and the boxes may
 overlap.
 
 part: borrowed; may be null, which is all of `from`.
-Returns: 0; -1 for null.""")
+Returns: 0; -1 for a null canvas.""")
 kit_stamp = _function(
     _OrvelKit, "kit_stamp", c_int, [POINTER(orvel_canvas), c_int, c_int, POINTER(orvel_canvas),
                                     POINTER(kit_box)],
-    """As kit_copy(), but a pixel with alpha 0 leaves what is there.
+    """As kit_copy(), but pixels of `from` with alpha 0 are skipped.
 
 part: borrowed; may be null, which is all of `from`.
-Returns: 0; -1 for null.""")
+Returns: 0; -1 for a null canvas.""")
 kit_icon = _function(
     _OrvelKit, "kit_icon", c_int, [POINTER(orvel_canvas), c_char_p, c_int, c_int, c_int,
                                    orvel_color],
-    """Draws a built-in icon as orvel_draw_icon() draws it at the top left of a canvas of its own, cut
-to its square. Two icons, "home" and "power", look different further down a canvas; this way they
-look the same everywhere. Cut-outs take the colour of the pixel of the square nearest to its top
-left corner that the canvas has.
+    """Draws a built-in icon as orvel_draw_icon() draws it at the top left of a canvas of its own,
+clipped to its square. Two icons, "home" and "power", look different further down a canvas; this
+way they look the same everywhere. Cut-outs take the colour of the pixel in the top left corner
+of the square or, where that is off the canvas, of the pixel of the square nearest to it.
 
 size: in pixels.
-Returns: 0; -1 for null, an unknown name, a size below 1 or above 16384, and where memory runs
-    out, which all draw nothing.""")
+Returns: 0; -1 for null, an unknown name, a size below 1 or above 16384, and when memory runs
+    out; nothing is then drawn.""")
 kit_clip_begin = _function(
     _OrvelKit, "kit_clip_begin", POINTER(orvel_canvas), [POINTER(orvel_canvas), POINTER(kit_box)],
-    """Begins drawing that is to stay inside `box`: cuts the box to the canvas and returns a canvas of
-just that size that shows what is there. Draw on it with the box's new x and y subtracted, then
-hand both to kit_clip_end(). No pixel outside the box changes.
+    """Begins drawing that stays inside `box`: clips the box to the canvas and returns a new canvas of
+exactly that size, with a copy of what is there. Subtract the box's new x and y from what you
+draw on it, then pass both to kit_clip_end(). No pixel outside the box changes.
 
 box: changed; null is refused.
-Returns: the caller's, for orvel_canvas_destroy() or kit_clip_end(); null when nothing of the
-    box is on the canvas or memory runs out, which leave the box as it was.""")
+Returns: the caller's, for orvel_canvas_destroy() or kit_clip_end(); null when no part of the
+    box is on the canvas or memory runs out, and the box then stays as it was.""")
 kit_clip_end = _function(
     _OrvelKit, "kit_clip_end", c_int, [POINTER(orvel_canvas), POINTER(kit_box),
                                        POINTER(orvel_canvas)],
-    """Copies `inside` back to the place of `box`, and destroys it, also where the others are null.
+    """Copies `inside` back to `box` on the canvas, and destroys it, even when the canvas or the box
+is null.
 
 inside: taken; null is refused.
-Returns: 0; -1 for null, and for the canvas itself in place of `inside`, which stays.""")
+Returns: 0; -1 for null, and when `inside` is the canvas itself, which is not destroyed.""")
 kit_pixels_stride = _function(
     _OrvelKit, "kit_pixels_stride", c_size_t, [POINTER(kit_format), c_int],
-    """What a row of `width` pixels takes in bytes, after any turn; 0 for what is no format, a width
- below 1 and where size_t cannot tell.""")
+    """The size in bytes of a row of `width` pixels, counted after the turn; 0 for an invalid format,
+ a width below 1, and a size beyond the range of size_t.""")
 kit_pixels = _function(
     _OrvelKit, "kit_pixels", c_int, [POINTER(orvel_canvas), POINTER(kit_box), POINTER(kit_format),
                                      c_void_p, c_size_t, c_size_t],
-    """Writes the pixels of `box` to `to`, turned, rows top first, each `stride` bytes after the one
-before (0: kit_pixels_stride()). The bits that fill up a row's last byte are 0; bytes between the
-rows are left alone. Nothing is written unless all of it fits.
+    """Writes the pixels of `box` to `to`, turned, from the top row down, each row starting `stride`
+bytes after the one before; a stride of 0 is kit_pixels_stride(). The unused bits of a row's last
+byte are 0; bytes between the rows are left alone. Nothing is written unless all of it fits.
 
-What is no format: a number that no kit_layout or kit_dither has; for the layouts that need them,
-no palette, a number of colours or a plane outside it. Other fields may hold anything.
+A format is invalid when its layout or dither is none of kit_layout or kit_dither and, with a
+layout that needs them, when the palette is null, the number of colours is out of range, or there
+is no colour of the number plane. Other fields may hold anything.
 
 box: borrowed; may be null, which is all of the canvas.
 to: written, `size` of its bytes; null is refused.
-Returns: 0; -1 for null, a box that is empty or not wholly on the canvas, what is no format, a
-    stride shorter than a row, a memory of `size` bytes too small for the rows (the last one
-    ends where its pixels do), and where memory runs out.""")
+Returns: 0; -1 for null, a box that is empty or not wholly on the canvas, an invalid format, a
+    stride shorter than a row, a size too small for the rows (the last one ends where its
+    pixels do), and when memory runs out.""")
 kit_sans_11 = _function(
     _OrvelKit, "kit_sans_11", POINTER(kit_face), [],
     """""")
@@ -853,60 +856,64 @@ kit_digits_96 = _function(
     """""")
 kit_face_named = _function(
     _OrvelKit, "kit_face_named", POINTER(kit_face), [c_char_p],
-    """The face of that name, "sans 12" or "digits 96". A program that is linked to the static kit and
-calls this carries all faces.
+    """The built-in face of that name: "sans 12", "digits 96". A program that links the static kit and
+calls this contains all the faces.
 
 Returns: static; null when there is none.""")
 kit_face_open = _function(
     _OrvelKit, "kit_face_open", POINTER(kit_face), [c_char_p, POINTER(c_char), c_size_t],
     """Reads a bitmap font in the Glyph Bitmap Distribution Format (BDF 2.1, Adobe 1993; of 2.2, widths
-for the whole font). The file is not trusted: time and memory stay in proportion to its size, of
-which 16 MiB are the most, and a FIFO is not waited for.
- - The codes are Unicode's, or those of a set that shares them (ISO8859-1, ASCII), or of symbols
-   that belong to no set (FontSpecific). Fonts in another set are refused.
- - Of several letters with one code the first counts; one without a code is left out. Where there
-   is no U+FFFD, the letter of the property DEFAULT_CHAR stands for it.
- - Sides, offsets and advances have at most 4096 pixels; no letter goes back to the left.
+for the whole font). The file is not trusted: it has at most 16 MiB, time and memory stay in
+proportion to its size, and a FIFO is not waited for.
+ - The codes are those of Unicode, of a character set that agrees with it (ISO8859-1, ASCII), or
+   of symbols that belong to no set (FontSpecific). Fonts in another set are refused.
+ - Of several letters with the same code the first counts; letters without a code are left out.
+   If there is no U+FFFD, the letter of the property DEFAULT_CHAR stands for it.
+ - Sides, offsets and advances are at most 4096 pixels, and no advance is negative.
 
 Returns: the caller's, for kit_face_close(); null, and the reason as "PATH:LINE: what is
     wrong", when it is refused.""")
 kit_face_read = _function(
     _OrvelKit, "kit_face_read", POINTER(kit_face), [c_void_p, c_size_t, POINTER(c_char), c_size_t],
-    """As kit_face_open(), from memory; reasons begin with "font" in place of a path.
+    """As kit_face_open(), from memory; reasons begin with "font" instead of a path.
 
 bytes: borrowed, `length` of them; null is refused.
 length: in bytes.
 Returns: the caller's, for kit_face_close(); null, and the reason, when it is refused.""")
 kit_face_fallback = _function(
     _OrvelKit, "kit_face_fallback", POINTER(kit_face), [POINTER(kit_face), POINTER(kit_face)],
-    """A face that takes from `second` what `first` lacks; lines are as high as the higher one, and
-capitals count as high as those of `first`. At most 8 faces come together so. Letters of two
-faces are not kerned with each other.
+    """A face that takes from `second` the characters that `first` lacks. Its lines are as high as the
+higher lines of the two, its capitals count as high as those of `first`. At most 8 faces can be
+chained so. Letters of different faces are not kerned with each other.
 
 first: kept until the new one is closed; null is refused.
 second: kept until the new one is closed; null is refused.
-Returns: the caller's, for kit_face_close(); null for null, too many, or when memory runs out.""")
+Returns: the caller's, for kit_face_close(); null for a null face, for more than 8 faces, and
+    when memory runs out.""")
 kit_face_close = _function(
     _OrvelKit, "kit_face_close", None, [POINTER(kit_face)],
-    """Releases what kit_face_open(), _read() or _fallback() returned; `face` is taken.""")
+    """Releases what kit_face_open(), kit_face_read() or kit_face_fallback() returned;
+ `face` is taken.""")
 kit_face_ascent = _function(
     _OrvelKit, "kit_face_ascent", c_int, [POINTER(kit_face)],
-    """in pixels: rows above the baseline's""")
+    """in pixels: the rows above the baseline""")
 kit_face_descent = _function(
     _OrvelKit, "kit_face_descent", c_int, [POINTER(kit_face)],
-    """in pixels: its row and those below""")
+    """in pixels: its row and those below it""")
 kit_face_line = _function(
     _OrvelKit, "kit_face_line", c_int, [POINTER(kit_face)],
-    """in pixels: one baseline to the next""")
+    """in pixels: from baseline to baseline""")
 kit_face_cap = _function(
     _OrvelKit, "kit_face_cap", c_int, [POINTER(kit_face)],
     """in pixels: the height of a capital""")
 kit_face_has = _function(
     _OrvelKit, "kit_face_has", c_int, [POINTER(kit_face), c_uint],
-    """Returns: 1 when the face, or one behind it, has the character, `code` is its number; else 0.""")
+    """Whether the face, or one chained behind it, has a character; `code` is its number in Unicode.
+
+Returns: 1 when it has, else 0.""")
 kit_text_width = _function(
     _OrvelKit, "kit_text_width", c_int, [POINTER(kit_face), c_char_p],
-    """The width of a line in pixels: all its advances and kernings.""")
+    """The width of a line in pixels: the sum of its advances and kernings.""")
 kit_text_draw = _function(
     _OrvelKit, "kit_text_draw", c_int, [POINTER(orvel_canvas), POINTER(kit_face), c_char_p, c_int,
                                         c_int, orvel_color],
@@ -914,77 +921,82 @@ kit_text_draw = _function(
 a letter without a descender is the one above it.
 
 canvas: borrowed; may be null.
-Returns: the x at which the line ends, in pixels, or would end on a null canvas.""")
+Returns: the x at which the line ends, in pixels, the same for a null canvas.""")
 kit_text_box = _function(
     _OrvelKit, "kit_text_box", c_int, [POINTER(orvel_canvas), POINTER(kit_face), c_char_p, kit_box,
                                        c_int, orvel_color],
-    """Draws one line in a box, its capitals centred from top to bottom. A line wider than the box ends
-in an ellipsis, which comes before a whole number rather than inside it; no pixel outside the box
-changes, so a letter may lose what hangs over its sides.
+    """Draws one line in a box, its capitals centred vertically. A line wider than the box is cut and
+ends in an ellipsis, which replaces a number as a whole rather than a part of it. No pixel
+outside the box changes, so a letter may lose what hangs over the sides.
 
 Returns: 0 when the line is no wider than the box, 1 when it was cut, -1 for a null canvas.""")
 kit_text_wrap = _function(
     _OrvelKit, "kit_text_wrap", c_int, [POINTER(orvel_canvas), POINTER(kit_face), c_char_p,
                                         kit_box, c_int, orvel_color],
-    """Draws a paragraph in a box from its top: broken at spaces, which then take no room, at soft
-hyphens, which then show, at zero width spaces, behind hyphens and dashes between letters (not
-before a digit), at every newline, and inside a word only where the word alone is wider than the
-box. Lines that do not fit whole are left out, and the last one shown then ends in an ellipsis.
+    """Draws a paragraph from the top of a box. It is broken at spaces, which then take no room, at soft
+hyphens, which then show, at zero width spaces, after hyphens and dashes between letters (not
+before a digit), at every newline, and inside a word only when the word alone is wider than the
+box. Lines that do not wholly fit the height are left out, and the last line shown then ends in
+an ellipsis.
 
-canvas: borrowed; may be null, where nothing is drawn.
+canvas: borrowed; may be null, and nothing is drawn then.
 Returns: the number of lines that the whole paragraph takes, 0 for an empty text.""")
 kit_text_x = _function(
     _OrvelKit, "kit_text_x", c_int, [POINTER(kit_face), c_char_p, c_int],
-    """The width in pixels of a line up to a caret; `offset` is where, in bytes. An offset inside a
-character counts as the one before it; one past the end as the end.""")
+    """The width in pixels of a line up to a caret; `offset` is the caret's, in bytes. An offset
+ inside a character counts as that of the character, a negative one as 0, one past the end as the
+ end.""")
 kit_text_at = _function(
     _OrvelKit, "kit_text_at", c_int, [POINTER(kit_face), c_char_p, c_int],
-    """The offset in bytes of the place between two characters of a line that is nearest to x: of two
- as near the left one, of several at one x the last.""")
+    """The offset in bytes of the caret that is nearest to x in a line: the left one of two that are
+ equally near, the last of several at the same x.""")
 kit_text_missing = _function(
     _OrvelKit, "kit_text_missing", c_int, [POINTER(kit_face), c_char_p],
-    """How many characters of the text show as U+FFFD for want of a letter; ill-formed parts do not
- count where a face has U+FFFD.""")
+    """How many characters of the text show as U+FFFD because no face has them; ill-formed parts do not
+ count if a face has U+FFFD.""")
 kit_draw = _function(
     _OrvelKit, "kit_draw", c_int, [POINTER(orvel_canvas), POINTER(orvel_theme),
                                    POINTER(kit_widget)],
-    """Draws a widget: the library's design with readable words, each in the room, the place and the
-colour that the kind has for its caption; an ellipsis ends what is longer. A text field with
-focus shows the part of a longer text that its caret is in. Where the design has no room for the
-face (bands, bubbles, boxes beside words) or more room than it uses (sliders, stars), it is drawn
-as large as the face or the box. Nothing is painted outside the box.
+    """Draws a widget: the library's design with readable words, in the place and the colour that the
+kind has for its caption; a caption that is too long ends in an ellipsis. A text field with focus
+shows the part of a longer text that its caret is in. Where the design has no room for the face
+(bands, bubbles, boxes beside words) or does not use the box (sliders, stars), it is drawn as
+large as the face or the box. Nothing is painted outside the box.
 
-Returns: 0, also where nothing of the box is on the canvas; -1 for null, an unknown kind, a
-    negative size, an icon or image that cannot be drawn (off the canvas that is told only of
-    an image whose own size counts), and where memory runs out: what was drawn by then stays.""")
+Returns: 0, also when no part of the box is on the canvas; -1 for null, an unknown kind, a
+    negative width or height, an icon or image that cannot be drawn (off the canvas, that is
+    noticed only of an image whose own size counts), and when memory runs out; what was drawn
+    by then stays.""")
 kit_size = _function(
     _OrvelKit, "kit_size", c_int, [POINTER(kit_widget), POINTER(c_int), POINTER(c_int)],
-    """The size that a widget wants with its words, face and value: sides above 0 that its box gives
-stay. The size of an image is that of what shows of it, up to 4096 pixels to a side, and 0 x 0
-for one that cannot be drawn; finding it reads and draws the file.
+    """The size that a widget wants with its words, face and value; a side of its box that is above 0
+stays as it is. The size of an image is that of what can be seen of it, up to 4096 pixels a side,
+and 0 x 0 if it cannot be drawn; to find it, the file is read and drawn.
 
 w: written, in pixels; may be null.
 h: written, in pixels; may be null.
-Returns: 0; -1 for null, an unknown kind and where memory runs out, which want 0 x 0.""")
+Returns: 0; -1 for null, an unknown kind and when memory runs out, which write 0 x 0.""")
 kit_field = _function(
     _OrvelKit, "kit_field", c_int, [POINTER(kit_widget), POINTER(kit_box), POINTER(kit_box)],
-    """Where a text field, a text box or search, shows its text: `widget` as for kit_draw(). The column
-of a letter is the left one of the room with its kit_text_x() and without what is returned.
+    """Where a text box or search field shows its text, with the same `widget` as for kit_draw(). A
+letter is drawn at the left side of the room, plus its kit_text_x(), minus what is returned.
 
 room: written: the box that the words show in; may be null.
-caret: written: that of the caret, empty where there is none; may be null.
-Returns: the width in pixels of what of the text lies to the left of the room, 0 without focus;
-    -1 for null, another kind and a negative size, which have empty boxes.""")
+caret: written: the box of the caret, empty if there is none; may be null.
+Returns: the width in pixels of the part of the text that lies to the left of the room, 0
+    without focus; -1 for null, another kind and a negative width or height, with both boxes
+    empty.""")
 kit_chart_draw = _function(
     _OrvelKit, "kit_chart_draw", c_int, [POINTER(orvel_canvas), POINTER(orvel_theme),
                                          POINTER(kit_chart)],
-    """Draws a chart in the theme's colours. Numbers and labels are whole or left out; an ellipsis ends
-names that are too long, and stands for a gauge's number that has no room even without its unit.
+    """Draws a chart in the theme's colours. Numbers and labels are shown whole or not at all; a name
+that is too long ends in an ellipsis, and one stands for a gauge's number that has no room even
+without its unit.
 
-Returns: 0, also where there are no values to show, and where the box leaves them no room or
-    lies off the canvas; -1 for null, an array only where its count is above 0, an unknown
+Returns: 0, also when there are no values to show, and when the box leaves no room for them or
+    lies off the canvas; -1 for null (a null array only when its count is above 0), an unknown
     kind, a count below 0, more than 32 series, a box with a side below 0 or above 32767, a
-    range that is upside down or whose ends or width are not finite, and where memory runs out.""")
+    range that is upside down or whose ends or width are not finite, and when memory runs out.""")
 
 
 class kit_screen(Structure):
@@ -992,8 +1004,8 @@ class kit_screen(Structure):
 
 
 class kit_screen_host(Structure):
-    """What a screen asks its host for by name, each by a function that gets `self` and returns null
-    for a name that it does not know; a null function knows none. They must not call the screen.
+    """What a screen asks its host for by name. Each function gets `self` and returns null for a name
+    that it does not know; a null function knows none. The functions must not call the screen.
      - self, picture, theme, face, include: kept until the screen is closed; may be null.
      - name: borrowed; never null.
      - result: kept until the screen is closed, or null.
@@ -1002,8 +1014,9 @@ class kit_screen_host(Structure):
     picture: A picture, for nodes of the kind "picture"; pixels with alpha 0 do not show.
     theme: A theme, beside "dark" and "light".
     face: A face, beside those of kit_face_named().
-    include: The text of a scene file for "include", its bytes to `length`. Where no function is
-        given: files beside the scene's own, and for kit_screen_read() none."""
+    include: The text of a scene for "include"; the number of its bytes goes to `length`.
+        Without this function, kit_screen_open() takes files beside the scene's own, and
+        kit_screen_read() none."""
     _fields_ = [("self", c_void_p),
                 ("picture", CFUNCTYPE(c_void_p, c_void_p, c_char_p)),
                 ("theme", CFUNCTYPE(c_void_p, c_void_p, c_char_p)),
@@ -1013,14 +1026,14 @@ class kit_screen_host(Structure):
 
 
 class kit_screen_event(Structure):
-    """One event. Fields that its kind does not mention are not looked at, and those may hold anything:
-     what makes no sense has no effect, and what is not UTF-8 is shown as U+FFFD.
+    """One event. Fields that its kind does not mention are not looked at. The others may hold
+    anything: what makes no sense has no effect, and what is not UTF-8 is shown as U+FFFD.
 
     kind: a kit_event_kind
     x: of the pointer, in pixels
     y: of the pointer, in pixels
-    dx: a number: turned by, 120 a notch, positive to the right
-    dy: a number: turned by, 120 a notch, positive away from the user
+    dx: a number: the turn of the wheel, 120 a notch, positive to the right
+    dy: a number: the same, positive away from the user
     button: a number, 0 for the main one; others only move the pointer
     key: a kit_key, or a character's number
     modifiers: of kit_modifier
@@ -1111,8 +1124,8 @@ kit_screen_open = _function(
     _OrvelScreen, "kit_screen_open", POINTER(kit_screen), [c_char_p, c_char_p,
                                                            POINTER(kit_screen_host),
                                                            POINTER(c_char), c_size_t],
-    """Opens a scene file. Includes are files in its folder or below; links and FIFOs are followed and
-not waited for.
+    """Opens a scene file. Includes are files in its folder or below. Links are followed; a FIFO is not
+waited for.
 
 data: the data that the screen shows, a JSON object; borrowed; may be null, which is the file's
     "sample".
@@ -1125,7 +1138,7 @@ kit_screen_read = _function(
     """As kit_screen_open(), from memory. Includes come from the host.
 
 bytes: borrowed, `length` of them; null is refused.
-name: with which reasons begin; borrowed; may be null, which is "scene".
+name: what reasons begin with; borrowed; may be null, which is "scene".
 data: borrowed; may be null, which is the "sample".
 host: borrowed; may be null; what it holds is kept until the screen is closed.
 Returns: the caller's, for kit_screen_close(); null, and the reason, when it is refused.""")
@@ -1134,21 +1147,21 @@ kit_screen_close = _function(
     """Releases a screen; `screen` is taken.""")
 kit_screen_size = _function(
     _OrvelScreen, "kit_screen_size", None, [POINTER(kit_screen), POINTER(c_int), POINTER(c_int)],
-    """The size that the screen has: its file's "size", what kit_screen_resize() said, or what its root
- wants. 0 for null. `w` and `h` are written, in pixels, and may be null.""")
+    """The size of the screen: what kit_screen_resize() set, else the "size" in its file, else what its
+ root wants; 0 x 0 for null. `w` and `h` are written, in pixels, and may be null.""")
 kit_screen_resize = _function(
     _OrvelScreen, "kit_screen_resize", c_int, [POINTER(kit_screen), c_int, c_int, POINTER(c_char),
                                                c_size_t],
-    """Lays the screen out anew for this size: 1 to 32767 pixels each.""")
+    """Lays the screen out anew in this size; either side is 1 to 32767 pixels.""")
 kit_screen_set = _function(
     _OrvelScreen, "kit_screen_set", c_int, [POINTER(kit_screen), c_char_p, c_char_p,
                                             POINTER(c_char), c_size_t],
     """Sets the value `name` ("battery", "now.temp", "days[2].name"; empty: all of the data) to the
-JSON text `json`. Objects on its way are made where they are missing, an index one past the end
-of a list adds to it.""")
+JSON text `json`. Objects that are missing on the way there are made; an index one past the end
+of a list appends to it.""")
 kit_screen_get = _function(
     _OrvelScreen, "kit_screen_get", c_char_p, [POINTER(kit_screen), c_char_p],
-    """Returns: the value `name` as JSON, borrowed until the next call; null where there is none.""")
+    """Returns: the value `name` as JSON, borrowed until the next call; null when there is none.""")
 kit_screen_add = _function(
     _OrvelScreen, "kit_screen_add", c_int, [POINTER(kit_screen), c_char_p, c_int, c_char_p,
                                             POINTER(c_char), c_size_t],
@@ -1157,7 +1170,7 @@ kit_screen_add = _function(
 kit_screen_remove = _function(
     _OrvelScreen, "kit_screen_remove", c_int, [POINTER(kit_screen), c_char_p, POINTER(c_char),
                                                c_size_t],
-    """Removes the node `id`, with all below it, from the row, column or stack that it is in.""")
+    """Removes the node `id`, and all below it, from the row, column or stack that it is in.""")
 kit_screen_change = _function(
     _OrvelScreen, "kit_screen_change", c_int, [POINTER(kit_screen), c_char_p, c_char_p, c_char_p,
                                                POINTER(c_char), c_size_t],
@@ -1168,91 +1181,91 @@ json: borrowed; may be null, which removes the key.""")
 kit_screen_draw = _function(
     _OrvelScreen, "kit_screen_draw", c_int, [POINTER(kit_screen), POINTER(orvel_canvas),
                                              POINTER(kit_box)],
-    """Draws what changed since the last time: on the first call everything. The canvas must show what
-was last drawn; kit_screen_expose() says where it does not.
+    """Draws what has changed since the last call, and everything on the first one. The canvas must
+still show what was drawn before; where it does not, say so by kit_screen_expose().
 
 dirty: written: the smallest rectangle that holds all that was drawn, empty when nothing had to
     be; may be null. Outside it no pixel changes.
-Returns: 0; -1 for null, and where memory runs out, where the next call draws it again.""")
+Returns: 0; -1 for null, and when memory runs out; the next call then draws it again.""")
 kit_screen_expose = _function(
     _OrvelScreen, "kit_screen_expose", None, [POINTER(kit_screen), POINTER(kit_box)],
-    """Has the next kit_screen_draw() draw a box, too; `box` may be null, which is everything.""")
+    """Makes the next kit_screen_draw() draw a box again; `box` may be null, which is everything.""")
 kit_screen_send = _function(
     _OrvelScreen, "kit_screen_send", c_int, [POINTER(kit_screen), POINTER(kit_screen_event),
                                              c_longlong],
-    """One event in.
+    """Hands an event to the screen.
 
 event: borrowed; null is refused.
 now_ms: in milliseconds.
-Returns: 0; -1 for null, an unknown kind, and where memory runs out, where the event had no
+Returns: 0; -1 for null, an unknown kind, and when memory runs out; the event then had no
     effect at all.""")
 kit_screen_next = _function(
     _OrvelScreen, "kit_screen_next", c_int, [POINTER(kit_screen), POINTER(kit_change)],
-    """The next change out, oldest first. Values of one name that come one after another, and that
-nobody has asked for, are one change, with the last of them. 4096 changes are kept; then the
-oldest go.
+    """Takes the next change out, the oldest first. Values of the same name that follow each other, and
+that nobody has taken out yet, are one change, with the last of them. 4096 changes are kept;
+beyond that the oldest are dropped.
 
 change: written; null is refused.
-Returns: 1 when there was one, 0 when not; -1 for null.""")
+Returns: 1 when there was one, 0 when there was none; -1 for null.""")
 kit_screen_wait = _function(
     _OrvelScreen, "kit_screen_wait", c_longlong, [POINTER(kit_screen), c_longlong],
-    """When time matters by itself: a stepper repeats, a tooltip shows. A host waits for its events no
-longer, and then sends KIT_EVENT_TIME.
+    """How long it is until something happens by itself: a stepper repeats, a tooltip shows. A host
+waits for its events no longer than that, and then sends KIT_EVENT_TIME.
 
 now_ms: in milliseconds.
-Returns: in milliseconds from now, 0 when it already does; -1 where it does not, and for null.""")
+Returns: in milliseconds from now, 0 when it is due; -1 when nothing will happen, and for null.""")
 kit_screen_focus = _function(
     _OrvelScreen, "kit_screen_focus", c_int, [POINTER(kit_screen), c_char_p],
     """Gives the keyboard to the first node with this id ("target", in a repetition "day[2]"), which is
 scrolled into view.
 
 id: borrowed; may be null or empty, which gives it to none.
-Returns: 0; -1 where none of that id can be used, and where memory runs out.""")
+Returns: 0; -1 when no node with that id can be used, and when memory runs out.""")
 kit_screen_caret = _function(
     _OrvelScreen, "kit_screen_caret", c_int, [POINTER(kit_screen), POINTER(kit_box)],
-    """Where the caret of the text field with the keyboard stands, for the window of an input method.
+    """The box of the caret in the text field that has the keyboard, for the window of an input method.
 
 box: written; null is refused.
-Returns: 0; -1 where no text field has the keyboard, and for null.""")
+Returns: 0; -1 when no text field has the keyboard, and for null.""")
 kit_screen_pointer = _function(
     _OrvelScreen, "kit_screen_pointer", c_int, [POINTER(kit_screen)],
-    """Returns: the kit_pointer where the pointer is; the arrow for null.""")
+    """Returns: the kit_pointer to show where the pointer is; the arrow for null.""")
 kit_screen_describe = _function(
     _OrvelScreen, "kit_screen_describe", c_char_p, [POINTER(kit_screen)],
-    """One line for each node that shows, in the order in which they are drawn, each below its parent
-and two spaces further right: ROLE, then what the node has of "NAME", =VALUE, its states, #ID,
-and last its box, X,Y WxH. The same lines for the same screen, everywhere and in every version of
-one number.
+    """Describes the screen in one line for each node that shows, in the order in which they are drawn,
+each below its parent and indented by two spaces more: ROLE, then those of "NAME", =VALUE, states
+and #ID that the node has, and last its box, X,Y WxH. The same screen gives the same lines,
+everywhere and in every version with the same first number.
 
     row 0,0 800x44
       icon "home" 20,8 28x28
       slider =21 focus #target 20,60 228x14
 
-Returns: borrowed until the next call; null for null and where memory runs out.""")
+Returns: borrowed until the next call; null for null and when memory runs out.""")
 kit_screen_report = _function(
     _OrvelScreen, "kit_screen_report", c_char_p, [POINTER(kit_screen)],
-    """What a careful look would find wrong, one line for each, "FILE:LINE:COLUMN: PATH: KIND: ...":
+    """What a careful look would find wrong, in one line each, "FILE:LINE:COLUMN: PATH: KIND: ...":
  - overflow: a node lies partly or wholly outside its parent, and is cut;
  - cut: words, a picture, an icon, a circle or the legend of a chart do not fit in their box;
  - missing: characters that the face lacks;
  - contrast: words that stand out too little from their ground (WCAG 2.2, 1.4.3);
- - target: a control that can be used, having an id or a value of the data, and that has a side
-   below 24 pixels (WCAG 2.2, 2.5.8) which the kit would not make so small;
- - range: a number outside its range; a "selected" or "show" of what there is not, but for -1;
- - id: an id that another node of the same file has, too;
- - name: one in a condition, or with a fallback, that neither the data nor the sample have;
- - key: a shortcut that another control has, too, of which the first one counts;
- - unknown: a picture or an image that there is not.
+ - target: a control that can be used, having an id or a value of the data, with a side below 24
+   pixels (WCAG 2.2, 2.5.8) that the kit by itself would not make so small;
+ - range: a number outside its range; a "selected" or "show" other than -1 of what is not there;
+ - id: an id that another node of the same file has too;
+ - name: a name, in a condition or with a fallback, that neither the data nor the sample has;
+ - key: a shortcut that another control has too; it belongs to the first one;
+ - unknown: a picture or an image that does not exist.
 
-Returns: borrowed until the next call, empty when there is nothing; null for null and where
+Returns: borrowed until the next call, empty when nothing is found; null for null and when
     memory runs out.""")
 kit_screen_report_on = _function(
     _OrvelScreen, "kit_screen_report_on", c_char_p, [POINTER(kit_screen), POINTER(kit_format)],
-    """As kit_screen_report(), of the screen on a panel: contrast is that of the nearest colours that it
-has, and where few are dithered, words in a mixed one become dots.
+    """As kit_screen_report(), but for the screen on a panel: contrast is that of the nearest colours
+that the panel has, and words in a colour that it would have to mix from dots are told too.
 
-panel: borrowed, its plane and turns without a say; may be null, which has every colour.
-Returns: borrowed until the next call; null for null, for what is no format, and where memory
+panel: borrowed, plane and turns without effect; may be null, which has every colour.
+Returns: borrowed until the next call; null for null, for an invalid format, and when memory
     runs out.""")
 kit_screen_box = _function(
     _OrvelScreen, "kit_screen_box", c_int, [POINTER(kit_screen), c_char_p, POINTER(kit_box)],
@@ -1260,4 +1273,4 @@ kit_screen_box = _function(
 screen, cut to what shows of it.
 
 box: written; null is refused.
-Returns: 0; -1 where there is none, or nothing of it shows.""")
+Returns: 0; -1 when there is none, or no part of it shows.""")
