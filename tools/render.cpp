@@ -103,7 +103,7 @@ std::string settle_format(Wishes& wishes) {
     if (wishes.format.empty()) wishes.format = "png";
     bool known = false;
     for (const char* format : {"png", "bmp", "ppm", "pbm", "raw"}) known |= wishes.format == format;
-    if (!known) return wishes.output + ": not .png, .bmp, .ppm, .pbm or .raw; --format tells";
+    if (!known) return wishes.output + ": not .png, .bmp, .ppm, .pbm or .raw; --format says which";
     if (wishes.format == "pbm" && wishes.panel.empty()) wishes.panel = "mono";
     if (wishes.format == "pbm" && wishes.panel != "mono") return "a .pbm is for --panel mono only";
     if (wishes.format == "raw" && wishes.scale > 1) return "--scale is not for raw bytes";

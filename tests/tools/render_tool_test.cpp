@@ -407,7 +407,8 @@ TEST_F(RenderTool, MistakesAreToldInOneLine) {
     const std::string itself = folder / "./scene.json";
     expect_refused({"-o", itself, "--format", "bmp"}, itself + ": would be written over " + scene);
     EXPECT_EQ(read_file(scene), kScene);
-    expect_refused({"-o", "a.gif"}, "a.gif: not .png, .bmp, .ppm, .pbm or .raw; --format tells");
+    expect_refused({"-o", "a.gif"},
+                   "a.gif: not .png, .bmp, .ppm, .pbm or .raw; --format says which");
     expect_refused({"-o", "a.pbm", "--panel", "red"}, "a .pbm is for --panel mono only");
     expect_refused({"-o", "a.raw", "--scale", "2"}, "--scale is not for raw bytes");
     expect_refused({"-o", "-", "--describe"},

@@ -197,7 +197,9 @@ export class Canvas extends Owner<api.orvel_canvas> {
     /** A built-in icon, cut to its square. */
     icon(name: string, x: number, y: number, size: number, color: ColorLike = "text"): void {
         if (api.kit_icon(this.handle, name, x, y, size, this.to(color)) !== 0) {
-            throw new OrvelError(`the icon "${name}" cannot be drawn ${size} pixels wide`);
+            throw new OrvelError(api.orvel_icon_exists(name)
+                ? `the icon "${name}" cannot be drawn ${size} pixels wide`
+                : `there is no icon "${name}"; ICONS lists them`);
         }
     }
 

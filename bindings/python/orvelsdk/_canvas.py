@@ -17,6 +17,7 @@ from ._errors import Error, OutOfMemory
 from ._faces import FaceLike, handle_of
 from ._files import encoded, read_picture
 from ._handles import Handle, Owner
+from ._icons import ICONS
 from ._widgets import Chart, SeriesLike, Widget
 
 _ALIGNS = {"left": _api.KIT_LEFT, "center": _api.KIT_CENTRE, "centre": _api.KIT_CENTRE,
@@ -182,6 +183,8 @@ class Canvas(Owner):
         """A built-in icon, cut to its square."""
         if _api.kit_icon(self._handle, words(name, "an icon's name"), whole(x), whole(y),
                          whole(size, "a size"), self._to(color)) != 0:
+            if name not in ICONS:
+                raise Error(f"there is no icon {name!r}; orvelsdk.ICONS lists them")
             raise Error(f"the icon {name!r} cannot be drawn {size} pixels wide")
 
     def bitmap(self, name: str, x: int, y: int) -> None:

@@ -142,9 +142,12 @@ def test_icons():
     for name in orvelsdk.ICONS:
         target.icon(name, 1, 1, 16)
     target.icon("sun", LOWEST, HIGHEST, 16384, "accent")
-    for name, size in (("no such", 16), ("", 16), ("sun", 0), ("sun", -1), ("sun", 16385)):
-        with pytest.raises(Error, match="cannot be drawn"):
-            target.icon(name, 0, 0, size)
+    for name in ("no such", ""):
+        with pytest.raises(Error, match=f"there is no icon '{name}'; orvelsdk.ICONS lists them"):
+            target.icon(name, 0, 0, 16)
+    for size in (0, -1, 16385):
+        with pytest.raises(Error, match=f"the icon 'sun' cannot be drawn {size} pixels wide"):
+            target.icon("sun", 0, 0, size)
 
 
 def test_pasting():
