@@ -31,7 +31,7 @@ def at(hour, sample):
         "letters": 0 if 9 <= hour < 11 else 2,
         "saved": round(0.01 + max(0, hour - 7) * 0.35, 2),
         "own": round(min(91, 20 + solar * 18)),
-        "now": {**sample["now"], "temp": round(11 + 10 * max(0, 1 - abs(hour - 14) / 8))},
+        "now": {**sample["now"], "temp": round(12 + 9 * max(0, 1 - abs(hour - 14) / 8))},
         "sources": [
             {**sample["sources"][0], "value": f"{solar:.1f}"}, {**house, "value": f"{use:.1f}"},
             {**cell, "value": str(battery)},
@@ -41,7 +41,7 @@ def at(hour, sample):
                   "use": power["use"][:now + 1] + [None] * (23 - now)},
         "heating": {"on": hour < 9 or hour >= 18, "now": 19.5 + min(1.5, max(0, hour - 6) / 6),
                     "target": 21 if hour >= 6.5 else 18},
-        "car": {"on": charging, "level": min(100, max(22, 22 + 11 * (hour - 10))),
+        "car": {"on": charging, "level": 100 if hour >= 17 else max(22, 22 + 11 * (hour - 10)),
                 "state": "Charging" if charging else "Full" if hour >= 17 else "Waits for the sun"},
         "dishes": {"on": washing, "state": "Washing" if washing else
                    "Done" if hour >= 14.5 else "Waits for the sun"},
