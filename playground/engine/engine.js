@@ -1,5 +1,5 @@
 // What runs in a worker: the library, and what the page asks of it. A program of the user's, laid
-// behind this text, calls orvelPlay() instead.
+// behind this text in a worker of that name, is what orvelPlay() gets instead.
 import { api, Canvas, setLog } from "orvelsdk";
 import { canLive, openLive, sendLive } from "./live.js";
 import { pictureOf } from "./pictures.js";
@@ -50,12 +50,13 @@ const answers = {
     bmp: ({ picture }) => withCanvas(picture, (canvas) => canvas.bmp()),
 };
 
-self.onmessage = ({ data: { id, what, wish } }) => {
+function serve({ data: { what, wish } }) {
     try {
-        self.postMessage({ id, answer: answers[what](wish) });
+        self.postMessage({ answer: answers[what](wish) });
     } catch (reason) {
-        self.postMessage({ id, reason: String(reason.message) });
+        self.postMessage({ reason: String(reason.message) });
     }
-};
+}
 
-self.orvelPlay = play;
+if (self.name === "program") self.orvelPlay = play;
+else self.onmessage = serve;

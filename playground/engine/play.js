@@ -64,15 +64,15 @@ function globals(playing) {
 
 const send = self.name === "program" ? openPort() : null;
 
-/** Runs @p run and tells the page how it went. */
+/** Runs @p run and tells the page how it went, once in this worker. */
 export async function play(run) {
+    delete self.orvelPlay;
     const playing = new Playing();
     const said = [];
     const tell = (...words) => {
         if (said.length < 200) said.push(words.map(String).join(" "));
     };
     self.console = { log: tell, info: tell, warn: tell, error: tell, debug() {} };
-    self.onmessage = null;
     globals(playing);
     send({ begun: true });
     try {

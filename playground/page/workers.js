@@ -46,7 +46,7 @@ export class Engine {
                 most,
             );
             this.#waiting = { resolve, reject, late };
-            this.#worker.postMessage({ id: 1, what, wish });
+            this.#worker.postMessage({ what, wish });
         });
     }
 
@@ -79,10 +79,15 @@ export class Engine {
 const BEFORE = `${source}\norvelPlay(async () => {"use strict";\n`;
 const LINES_BEFORE = BEFORE.split("\n").length - 1;
 
-/** Where in the program an error was, from a trace or an event. */
-function placeIn(code, line, column) {
-    const own = line - LINES_BEFORE;
+/** Where in the program a place of the whole text is. */
+function placeIn(code, line, column, before = LINES_BEFORE) {
+    const own = line - before;
     return own >= 1 && own <= code.split("\n").length ? { line: own, column } : null;
+}
+
+function failureOf(code, { message, lineno, colno }, before) {
+    const failed = String(message).replace(/^Uncaught /, "");
+    return { failed, said: [], place: placeIn(code, lineno, colno, before) };
 }
 
 function placeFromTrace(code, stack) {
@@ -113,10 +118,31 @@ function doneOf({ pictures, program, said }) {
     return { pictures, program, said: textsOf(said) };
 }
 
+/**
+ * Whether the program is one by itself, where nothing of it runs. What it is run in could be closed
+ * by "})" or "}," at its beginning, and behind that it would be beside the engine; this function is
+ * closed by "}", which neither of them can follow. So no text fits into both but as their inside.
+ *
+ * @return undefined, or how it failed as of runProgram().
+ */
+function parse(code) {
+    const before = 'throw new Error("parsed"); async function program() {"use strict";\n';
+    return new Promise((resolve) => {
+        const worker = startWorker(`${before}${code}\n}`, "parser");
+        worker.onerror = (event) => {
+            event.preventDefault();
+            worker.terminate();
+            resolve(event.lineno === 1 ? undefined : failureOf(code, event, 1));
+        };
+    });
+}
+
+let latest = 0;
 let running = null;
 
 /** Ends the program that runs, if one does. */
 export function stopProgram() {
+    latest++;
     running?.();
 }
 
@@ -125,8 +151,15 @@ export function stopProgram() {
  *
  * @return a promise of { pictures, program, said }, or of { failed, place, said }.
  */
-export function runProgram(code) {
+export async function runProgram(code) {
     stopProgram();
+    const turn = latest;
+    const wrong = await parse(code);
+    if (turn !== latest) return { stopped: true, said: [] };
+    return wrong ?? run(code);
+}
+
+function run(code) {
     return new Promise((resolve) => {
         const worker = startWorker(`${BEFORE}${code}\n});`, "program");
         let late = setTimeout(
@@ -163,11 +196,7 @@ export function runProgram(code) {
         };
         worker.onerror = (event) => {
             event.preventDefault();
-            end({
-                failed: String(event.message).replace(/^Uncaught /, ""),
-                said: [],
-                place: placeIn(code, event.lineno, event.colno),
-            });
+            end(failureOf(code, event));
         };
     });
 }

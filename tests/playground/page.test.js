@@ -151,6 +151,23 @@ test("no message of a program's stands for what it drew", async () => {
     assert.deepEqual(faults, []);
 });
 
+test("a program cannot close what it runs in, nor begin anew", async () => {
+    const { page, faults } = await open();
+    await toProgram(page, "");
+    for (const [code, told] of [
+        ["kit_canvas(9, 7);\n}); orvelPlay(async () => {", /^Line 2: SyntaxError/],
+        ["kit_canvas(9, 7);\n}, self.mine = 1, async () => {", /^Line 2: SyntaxError/],
+        ["kit_canvas(9, 7);\n} function postMessage() {", /^Line 2: SyntaxError/],
+        ["kit_canvas(9, 7);\n`}); orvelPlay(async () => {", /SyntaxError/],
+        ["\norvelPlay(async () => {});", /^Line 2: orvelPlay is not defined/],
+    ]) {
+        await type(page, "code", code);
+        assert.match(await said(page, /Line|Syntax|9 × 7|no picture/), told, code);
+        await drawn(page, () => type(page, "code", "kit_canvas(3, 2);"));
+    }
+    assert.deepEqual(faults, []);
+});
+
 test("a scene too large for the page is told so", async () => {
     const { page, faults } = await open();
     await type(
