@@ -28,17 +28,25 @@ function nodeAt(x, y) {
     );
 }
 
-/** A zoom that fits: the largest whole one, at least 1. */
+/** The zoom at which all of the picture shows, where one of at least a pixel for each does. */
 function fitting() {
-    const room = stage.clientWidth - 32,
-        above = Math.max(stage.clientHeight - 32, 200);
-    return Math.max(1, Math.min(Math.floor(room / shown.width), Math.floor(above / shown.height)));
+    const look = getComputedStyle(stage);
+    const [top, right, bottom, left] = ["Top", "Right", "Bottom", "Left"].map((side) =>
+        parseFloat(look[`padding${side}`]),
+    );
+    const height = parseFloat(look.maxHeight) || stage.clientHeight; // it may grow so far
+    return Math.min(
+        (stage.clientWidth - left - right) / shown.width,
+        (height - top - bottom) / shown.height,
+    );
 }
 
-export function layOut() {
-    const wanted = Number(zoom.value) || fitting();
+function layOut() {
     const dense = window.devicePixelRatio || 1;
-    scale = Math.max(1, Math.round(wanted * dense)) / dense;
+    const wanted = Number(zoom.value);
+    const each = wanted ? Math.round(wanted * dense) : Math.floor(fitting() * dense);
+    scale = Math.max(1, each) / dense;
+    document.documentElement.style.setProperty("--shown", `${shown.width / dense}px`);
     picture.style.width = `${shown.width * scale}px`;
     picture.style.height = `${shown.height * scale}px`;
     inspect();
@@ -76,6 +84,19 @@ export function patch(part, describe) {
 
 export const current = () => shown;
 
+/** Lays an element of the page over a box of the picture. */
+export function lay(mark, box) {
+    const sides = { left: box.x, top: box.y, width: box.w, height: box.h };
+    for (const [side, value] of Object.entries(sides)) mark.style[side] = `${value * scale}px`;
+}
+
+/** The node of a screen in use that has the keyboard. */
+export const focusedNode = () =>
+    nodes.find(({ text }) => / focus( |$)/.test(text.replace(/"(?:[^"\\]|\\.)*"/g, "")));
+
+/** Whether a place of the picture is in a field for words. */
+export const isField = ({ x, y }) => /^(textbox|search)\b/.test(nodeAt(x, y)?.text ?? "");
+
 function inspect() {
     const inside = place && place.x < shown.width && place.y < shown.height;
     outline.hidden = true;
@@ -101,8 +122,7 @@ function inspect() {
 
 function outlined(node) {
     outline.hidden = false;
-    const sides = { left: node.x, top: node.y, width: node.w, height: node.h };
-    for (const [side, value] of Object.entries(sides)) outline.style[side] = `${value * scale}px`;
+    lay(outline, node);
 }
 
 /** The pixel of the picture under the pointer. */
@@ -140,4 +160,5 @@ picture.addEventListener("pointerleave", () => {
 });
 stage.addEventListener("keydown", step);
 zoom.addEventListener("change", layOut);
-window.addEventListener("resize", layOut);
+window.addEventListener("resize", layOut); // to another screen's pixels, too
+new ResizeObserver(layOut).observe(stage);
