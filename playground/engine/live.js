@@ -17,7 +17,7 @@ export function closeLive() {
     live = null;
 }
 
-/** What came of events: { part, changes, wait, pointer, describe }. */
+/** What came of events: { part, changes, wait, pointer, caret, describe }. */
 function answer(now) {
     const { screen, canvas, wish } = live;
     const box = {},
@@ -28,12 +28,14 @@ function answer(now) {
     for (let change = {}; api.kit_screen_next(screen, change) === 1; change = {}) {
         if (changes.length < MOST_CHANGES) changes.push(change);
     }
+    const caret = {};
     const part = box.w > 0 && box.h > 0 ? partOf(canvas, box, wish) : null;
     return {
         part,
         changes,
         wait: api.kit_screen_wait(screen, now),
         pointer: api.kit_screen_pointer(screen),
+        caret: api.kit_screen_caret(screen, caret) === 0 ? caret : null,
         describe: api.kit_screen_describe(screen) ?? "",
     };
 }

@@ -1,6 +1,7 @@
 // Pointer and keyboard into the screen: what happens over the picture becomes events for it.
 import { byId, copyText } from "./elements.js";
-import { patch, pixelAt } from "./stage.js";
+import { focusedNode, isField, lay, patch, pixelAt } from "./stage.js";
+import { makeTyping } from "./typing.js";
 
 const KIND = {
     time: 0,
@@ -11,6 +12,7 @@ const KIND = {
     wheel: 5,
     key: 6,
     text: 7,
+    compose: 8,
     paste: 9,
 };
 const CHANGE = { value: 0, press: 1, copy: 2, paste: 3, sound: 4 };
@@ -31,10 +33,12 @@ const KEYS = [
     "PageDown",
 ];
 for (let i = 1; i <= 12; i++) KEYS.push(`F${i}`);
+const BY_KEYS = [KIND.key, KIND.text, KIND.compose, KIND.paste];
 const POINTERS = ["default", "pointer", "text"];
 
 const picture = byId("picture");
 const stage = byId("stage");
+const encoder = new TextEncoder();
 const now = () => Math.round(performance.now());
 
 /** The library's number of a key; undefined where it has none. */
@@ -58,12 +62,21 @@ export function makeLive({ engine, told, failed }) {
     let isOn = false;
     let isBusy = false;
     let leaves = false; // Escape was pressed: Tab leaves the picture
+    let hasCaret = false;
     let timer = 0;
+    const typing = makeTyping({
+        key(name, control = false) {
+            send({ kind: KIND.key, key: keyOf({ key: name }), modifiers: control ? 2 : 0 });
+        },
+        text: (text) => send({ kind: KIND.text, text }),
+        compose: (text) => send({ kind: KIND.compose, text, caret: encoder.encode(text).length }),
+    });
 
     async function ask(what, wish) {
         isBusy = true;
         try {
             take(await engine.ask(what, { ...wish, now: now() }));
+            if (isOn && wish.events?.some(({ event }) => BY_KEYS.includes(event.kind))) reveal();
         } catch (reason) {
             isOn = false;
             failed(reason.message);
@@ -80,9 +93,28 @@ export function makeLive({ engine, told, failed }) {
         ask("send", { events: all });
     }
 
-    function take({ part, changes, wait, pointer, describe }) {
+    /** Scrolls to what is used by keys, and to where words go in it. */
+    function reveal() {
+        const node = focusedNode();
+        if (!node) return;
+        lay(byId("focused"), node);
+        for (const mark of [byId("focused"), typing.field]) {
+            if (!mark.hidden) mark.scrollIntoView({ block: "nearest", inline: "nearest" });
+        }
+    }
+
+    /** Has keyboards write into the field of the page while one of the screen has its caret. */
+    function typeAt(caret) {
+        if (caret) lay(typing.field, caret);
+        if (caret && !hasCaret && stage.contains(document.activeElement)) typing.begin();
+        if (!caret) typing.end();
+        hasCaret = caret !== null;
+    }
+
+    function take({ part, changes, wait, pointer, caret, describe }) {
         if (!isOn) return;
         patch(part, describe);
+        typeAt(caret);
         picture.style.cursor = POINTERS[pointer] ?? "default";
         changes.forEach(tell);
         clearTimeout(timer);
@@ -117,9 +149,12 @@ export function makeLive({ engine, told, failed }) {
             if (kind === KIND.press) {
                 event.preventDefault();
                 picture.setPointerCapture(event.pointerId);
-                stage.focus({ preventScroll: true });
             }
-            send({ kind, ...pixelAt(event), button: Math.max(event.button, 0) });
+            const at = pixelAt(event);
+            const takesWords = isField(at);
+            if (kind === KIND.press && !takesWords) stage.focus({ preventScroll: true });
+            if (kind === KIND.release && takesWords) typing.begin();
+            send({ kind, ...at, button: Math.max(event.button, 0) });
         };
     }
 
@@ -164,6 +199,7 @@ export function makeLive({ engine, told, failed }) {
         },
         close() {
             isOn = false;
+            typing.end();
             clearTimeout(timer);
             picture.style.cursor = picture.style.touchAction = "";
         },
