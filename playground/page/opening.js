@@ -1,4 +1,4 @@
-// What is opened: an example, or what a link holds.
+// What is opened: an example, what a link holds, or what the user wrote before that.
 import { byId, fillSelect } from "./elements.js";
 import { facts } from "./facts.js";
 import { unpackLink } from "./link.js";
@@ -10,6 +10,28 @@ const FIRST = "energy/dashboard.json";
 /** Opens texts in the editors and has them drawn by @p draw. */
 export function makeOpening({ texts, choices, draw }) {
     let canLive = false;
+    const opened = {}; // of each mode: the texts as they were, and which example they are
+    const aside = []; // what was written where something else was opened, the latest last
+
+    function sharedOf(mode) {
+        const { theme, own, panel, dither } = choices.shared();
+        const written = { mode, ...texts.all(mode), panel, dither };
+        return mode === "scene" ? { ...written, theme, own } : written;
+    }
+
+    function isEdited(mode) {
+        const before = opened[mode]?.texts ?? {};
+        return Object.entries(texts.all(mode)).some(([which, text]) => text !== (before[which] ?? ""));
+    }
+
+    /** Opens texts of a mode; what the user wrote instead is put aside. */
+    function openTexts(mode, given, example, put = (each) => aside.push(each)) {
+        if (isEdited(mode)) put({ shared: sharedOf(mode), opened: opened[mode] });
+        texts.open(given);
+        opened[mode] = { example, texts: texts.all(mode) };
+        setMode(mode);
+        byId("back").hidden = aside.length === 0;
+    }
 
     function setMode(mode) {
         texts.setMode(mode);
@@ -26,16 +48,15 @@ export function makeOpening({ texts, choices, draw }) {
             byId("example"),
             examples[mode].map(({ name, file }) => [file, name]),
         );
+        byId("example").value = opened[mode]?.example ?? "";
     }
 
     function openExample(file) {
         for (const [mode, all] of Object.entries(examples)) {
             const found = all.find((each) => each.file === file);
             if (!found) continue;
-            setMode(mode);
-            byId("example").value = file;
+            openTexts(mode, found, file);
             byId("frame").value = 0;
-            texts.open(found);
             return draw();
         }
     }
@@ -43,14 +64,20 @@ export function makeOpening({ texts, choices, draw }) {
     const text = (value) => (typeof value === "string" ? value : "");
 
     /** Shows what a link holds. */
-    function openShared(shared) {
-        const { mode = "scene", scene, data, code } = shared;
-        const isScene = mode !== "javascript";
+    function openShared(shared, put = undefined) {
+        const { scene, data, code } = shared;
+        if (shared.mode === "javascript") openTexts("javascript", { code: text(code) }, "", put);
+        else openTexts("scene", { scene: text(scene), data: text(data) }, "", put);
         choices.open(shared);
-        texts.open(isScene ? { scene: text(scene), data: text(data) } : { code: text(code) });
-        setMode(isScene ? "scene" : "javascript");
-        byId("example").value = "";
         return draw();
+    }
+
+    /** Shows what was put aside last; what that takes the place of comes last of all. */
+    function bringBack() {
+        const last = aside.pop();
+        openShared(last.shared, (each) => aside.unshift(each));
+        opened[texts.mode] = last.opened;
+        byId("example").value = last.opened?.example ?? "";
     }
 
     async function openLink() {
@@ -74,6 +101,7 @@ export function makeOpening({ texts, choices, draw }) {
         }),
     );
     byId("example").addEventListener("change", () => openExample(byId("example").value));
+    byId("back").addEventListener("click", bringBack);
 
     return {
         /** Opens what the address names; @p live is whether screens can be used. */
@@ -83,11 +111,6 @@ export function makeOpening({ texts, choices, draw }) {
             addEventListener("hashchange", openLink);
         },
         /** What a link holds. */
-        shared() {
-            const { theme, own, panel, dither } = choices.shared();
-            const { mode } = texts;
-            if (!texts.isScene) return { mode, ...texts.all(), panel, dither };
-            return { mode, ...texts.all(), theme, own, panel, dither };
-        },
+        shared: () => sharedOf(texts.mode),
     };
 }

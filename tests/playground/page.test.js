@@ -204,6 +204,45 @@ test("a link opened in a fresh profile shows the same bytes", async () => {
     assert.deepEqual([...faults, ...other.faults, ...third.faults], []);
 });
 
+test("what was written comes back after something else was opened", async () => {
+    const { page, faults } = await open();
+    const [first, second] = await page
+        .locator("#example option")
+        .evaluateAll((all) => all.map((each) => each.value));
+    const back = page.locator("#back");
+    const text = () => page.locator("#editor-scene .cm-content").innerText();
+    await drawn(page, () => page.selectOption("#example", first));
+    await drawn(page, () => page.selectOption("#example", second));
+    assert.ok(!(await back.isVisible()));
+    for (const [example, word] of [
+        [second, "One"],
+        [first, "Two"],
+    ]) {
+        assert.equal(await page.inputValue("#example"), example);
+        await drawn(page, () => type(page, "scene", SMALL.replace("${word}", word)));
+        await drawn(page, () =>
+            page.selectOption("#example", example === first ? second : first),
+        );
+    }
+    await page.click("#back");
+    await page.waitForFunction(() => document.getElementById("picture").width === 60);
+    assert.match(await text(), /Two/);
+    assert.equal(await page.inputValue("#example"), first);
+    await page.click("#back");
+    assert.match(await text(), /One/);
+    await page.click("#back");
+    assert.match(await text(), /Two/);
+    assert.ok(await back.isVisible());
+    await drawn(page, () => page.locator(".switch").getByText("JavaScript").click());
+    await drawn(page, () => type(page, "code", "kit_canvas(9, 7);"));
+    await drawn(page, () => page.selectOption("#example", "animation.js"));
+    await drawn(page, () => page.click("#back"));
+    assert.deepEqual([(await pixels(page)).width, await page.inputValue("#example")], [9, "hello.js"]);
+    await drawn(page, () => page.locator(".switch").getByText("Scene").click());
+    assert.equal(await page.inputValue("#example"), first);
+    assert.deepEqual(faults, []);
+});
+
 test("a link that was cut is told so", async () => {
     const { page, faults } = await open();
     await page.goto(page.url().replace(/#.*/, "") + "#1AAAA");
