@@ -5,7 +5,7 @@ import { facts } from "./facts.js";
 const among = (select, value) =>
     [...select.options].some((each) => each.value === value) ? value : "";
 
-/** The choices; @p themed gets the colours of a theme that comes to be, @p changed what was chosen. */
+/** The choices; @p themed gets the colours of a theme that was chosen, @p changed what was. */
 export function makeChoices({ themed, changed }) {
     let presets = null; // the colours of the themes that the library has
     const chosen = { theme: "", panel: "", dither: "ordered", own: null };

@@ -6,6 +6,8 @@ import { problemOf, say } from "./telling.js";
 import { runProgram, stopProgram } from "./workers.js";
 
 const MOST_FRAMES = 120;
+const NO_PICTURE =
+    "The program made no picture: kit_canvas() makes a canvas, kit_save_bmp() keeps it.";
 
 /** Data as they are, or each of a list of them: so many pictures. */
 function framesOf(text) {
@@ -79,11 +81,7 @@ export function makeDrawing({ engine, texts, choices, live, seen, told }) {
         texts.mark(said);
         programOf = () => done.program;
         if (done.pictures.length === 0) {
-            say(
-                "warning",
-                "The program made no picture: kit_canvas() makes a canvas, kit_save_bmp() keeps it.",
-            );
-            return;
+            return say("warning", NO_PICTURE);
         }
         ofProgram = done.pictures;
         await asPanel(now);

@@ -154,11 +154,12 @@ export function makeEditor(place, { language, label, complete, changed }) {
         get text() {
             return view.state.doc.toString();
         },
-        /** Begins with a new text, without a history. */
+        /** Begins with a new text at its beginning, without a history. */
         open(text) {
             quiet = true;
             view.setState(EditorState.create({ doc: text, extensions }));
             quiet = false;
+            view.scrollDOM.scrollTo(0, 0);
         },
         /** Marks problems: { line, column, kind, text }. */
         mark(problems) {

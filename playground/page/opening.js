@@ -20,8 +20,8 @@ export function makeOpening({ texts, choices, draw }) {
     }
 
     function isEdited(mode) {
-        const before = opened[mode]?.texts ?? {};
-        return Object.entries(texts.all(mode)).some(([which, text]) => text !== (before[which] ?? ""));
+        const all = Object.entries(texts.all(mode));
+        return all.some(([which, text]) => text !== (opened[mode]?.texts[which] ?? ""));
     }
 
     /** Opens texts of a mode; what the user wrote instead is put aside. */

@@ -50,7 +50,8 @@ export function makeTexts(changed) {
         /** What the editor of that name has. */
         text: (which) => editors[which].text,
         /** The texts of a mode by name; of the present one where none is given. */
-        all: (of = mode) => Object.fromEntries(ofMode[of].map((each) => [each, editors[each].text])),
+        all: (of = mode) =>
+            Object.fromEntries(ofMode[of].map((which) => [which, editors[which].text])),
         setMode(next) {
             mode = next;
             files.buttons.forEach((button, i) => {

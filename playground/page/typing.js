@@ -1,5 +1,5 @@
-// Words for the screen in use from on-screen keyboards and input methods, which write into a field of
-// the page alone: one that is not seen, where the caret of the screen is.
+// Words for the screen in use from on-screen keyboards and input methods, which write into a field
+// of the page alone: one that is not seen, where the caret of the screen is.
 import { byId } from "./elements.js";
 
 const field = byId("typing");
