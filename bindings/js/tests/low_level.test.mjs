@@ -3,7 +3,7 @@
 import assert from "node:assert/strict";
 import { readFileSync } from "node:fs";
 import { test } from "node:test";
-import { api, Canvas, setLog } from "orvelsdk";
+import { api, Canvas, CHARTS, DITHERS, FACES, FORMATS, KEYS, KINDS, ROLES, setLog } from "orvelsdk";
 import { SOURCES } from "./project.mjs";
 
 setLog(() => undefined);
@@ -112,6 +112,22 @@ test("the low level has what the description has", () => {
         }
         for (const { name, value } of library.constants) assert.equal(api[name], value, name);
     }
+});
+
+test("what callers choose from by name is what the description has", () => {
+    const enums = description.libraries.flatMap((library) => library.enums);
+    const valuesOf = (of, prefix) => Object.fromEntries(
+        enums.find(({ name }) => name === of).values.map(({ name, value }) =>
+            [name.slice(prefix.length).toLowerCase(), value]));
+    assert.deepEqual(KINDS, valuesOf("orvel_widget_kind", "ORVEL_WIDGET_"));
+    assert.deepEqual(CHARTS, valuesOf("kit_chart_kind", "KIT_CHART_"));
+    assert.deepEqual(FORMATS, valuesOf("kit_layout", "KIT_"));
+    assert.deepEqual(DITHERS, valuesOf("kit_dither", "KIT_DITHER_"));
+    assert.equal(Object.keys(KEYS).length, enums.find(({ name }) => name === "kit_key").values.length);
+    const faces = functions.filter((each) => each.returns.of === "kit_face" && each.arguments.length === 0);
+    assert.deepEqual(FACES, faces.map(({ name }) => name.slice("kit_".length).replace("_", " ")));
+    const theme = records.find(({ name }) => name === "orvel_theme");
+    assert.deepEqual(ROLES, theme.fields.map(({ name }) => name));
 });
 
 test("what is freed is refused, and freed once", () => {

@@ -55,24 +55,6 @@ test("a chart", () => {
     same(built(pageProgram("charts.md", "power.c"), "power.bmp"), canvas);
 });
 
-const themed = `
-#include <orvel_kit.h>
-int main(void) {
-    orvel_theme theme;
-    orvel_theme_light(&theme);
-    kit_resource_path("resources");
-    if (kit_theme_load(&theme, "forest.json") != 0) return 1;
-    orvel_canvas* canvas = kit_canvas(200, 60);
-    orvel_canvas_clear(canvas, theme.background);
-    kit_draw(canvas, &theme, &(kit_widget){.kind = ORVEL_WIDGET_TABS, .box = {5, 5, 190, 24},
-             .text = "One|Two", .amount = 1});
-    theme.accent = (orvel_color){255, 0, 0, 255};
-    kit_draw(canvas, &theme, &(kit_widget){.kind = ORVEL_WIDGET_PROGRESS, .box = {5, 40, 190, 12},
-             .value = 0.5});
-    return kit_save_bmp(canvas, "themed.bmp");
-}
-`;
-
 test("a theme", () => {
     const file = readFileSync(`${SOURCES}/share/themes/forest.json`);
     const theme = Theme.read(file);
@@ -80,5 +62,6 @@ test("a theme", () => {
     canvas.widget("tabs", 5, 5, 190, 24, { text: ["One", "Two"], amount: 1 });
     canvas.widget("progress", 5, 40, 190, 12,
                   { value: 0.5, theme: theme.copy({ accent: [255, 0, 0] }) });
+    const themed = readFileSync(`${SOURCES}/bindings/tests/themed.c`, "utf8");
     same(built(themed, "themed.bmp", { "resources/UI/forest.json": file }), canvas);
 });

@@ -4,6 +4,7 @@ from __future__ import annotations
 
 import ctypes
 import os
+import re
 from functools import lru_cache
 from typing import Any, Optional, Union
 
@@ -12,9 +13,9 @@ from ._arguments import Path, Text, path as path_of, whole, words
 from ._errors import Error, refusal
 from ._handles import Handle, Owner
 
-#: The faces that the kit carries.
-FACES = ("sans 11", "sans 12", "sans 14", "sans 18", "sans 24", "sans 40", "bold 11", "bold 12",
-         "bold 14", "bold 18", "bold 24", "mono 12", "digits 64", "digits 96")
+#: The faces that the kit carries: each has a function, kit_sans_11.
+FACES = tuple(" ".join(name.split("_")[1:]) for name in vars(_api)
+              if re.fullmatch(r"kit_[a-z]+_[0-9]+", name))
 
 
 class Face(Owner):

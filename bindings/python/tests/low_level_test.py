@@ -86,6 +86,23 @@ def test_the_low_level_has_what_the_description_has():
         assert (found.restype is None) == (function["returns"]["type"] == "void"), function["name"]
 
 
+def test_what_callers_choose_from_by_name_is_what_the_description_has():
+    import orvelsdk
+
+    def values_of(name, prefix):
+        enum = next(enum for library in DESCRIPTION["libraries"] for enum in library["enums"]
+                    if enum["name"] == name)
+        return {each["name"][len(prefix):].lower(): each["value"] for each in enum["values"]}
+
+    assert orvelsdk.KINDS == values_of("orvel_widget_kind", "ORVEL_WIDGET_")
+    assert orvelsdk.CHARTS == values_of("kit_chart_kind", "KIT_CHART_")
+    assert orvelsdk.FORMATS == values_of("kit_layout", "KIT_")
+    assert orvelsdk.DITHERS == values_of("kit_dither", "KIT_DITHER_")
+    assert orvelsdk.FACES == tuple(
+        function["name"][len("kit_"):].replace("_", " ") for function in FUNCTIONS
+        if function["returns"].get("of") == "kit_face" and not function["arguments"])
+
+
 def test_nothing_is_called_that_may_raise_in_c():
     raising = {function["name"] for function in FUNCTIONS if function["raises"]}
     assert len(raising) > 20

@@ -65,33 +65,14 @@ def test_chart(built):
     same_file(folder, "power.bmp", canvas)
 
 
-THEMED = """
-#include <orvel_kit.h>
-int main(void) {
-    orvel_theme theme;
-    orvel_theme_light(&theme);
-    kit_resource_path("%s");
-    if (kit_theme_load(&theme, "forest.json") != 0) return 1;
-    orvel_canvas* canvas = kit_canvas(200, 60);
-    orvel_canvas_clear(canvas, theme.background);
-    kit_draw(canvas, &theme, &(kit_widget){.kind = ORVEL_WIDGET_TABS, .box = {5, 5, 190, 24},
-             .text = "One|Two", .amount = 1});
-    theme.accent = (orvel_color){255, 0, 0, 255};
-    kit_draw(canvas, &theme, &(kit_widget){.kind = ORVEL_WIDGET_PROGRESS, .box = {5, 40, 190, 12},
-             .value = 0.5});
-    return kit_save_bmp(canvas, "themed.bmp");
-}
-"""
-
-
 def test_theme(built, tmp_path):
-    (tmp_path / "UI").symlink_to(SOURCES / "share/themes")
-    folder = built(THEMED % tmp_path)
+    (tmp_path / "resources").mkdir()
+    (tmp_path / "resources/UI").symlink_to(SOURCES / "share/themes")
+    folder = built((SOURCES / "bindings/tests/themed.c").read_text())
     theme = Theme.open(SOURCES / "share/themes/forest.json")
     canvas = Canvas(200, 60, "background", theme=theme)
     canvas.widget("tabs", 5, 5, 190, 24, text=["One", "Two"], amount=1)
-    canvas.widget("progress", 5, 40, 190, 12, value=0.5, theme=theme.copy(accent="#f00000")
-                  .copy(accent=(255, 0, 0)))
+    canvas.widget("progress", 5, 40, 190, 12, value=0.5, theme=theme.copy(accent=(255, 0, 0)))
     same_file(folder, "themed.bmp", canvas)
 
 
