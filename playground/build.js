@@ -142,25 +142,32 @@ function programs() {
         }));
 }
 
+const { libraries } = json("bindings/orvel_api.json");
+const every = (what) => libraries.flatMap((library) => library[what]);
+const named = (what, name) => every(what).find((each) => each.name === name);
+
+/** The values of an enum by their words: KIT_KEY_PAGE_UP by "pageup". */
+function valuesOf(name) {
+    const word = (value) => value.name.replace(/^KIT_[A-Z]+_/, "").replaceAll("_", "");
+    const { values } = named("enums", name);
+    return Object.fromEntries(values.map((each) => [word(each).toLowerCase(), each.value]));
+}
+
 function facts() {
     const themes = Object.fromEntries(
         readdirSync(join(root, "share/themes"))
             .sort()
             .map((file) => [file.slice(0, -".json".length), json("share/themes", file)]),
     );
-    const functions = json("bindings/orvel_api.json")
-        .libraries.flatMap((library) => library.functions)
-        .map(({ name, arguments: all, comment }) => {
-            const shown = all.filter(
-                (each) =>
-                    each.type !== "buffer" &&
-                    !all.some((other) => other !== each && other.length === each.name),
-            );
-            return [name, shown.map((each) => each.name).join(", "), comment.split(/(?<=\.)\s/)[0]];
-        });
-    const constants = json("bindings/orvel_api.json").libraries.flatMap((library) =>
-        library.enums.flatMap((each) => each.values.map(({ name }) => name)),
-    );
+    const functions = every("functions").map(({ name, arguments: all, comment }) => {
+        const shown = all.filter(
+            (each) =>
+                each.type !== "buffer" &&
+                !all.some((other) => other !== each && other.length === each.name),
+        );
+        return [name, shown.map((each) => each.name).join(", "), comment.split(/(?<=\.)\s/)[0]];
+    });
+    const constants = every("enums").flatMap((each) => each.values.map(({ name }) => name));
     return {
         scenes: scenes(),
         pictures: pictures(),
@@ -169,6 +176,10 @@ function facts() {
         schema: json("share/schemas/orvel-scene-1.json"),
         functions,
         constants,
+        roles: named("records", "orvel_theme").fields.map(({ name }) => name),
+        events: valuesOf("kit_event_kind"),
+        changes: valuesOf("kit_change_kind"),
+        keys: valuesOf("kit_key"),
     };
 }
 

@@ -1,5 +1,5 @@
 // Pixels out of a canvas, as they are or as a panel shows them.
-import { api } from "orvelsdk";
+import { api, DITHERS } from "orvelsdk";
 
 /** The most pixels that the playground shows. */
 export const MOST_PIXELS = 16 << 20;
@@ -24,11 +24,6 @@ const PANELS = {
     rgb565: { layout: api.KIT_RGB565_LE, bits: 16 },
     red: { layout: api.KIT_INDEX8, bits: 8, palette: RED },
     seven: { layout: api.KIT_INDEX8, bits: 8, palette: SEVEN },
-};
-const DITHERS = {
-    none: api.KIT_DITHER_NONE,
-    ordered: api.KIT_DITHER_ORDERED,
-    diffused: api.KIT_DITHER_DIFFUSED,
 };
 
 /** The format of a panel's pixels; undefined for the screen itself. */

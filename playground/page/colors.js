@@ -1,4 +1,5 @@
 // How far two colours stand apart: the contrast ratio of WCAG 2.2, from 1 to 21.
+import { facts } from "./facts.js";
 
 function luminance(hex) {
     const [r, g, b] = [1, 3, 5]
@@ -12,17 +13,7 @@ export function contrast(one, other) {
     return (high + 0.05) / (low + 0.05);
 }
 
-export const ROLES = [
-    "background",
-    "surface",
-    "text",
-    "accent",
-    "border",
-    "button",
-    "button_hover",
-    "button_text",
-    "error",
-];
+export const ROLES = facts.roles;
 
 /** The pairs that orvel-theme looks at, of which one is words on the other. */
 export const PAIRS = [

@@ -1,38 +1,11 @@
 // Pointer and keyboard into the screen: what happens over the picture becomes events for it.
 import { byId, copyText } from "./elements.js";
+import { facts } from "./facts.js";
 import { focusedNode, isField, lay, patch, pixelAt } from "./stage.js";
 import { makeTyping } from "./typing.js";
 
-const KIND = {
-    time: 0,
-    move: 1,
-    press: 2,
-    release: 3,
-    leave: 4,
-    wheel: 5,
-    key: 6,
-    text: 7,
-    compose: 8,
-    paste: 9,
-};
-const CHANGE = { value: 0, press: 1, copy: 2, paste: 3, sound: 4 };
-const FIRST_KEY = 0x110000;
-const KEYS = [
-    "Enter",
-    "Tab",
-    "Escape",
-    "Backspace",
-    "Delete",
-    "ArrowLeft",
-    "ArrowRight",
-    "ArrowUp",
-    "ArrowDown",
-    "Home",
-    "End",
-    "PageUp",
-    "PageDown",
-];
-for (let i = 1; i <= 12; i++) KEYS.push(`F${i}`);
+const { events: KIND, changes: CHANGE, keys: KEYS } = facts;
+const FIRST_KEY = KEYS.enter; // of those without a character
 const BY_KEYS = [KIND.key, KIND.text, KIND.compose, KIND.paste];
 const POINTERS = ["default", "pointer", "text"];
 
@@ -43,9 +16,8 @@ const now = () => Math.round(performance.now());
 
 /** The library's number of a key; undefined where it has none. */
 function keyOf({ key }) {
-    const special = KEYS.indexOf(key);
-    if (special >= 0) return FIRST_KEY + special;
-    return [...key].length === 1 ? key.toLowerCase().codePointAt(0) : undefined;
+    if ([...key].length === 1) return key.toLowerCase().codePointAt(0);
+    return KEYS[key.replace(/^Arrow/, "").toLowerCase()];
 }
 
 function modifiersOf(event) {
