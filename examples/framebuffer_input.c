@@ -117,11 +117,15 @@ static void move(input* in, int file, const struct input_event* e) {
     in->moved = 1;
 }
 
-static void send_pointer(input* in, kit_screen* screen, int kind, int button, long long now) {
-    const kit_screen_event event = {
-        .kind = kind, .x = in->x, .y = in->y, .button = button, .modifiers = in->held};
-    kit_screen_send(screen, &event, now);
-    in->moved = 0;
+/* A report is whole: a move along both axes is one, and a touch is told before its place. */
+static void end_report(input* in, kit_screen* screen, long long now) {
+    const kit_screen_event event = {.kind = in->pressed ? in->pressed : KIT_EVENT_MOVE,
+                                    .x = in->x,
+                                    .y = in->y,
+                                    .button = in->pressed ? in->button : 0,
+                                    .modifiers = in->held};
+    if (in->pressed || in->moved) kit_screen_send(screen, &event, now);
+    in->pressed = in->moved = 0;
 }
 
 static void take(input* in, kit_screen* screen, int file, const struct input_event* e,
@@ -134,10 +138,12 @@ static void take(input* in, kit_screen* screen, int file, const struct input_eve
         kit_screen_send(screen, &event, now);
     } else if (e->type == EV_REL || e->type == EV_ABS) {
         move(in, file, e);
-    } else if (e->type == EV_SYN) { /* a report is whole: a move along both axes is one */
-        if (in->moved) send_pointer(in, screen, KIT_EVENT_MOVE, 0, now);
+    } else if (e->type == EV_SYN) {
+        end_report(in, screen, now);
     } else if (e->type == EV_KEY && (e->code == BTN_TOUCH || (e->code & ~7) == BTN_MOUSE)) {
-        send_pointer(in, screen, e->value ? KIT_EVENT_PRESS : KIT_EVENT_RELEASE, button, now);
+        if (in->pressed) end_report(in, screen, now); /* of another button */
+        in->pressed = e->value ? KIT_EVENT_PRESS : KIT_EVENT_RELEASE;
+        in->button = button;
     } else if (e->type == EV_KEY && e->code < BTN_MISC) {
         press_key(in, screen, e->code, e->value, now);
     }

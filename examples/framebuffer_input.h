@@ -5,6 +5,10 @@
 #include <orvel_screen.h>
 #include <poll.h>
 
+#ifdef __cplusplus
+extern "C" {
+#endif
+
 enum { INPUT_DEVICES = 32 };
 
 typedef struct input {
@@ -14,6 +18,8 @@ typedef struct input {
     int w, h, x, y;    /* of the screen; where the pointer is */
     unsigned held;     /* modifiers, of kit_modifier */
     int others, moved; /* Alt Gr; since the last report */
+    int pressed;       /* KIT_EVENT_PRESS or _RELEASE of this report; 0: neither */
+    int button;        /* which one that is of */
     int done;          /* Ctrl and Q: the program is to end */
 } input;
 
@@ -24,5 +30,9 @@ void input_open(input* in, int tty, int w, int h);
 void input_take(input* in, kit_screen* screen, long long now);
 
 void input_close(input* in);
+
+#ifdef __cplusplus
+}
+#endif
 
 #endif
