@@ -91,6 +91,17 @@ class Report(unittest.TestCase):
                                   "p => p.querySelectorAll('img').length)"), [3, 3, 1, 1])
         self.assertEqual(self.ask("document.title"), "4 of 5 pictures not as expected")
 
+    def test_what_became_of_a_picture_is_told_once(self):
+        self.open()
+        self.assertEqual(self.ask("[...document.querySelectorAll('.picture > p:first-of-type')].map("
+                                  "p => p.innerText.trim()).slice(2)"),
+                         ["+ unexpected there, but not expected", "− missing expected, but not there"])
+
+    def test_places_of_one_name_are_no_landmarks(self):
+        self.open()
+        self.assertEqual(self.ask("document.querySelectorAll('main [role=region]').length"), 0)
+        self.assertEqual(self.ask("document.querySelectorAll('main .pane[role=group]').length"), 8)
+
     def test_nothing_is_loaded_from_elsewhere(self):
         self.open()
         self.assertEqual(self.ask("performance.getEntriesByType('resource')"

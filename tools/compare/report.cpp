@@ -97,8 +97,8 @@ private:
         text_ += "<section class=\"picture\" id=\"" + id + "\" tabindex=\"-1\" data-box=\"" +
                  px(box.left) + " " + px(box.top) + " " + px(box.width) + " " + px(box.height) +
                  "\">\n<h2>" + shown(result.pair.name) + "</h2>\n<p><span class=\"state\">" +
-                 sign(result.outcome) + word_for(result.outcome) + "</span>" +
-                 escaped_markup(sentence(result)) + "</p>\n";
+                 sign(result.outcome) + word_for(result.outcome) + "</span> " + told(result) +
+                 "</p>\n";
         for (const Mask& mask : result.masks) {
             text_ += "<p class=\"quiet\">Masked: " + px(mask.box.width) + " × " +
                      px(mask.box.height) + " at (" + px(mask.box.left) + ", " + px(mask.box.top) +
@@ -107,6 +107,14 @@ private:
         text_ += "<div class=\"tools\"></div>\n<div class=\"views\">\n";
         add_pictures(result);
         text_ += "</div>\n</section>\n";
+    }
+
+    /// The sentence without the outcome's word, which stands before it.
+    static std::string told(const Result& result) {
+        const std::string text = sentence(result);
+        const std::string word = std::string(word_for(result.outcome)) + ": ";
+        return escaped_markup(text.compare(0, word.size(), word) == 0 ? text.substr(word.size())
+                                                                      : text);
     }
 
     static const char* sign(Outcome outcome) {
@@ -148,7 +156,7 @@ private:
                  "=\"quiet\">" +
                  size + "</span></figcaption>";
         if (reason.empty() && of_pictures_ + bytes.size() <= kMostOfPictures) {
-            text_ += "<div class=\"pane\" tabindex=\"0\" role=\"region\" aria-label=\"" +
+            text_ += "<div class=\"pane\" tabindex=\"0\" role=\"group\" aria-label=\"" +
                      std::string(title) + "\"><div class=\"sheet\"><img width=\"" +
                      px(picture.width) + "\" height=\"" + px(picture.height) + "\" alt=\"" + kind +
                      ": " + shown(result.pair.name) + "\" src=\"data:image/png;base64," +
