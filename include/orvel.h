@@ -12,10 +12,10 @@
  *  - Ownership. The host owns every canvas, theme and widget and destroys each canvas and widget
  *    once. A widget borrows its canvas and its theme; both must outlive its last draw.
  *  - Strings are zero-terminated bytes. The library copies those it keeps.
- *  - Pointers. What is borrowed is not used after the call; what is kept, not after the time told;
- *    what is taken is no longer the host's. Memory of the host's is written, or changed from what
- *    it held. What is static lives as long as the library. Where null is refused, the rule above
- *    holds; where it may be null, that means something.
+ *  - Pointers. What is borrowed is not used after the call; what is kept is not used after the time
+ *    given; what is taken is no longer the host's. Memory of the host is written, or changed where
+ *    it matters what it held. What is static lives as long as the library. Where null is refused,
+ *    the rule above holds; where a pointer may be null, its comment says what null means.
  *  - Arguments of one name mean one thing everywhere, unless their section or function says more:
  *     - canvas, theme, widget: borrowed; null is refused.
  *     - path, name: borrowed; null is refused.
@@ -36,7 +36,7 @@
  *  - Memory. A canvas or widget whose record cannot be allocated is null. Any other allocation that
  *    fails raises std::bad_alloc, which a C host cannot catch: the process then ends. So does the
  *    std::length_error that orvel_icon_draw_bitmap() describes.
- *  - Order. No call needs orvel_init() to have been made, and all work after orvel_shutdown().
+ *  - Order. No call needs orvel_init() before it, and all of them work after orvel_shutdown().
  */
 #ifndef ORVEL_H
 #define ORVEL_H
@@ -174,7 +174,7 @@ ORVEL_API void orvel_canvas_clear(orvel_canvas* canvas, orvel_color color);
 /** Sets the pixel (x, y); ignored outside the canvas. */
 ORVEL_API void orvel_canvas_pixel(orvel_canvas* canvas, int x, int y, orvel_color color);
 
-/** The pixel (x, y); all zero outside the canvas, which equals a stored transparent black. */
+/** The pixel (x, y); all zero outside the canvas, as a stored transparent black would be, too. */
 ORVEL_API orvel_color orvel_canvas_pixel_get(const orvel_canvas* canvas, int x, int y);
 
 /* ---- Shapes ---- */
@@ -217,7 +217,7 @@ ORVEL_API void orvel_canvas_fill_circle(orvel_canvas* canvas, int cx, int cy, in
  * fill. Three points on one line fill that whole line within their rows: three points on one row
  * fill the row from edge to edge of the canvas. The edge functions are formed in 32 bits; they are
  * exact while no coordinate lies further than 16384 from zero and no side of the canvas is longer.
- * Beyond, every pixel of the visible rows is looked at.
+ * Beyond that, every pixel of the visible rows is tested.
  */
 ORVEL_API void orvel_canvas_fill_triangle(orvel_canvas* canvas, int x0, int y0, int x1, int y1,
                                           int x2, int y2, orvel_color color);
@@ -228,8 +228,8 @@ ORVEL_API void orvel_canvas_fill_triangle(orvel_canvas* canvas, int x0, int y0, 
  * Writes the canvas to the file @p path as a 24-bit BMP, bottom row first, without alpha. Raises
  * std::bad_alloc.
  *
- * @return 0 once the file was opened: what happens to the writes after that is not looked at. -1
- *         for null arguments and when the file cannot be opened for writing.
+ * @return 0 once the file is open: whether the writes after that succeed is not checked. -1 for
+ * null arguments and when the file cannot be opened for writing.
  */
 ORVEL_API int orvel_canvas_save_bmp(const orvel_canvas* canvas, const char* path);
 
@@ -302,9 +302,10 @@ ORVEL_API int orvel_draw_icon_ex(orvel_canvas* canvas, const char* name, int x, 
  * Draws the BMP file @p name of the resource folder "Icons" at its own size, its top left corner at
  * (x, y). Of the header, the offset of the pixels, the width, the height and the depth are read and
  * the rest is ignored: 24 and 32 bits a pixel, rows in either order. A pixel of a 32-bit file with
- * alpha 0 is skipped, any other replaces the canvas pixel. The file is not trusted: no bytes read
- * or write outside memory, block the call or cost more than what is visible of them, and a file
- * that ends early, or of which a read fails, shows the rows before that.
+ * alpha 0 is skipped, any other replaces the canvas pixel. The file is not trusted: whatever it
+ * holds, the call neither reads nor writes outside memory, does not block, and costs no more than
+ * what is visible; a file that ends early, or that can no longer be read, shows the rows before
+ * that.
  *
  * A width whose row, rounded up to 4 bytes, is negative as a 32-bit number raises
  * std::length_error: -2, for example, or 0x20000000 at 32 bits. A C host that draws files of
@@ -330,7 +331,8 @@ ORVEL_API void orvel_theme_light(orvel_theme* theme);
  * whole file is read into memory, whatever its size; when memory runs out, the record stays as it
  * was. A read that fails counts as the end of the file. Raises std::bad_alloc.
  *
- * @return 0 when the file was opened, whatever it held; -1 for null arguments or when it cannot be.
+ * @return 0 when the file was opened, whatever it held; -1 for null arguments or when it cannot be
+ *         opened.
  */
 ORVEL_API int orvel_theme_load(orvel_theme* theme, const char* name);
 
@@ -339,7 +341,7 @@ ORVEL_API int orvel_theme_load(orvel_theme* theme, const char* name);
  * without a dot overwrites the file that loading it would find; if there is none, the file gets
  * exactly that name. No folder is made. Raises std::bad_alloc.
  *
- * @return 0 once the file was opened; -1 for null arguments or when it cannot be.
+ * @return 0 once the file is open; -1 for null arguments or when it cannot be opened.
  */
 ORVEL_API int orvel_theme_save(const orvel_theme* theme, const char* name);
 
@@ -358,10 +360,10 @@ ORVEL_API int orvel_theme_save(const orvel_theme* theme, const char* name);
  *  - result: the caller's, for orvel_widget_destroy(), or null.
  *  - text, title, name, items, initials, icon: raises std::bad_alloc when it cannot be copied.
  *
- * Hit testing is the host's, so it needs to know what a widget covers: the rectangle of @p w by
- * @p h pixels at (x, y), or the size that is told beside the constructor, where tw is
- * orvel_text_width() of the text. Texts are not cut to their widget, and some kinds paint past it,
- * by a pixel unless more is said. A theme's colours are called by their fields.
+ * Hit testing is left to the host, which therefore needs to know what a widget covers: the
+ * rectangle of @p w by @p h pixels at (x, y), or the size given with the constructor, where tw is
+ * orvel_text_width() of the text. Texts are not clipped to their widget, and some kinds paint past
+ * it, by one pixel unless more is said. Colours go by the names of their fields in the theme.
  */
 
 /** A window: surface in a border frame, and along its top a band of accent, 12 rows high, with the
@@ -524,16 +526,16 @@ ORVEL_API void orvel_widget_draw(orvel_widget* widget);
  *  - Linux with PulseAudio or PipeWire: effects are what libsndfile reads (WAV, AIFF, CAF, Ogg
  *    Vorbis, FLAC and more, at any rate, of up to 32 channels), decoded to 16 bits within the call,
  *    up to 16 MiB of them, and handed over through libpulse (Debian: libsndfile1, libpulse0). A
- *    call waits two seconds at the most for a server that does not answer; after that, effects are
+ *    call waits at most two seconds for a server that does not answer; after that, effects return
  *    -1 at once for ten seconds. Music is what paplay or else pw-play takes (WAV, AIFF, MP3, Ogg);
- *    M4A needs mpv. A program at /usr/bin/afplay goes before them all.
- *  - Without a sound server or these programs: effects are -1; music and tones are silent, and
+ *    M4A needs mpv. A program at /usr/bin/afplay takes precedence over all of them.
+ *  - Without a sound server or these programs: effects return -1; music and tones are silent, and
  *    their calls still return 0, since a player fails in its own process.
  *
  * A 16-bit WAV file plays everywhere, as music and, within these bounds, as effect.
  *
- * Players inherit the host's signal mask, and are children of the host: one that waits for any
- * child can meet them.
+ * Players inherit the host's signal mask, and are children of the host: a host that waits for any
+ * child may be told of them.
  */
 
 /**
@@ -562,8 +564,8 @@ ORVEL_API int orvel_play_music(const char* name);
 
 /**
  * Ends the music: a player that still runs gets SIGTERM and is waited for, to the end of the track
- * if it inherited from the host that SIGTERM is blocked or ignored; one that ended by itself, and
- * was an unreaped child since, is reaped. Does nothing otherwise.
+ * if it inherited from the host that SIGTERM is blocked or ignored; one that has ended by itself
+ * and was not reaped yet is reaped. Does nothing otherwise.
  */
 ORVEL_API void orvel_stop_music(void);
 

@@ -315,7 +315,7 @@ export function orvel_canvas_pixel(
     }
 }
 
-/** The pixel (x, y); all zero outside the canvas, which equals a stored transparent black. */
+/** The pixel (x, y); all zero outside the canvas, as a stored transparent black would be, too. */
 export function orvel_canvas_pixel_get(
     canvas: orvel_canvas | null,
     x: number,
@@ -483,7 +483,7 @@ export function orvel_canvas_fill_circle(
  * fill. Three points on one line fill that whole line within their rows: three points on one row
  * fill the row from edge to edge of the canvas. The edge functions are formed in 32 bits; they are
  * exact while no coordinate lies further than 16384 from zero and no side of the canvas is longer.
- * Beyond, every pixel of the visible rows is looked at.
+ * Beyond that, every pixel of the visible rows is tested.
  */
 export function orvel_canvas_fill_triangle(
     canvas: orvel_canvas | null,
@@ -518,8 +518,8 @@ export function orvel_canvas_fill_triangle(
  * Writes the canvas to the file `path` as a 24-bit BMP, bottom row first, without alpha. Raises
  * std::bad_alloc.
  *
- * @returns 0 once the file was opened: what happens to the writes after that is not looked at.
- *     -1 for null arguments and when the file cannot be opened for writing.
+ * @returns 0 once the file is open: whether the writes after that succeed is not checked. -1
+ *     for null arguments and when the file cannot be opened for writing.
  */
 export function orvel_canvas_save_bmp(canvas: orvel_canvas | null, path: Text): number {
     const mark = Room.enter();
@@ -714,9 +714,10 @@ export function orvel_draw_icon_ex(
  * Draws the BMP file `name` of the resource folder "Icons" at its own size, its top left corner at
  * (x, y). Of the header, the offset of the pixels, the width, the height and the depth are read and
  * the rest is ignored: 24 and 32 bits a pixel, rows in either order. A pixel of a 32-bit file with
- * alpha 0 is skipped, any other replaces the canvas pixel. The file is not trusted: no bytes read
- * or write outside memory, block the call or cost more than what is visible of them, and a file
- * that ends early, or of which a read fails, shows the rows before that.
+ * alpha 0 is skipped, any other replaces the canvas pixel. The file is not trusted: whatever it
+ * holds, the call neither reads nor writes outside memory, does not block, and costs no more than
+ * what is visible; a file that ends early, or that can no longer be read, shows the rows before
+ * that.
  *
  * A width whose row, rounded up to 4 bytes, is negative as a 32-bit number raises
  * std::length_error: -2, for example, or 0x20000000 at 32 bits. A C host that draws files of
@@ -784,7 +785,7 @@ export function orvel_theme_light(theme: Partial<orvel_theme> | null): void {
  * was. A read that fails counts as the end of the file. Raises std::bad_alloc.
  *
  * @returns 0 when the file was opened, whatever it held; -1 for null arguments or when it
- *     cannot be.
+ *     cannot be opened.
  */
 export function orvel_theme_load(theme: Partial<orvel_theme> | null, name: Text): number {
     const mark = Room.enter();
@@ -805,7 +806,7 @@ export function orvel_theme_load(theme: Partial<orvel_theme> | null, name: Text)
  * without a dot overwrites the file that loading it would find; if there is none, the file gets
  * exactly that name. No folder is made. Raises std::bad_alloc.
  *
- * @returns 0 once the file was opened; -1 for null arguments or when it cannot be.
+ * @returns 0 once the file is open; -1 for null arguments or when it cannot be opened.
  */
 export function orvel_theme_save(theme: Given<orvel_theme> | null, name: Text): number {
     const mark = Room.enter();
@@ -2054,8 +2055,8 @@ export function orvel_play_music(name: Text): number {
 
 /**
  * Ends the music: a player that still runs gets SIGTERM and is waited for, to the end of the track
- * if it inherited from the host that SIGTERM is blocked or ignored; one that ended by itself, and
- * was an unreaped child since, is reaped. Does nothing otherwise.
+ * if it inherited from the host that SIGTERM is blocked or ignored; one that has ended by itself
+ * and was not reaped yet is reaped. Does nothing otherwise.
  */
 export function orvel_stop_music(): void {
     const mark = Room.enter();

@@ -143,7 +143,7 @@ orvel_canvas_pixel = _function(
     """Sets the pixel (x, y); ignored outside the canvas.""")
 orvel_canvas_pixel_get = _function(
     _OrvelSDK, "orvel_canvas_pixel_get", orvel_color, [POINTER(orvel_canvas), c_int, c_int],
-    """The pixel (x, y); all zero outside the canvas, which equals a stored transparent black.""")
+    """The pixel (x, y); all zero outside the canvas, as a stored transparent black would be, too.""")
 orvel_canvas_line = _function(
     _OrvelSDK, "orvel_canvas_line", None, [POINTER(orvel_canvas), c_int, c_int, c_int, c_int,
                                            orvel_color],
@@ -177,14 +177,14 @@ orvel_canvas_fill_triangle = _function(
 fill. Three points on one line fill that whole line within their rows: three points on one row
 fill the row from edge to edge of the canvas. The edge functions are formed in 32 bits; they are
 exact while no coordinate lies further than 16384 from zero and no side of the canvas is longer.
-Beyond, every pixel of the visible rows is looked at.""")
+Beyond that, every pixel of the visible rows is tested.""")
 orvel_canvas_save_bmp = _function(
     _OrvelSDK, "orvel_canvas_save_bmp", c_int, [POINTER(orvel_canvas), c_char_p],
     """Writes the canvas to the file `path` as a 24-bit BMP, bottom row first, without alpha. Raises
 std::bad_alloc.
 
-Returns: 0 once the file was opened: what happens to the writes after that is not looked at. -1
-    for null arguments and when the file cannot be opened for writing.
+Returns: 0 once the file is open: whether the writes after that succeed is not checked. -1 for
+    null arguments and when the file cannot be opened for writing.
 Where it raises, the process ends: call kit_save_bmp().""")
 orvel_canvas_save_bmp_rgba = _function(
     _OrvelSDK, "orvel_canvas_save_bmp_rgba", c_int, [POINTER(orvel_canvas), c_char_p],
@@ -241,9 +241,10 @@ orvel_icon_draw_bitmap = _function(
     """Draws the BMP file `name` of the resource folder "Icons" at its own size, its top left corner at
 (x, y). Of the header, the offset of the pixels, the width, the height and the depth are read and
 the rest is ignored: 24 and 32 bits a pixel, rows in either order. A pixel of a 32-bit file with
-alpha 0 is skipped, any other replaces the canvas pixel. The file is not trusted: no bytes read
-or write outside memory, block the call or cost more than what is visible of them, and a file
-that ends early, or of which a read fails, shows the rows before that.
+alpha 0 is skipped, any other replaces the canvas pixel. The file is not trusted: whatever it
+holds, the call neither reads nor writes outside memory, does not block, and costs no more than
+what is visible; a file that ends early, or that can no longer be read, shows the rows before
+that.
 
 A width whose row, rounded up to 4 bytes, is negative as a 32-bit number raises
 std::length_error: -2, for example, or 0x20000000 at 32 bits. A C host that draws files of
@@ -268,7 +269,7 @@ whole file is read into memory, whatever its size; when memory runs out, the rec
 was. A read that fails counts as the end of the file. Raises std::bad_alloc.
 
 Returns: 0 when the file was opened, whatever it held; -1 for null arguments or when it cannot
-    be.
+    be opened.
 Where it raises, the process ends: call kit_theme_load().""")
 orvel_theme_save = _function(
     _OrvelSDK, "orvel_theme_save", c_int, [POINTER(orvel_theme), c_char_p],
@@ -276,7 +277,7 @@ orvel_theme_save = _function(
 without a dot overwrites the file that loading it would find; if there is none, the file gets
 exactly that name. No folder is made. Raises std::bad_alloc.
 
-Returns: 0 once the file was opened; -1 for null arguments or when it cannot be.
+Returns: 0 once the file is open; -1 for null arguments or when it cannot be opened.
 Where it raises, the process ends: call kit_theme_save().""")
 orvel_widget_window = _function(
     _OrvelSDK, "orvel_widget_window", POINTER(orvel_widget), [POINTER(orvel_canvas),
@@ -537,8 +538,8 @@ Where it raises, the process ends: call kit_play_music().""")
 orvel_stop_music = _function(
     _OrvelSDK, "orvel_stop_music", None, [],
     """Ends the music: a player that still runs gets SIGTERM and is waited for, to the end of the track
-if it inherited from the host that SIGTERM is blocked or ignored; one that ended by itself, and
-was an unreaped child since, is reaped. Does nothing otherwise.""")
+if it inherited from the host that SIGTERM is blocked or ignored; one that has ended by itself
+and was not reaped yet is reaped. Does nothing otherwise.""")
 orvel_play_tone = _function(
     _OrvelSDK, "orvel_play_tone", c_int, [c_double, c_int],
     """Plays a sine tone beside whatever else is playing. It is written as a 16-bit mono WAV file of
