@@ -37,6 +37,11 @@ export function makeDrawing({ engine, texts, choices, live, seen, told }) {
     const frame = () => Math.min(Number(byId("frame").value), pictures.length - 1);
     const sceneWish = (data) => ({ scene: texts.text("scene"), data, ...choices.wish() });
 
+    /** An example brings data, which stay when a scene of one's own is written over its scene. */
+    function hasUnusedSample() {
+        return texts.text("data").trim() !== "" && texts.text("scene").includes('"sample"');
+    }
+
     function failed(problem, others, place) {
         texts.mark([problem, ...others]);
         say("error", problem.line ? `${place} ${problem.line}: ${problem.text}` : problem.text);
@@ -55,6 +60,8 @@ export function makeDrawing({ engine, texts, choices, live, seen, told }) {
             if (now !== turn) return;
             programOf = lacking("the scene could not be drawn");
             const problem = problemOf(reason.message, "error");
+            if (/ in the data/.test(problem.text) && hasUnusedSample())
+                problem.text += " (empty data.json to see the scene's own sample)";
             return failed(problem, [], `${problem.which} line`);
         }
         const lines = drawn[0].report.split("\n").filter(Boolean);
