@@ -19,7 +19,7 @@ SOURCES = pathlib.Path(__file__).resolve().parent.parent
 INCLUDE = re.compile(r"^\[\[(.+)\]\]$", re.MULTILINE)
 NAMED_FENCE = re.compile(r"^```(\w+) +(\S+)$", re.MULTILINE)
 SCREEN = re.compile(r"\]\((\S+)\)\{: \.screen \}")
-OPTION = re.compile(r"<code>(--[\w-]+)</code>")
+SHORT = re.compile(r"<code>([^<\n]{1,24})</code>")
 PICTURE = re.compile(r'<img (src="[^"]+" alt="[^"]*" width="(\d+)")')
 ROOM, PHONE = 640, 350  # pixels for pictures beside the lists of pages, and on a phone
 OUTPUT_FENCE = re.compile(r"^```text\n(.*?)^```$", re.MULTILINE | re.DOTALL)
@@ -73,9 +73,9 @@ def staged(text, lists, pages, playground):
 
 
 def finished(html):
-    """A page of the site: no line ends behind the hyphens of an option, and what is to be smoothed on
-    a phone is marked."""
-    html = OPTION.sub(r'<code class="option">\1</code>', html)
+    """A page of the site: no line ends inside a short piece of code, such as behind the hyphens of an
+    option, and what is to be smoothed on a phone is marked."""
+    html = SHORT.sub(r'<code class="short">\1</code>', html)
     return PICTURE.sub(lambda match: f'<img class="large" {match[1]}' if int(match[2]) > PHONE else match[0],
                        html)
 
