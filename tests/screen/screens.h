@@ -52,6 +52,12 @@ inline CanvasPtr drawn(kit_screen* screen) {
 
 inline std::string described(kit_screen* screen) { return kit_screen_describe(screen); }
 
+/// What the screen of this root finds wrong with itself.
+inline std::string reported(const std::string& root,
+                            const std::string& head = "\"size\": [200, 100], ") {
+    return kit_screen_report(opened(scene(root, head)).get());
+}
+
 /// What kit_screen_set() says; empty when it does it.
 inline std::string set(kit_screen* screen, const char* name, const char* json) {
     char why[400] = "";
