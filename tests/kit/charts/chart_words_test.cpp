@@ -7,21 +7,16 @@
 #include <string>
 #include <vector>
 
-#include "orvel_kit.h"
+#include "kit/charts/charts.h"
 #include "support/picture.h"
 
 namespace {
 
 using orvel_test::CanvasPtr;
+using orvel_test::dark;
 using orvel_test::make_canvas;
 
 const std::vector<double> kValues = {1, 3, 2, 4, 3, 2};
-
-orvel_theme dark() {
-    orvel_theme theme;
-    orvel_theme_default(&theme);
-    return theme;
-}
 
 /// That of what is said beside the values.
 orvel_color quiet() { return kit_mix(dark().text, dark().surface, 40); }
