@@ -125,6 +125,10 @@ static void end_report(input* in, kit_screen* screen, long long now) {
                                     .button = in->pressed ? in->button : 0,
                                     .modifiers = in->held};
     if (in->pressed || in->moved) kit_screen_send(screen, &event, now);
+    if (in->finger && in->pressed == KIT_EVENT_RELEASE) { /* which then is nowhere */
+        const kit_screen_event leave = {.kind = KIT_EVENT_LEAVE};
+        kit_screen_send(screen, &leave, now);
+    }
     in->pressed = in->moved = 0;
 }
 
@@ -144,6 +148,7 @@ static void take(input* in, kit_screen* screen, int file, const struct input_eve
         if (in->pressed) end_report(in, screen, now); /* of another button */
         in->pressed = e->value ? KIT_EVENT_PRESS : KIT_EVENT_RELEASE;
         in->button = button;
+        in->finger = e->code == BTN_TOUCH;
     } else if (e->type == EV_KEY && e->code < BTN_MISC) {
         press_key(in, screen, e->code, e->value, now);
     }

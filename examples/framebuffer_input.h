@@ -20,6 +20,7 @@ typedef struct input {
     int others, moved; /* Alt Gr; since the last report */
     int pressed;       /* KIT_EVENT_PRESS or _RELEASE of this report; 0: neither */
     int button;        /* which one that is of */
+    int finger;        /* whether that is of a touch screen */
     int done;          /* Ctrl and Q: the program is to end */
 } input;
 

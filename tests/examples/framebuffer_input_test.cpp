@@ -75,6 +75,16 @@ TEST_F(FramebufferInput, TwoButtonsOfOneReportAreTwo) {
     EXPECT_EQ(pressed(), "a");
 }
 
+TEST_F(FramebufferInput, AFingerThatLetsGoPressesAndIsNowhere) {
+    report(EV_KEY, BTN_TOUCH, 1);
+    end();
+    EXPECT_NE(std::string(kit_screen_describe(screen)).find("hover"), std::string::npos);
+    report(EV_KEY, BTN_TOUCH, 0);
+    end();
+    EXPECT_EQ(pressed(), "a");
+    EXPECT_EQ(std::string(kit_screen_describe(screen)).find("hover"), std::string::npos);
+}
+
 TEST_F(FramebufferInput, AMoveAlongBothAxesIsOne) {
     report(EV_REL, REL_X, 60);
     report(EV_REL, REL_Y, 10);
