@@ -77,7 +77,7 @@ protected:
     /// What @p host returned in a process of its own.
     std::string in_a_host(const std::function<std::string()>& host) const {
         const int status = in_child([&] {
-            alarm(60);
+            alarm(240);
             dup2(open("/dev/null", O_WRONLY | O_CLOEXEC), STDERR_FILENO);
             const std::string text = host();
             write_file(folder / "results", text);
@@ -285,7 +285,7 @@ TEST_F(DescriptorsTest, WhatAHostWithoutStandardErrorPrintsDoesNotLandInTheFileT
     ASSERT_EQ(pipe(go) + pipe(printed), 0);
     const pid_t host = fork();
     if (host == 0) {
-        alarm(60);
+        alarm(240);
         close(STDERR_FILENO);
         const auto canvas = make_canvas(300, 300);
         std::thread printer([&go, &printed] {

@@ -56,7 +56,7 @@ public:
 private:
     [[noreturn]] static void hold(const std::string& path, int access, int lease, int milliseconds,
                                   int ready) {
-        alarm(60);
+        alarm(240);
         signal(SIGIO, [](int) { s_asked = 1; });
         sigset_t io, before;
         sigemptyset(&io);
@@ -131,7 +131,7 @@ TEST_F(LeasesTest, APictureIsSavedOverAFileThatSomebodyReads) {
 
 TEST_F(LeasesTest, AToneIsWrittenOverAToneThatSomebodyReads) {
     const int status = in_child([] {
-        alarm(60);
+        alarm(240);
         const TempFolder programs;  // none
         if (!cover("/usr/bin", programs.path())) return 77;
         const std::string tone = "/tmp/orvelsdk_tone.wav";
