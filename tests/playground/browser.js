@@ -125,3 +125,24 @@ export async function type(page, which, text) {
     await page.keyboard.press("Control+a");
     await page.keyboard.insertText(text);
 }
+
+/** A scene of 60 by 30 pixels that shows the value "word". */
+export const SMALL =
+    '{"orvel": 1, "size": [60, 30], "root": {"column": [\n  {"text": "${word}", "id": "w"}]}}';
+
+/** Has the page save a file; returns its bytes. */
+export async function download(page, name) {
+    await page.click("#save");
+    const [file] = await Promise.all([
+        page.waitForEvent("download"),
+        page.click(`[data-save="${name}"]`),
+    ]);
+    return readFileSync(await file.path());
+}
+
+/** Goes to programs, and writes one. */
+export async function toProgram(page, code) {
+    await page.locator(".switch").getByText("JavaScript").click();
+    await drawn(page, () => page.selectOption("#example", "animation.js"));
+    await type(page, "code", code);
+}
