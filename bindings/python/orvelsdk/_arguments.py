@@ -8,13 +8,22 @@ from __future__ import annotations
 import operator
 import os
 import re
-from typing import Any, Iterable, NamedTuple, Sequence, Tuple, Union
+from typing import Any, Iterable, Mapping, NamedTuple, Sequence, Tuple, Union
 
 _LOWEST, _HIGHEST = -(2**31), 2**31 - 1
 _SURROGATES = re.compile("[\ud800-\udfff]")
 
 Text = Union[str, bytes]
 Path = Union[str, bytes, "os.PathLike[str]", "os.PathLike[bytes]"]
+
+
+def one_of(name: str, table: Mapping[str, int], what: str) -> int:
+    """What a name of the table stands for."""
+    if not isinstance(name, str):
+        raise TypeError(f"the {what} is a name, not {type(name).__name__}")
+    if name not in table:
+        raise ValueError(f"there is no {what} {name!r}; there are {', '.join(table)}")
+    return table[name]
 
 
 class Box(NamedTuple):

@@ -11,7 +11,8 @@ import struct
 from typing import Any, Iterable, Iterator, Optional, Sequence, Tuple
 
 from . import _api, _formats, _png
-from ._arguments import Box, BoxLike, Path, Text, box as box_of, path as path_of, whole, words
+from ._arguments import (Box, BoxLike, Path, Text, box as box_of, one_of, path as path_of, whole,
+                         words)
 from ._colors import Color, ColorLike, Theme, ThemeLike, _color, _record
 from ._errors import Error, OutOfMemory
 from ._faces import FaceLike, handle_of
@@ -22,12 +23,6 @@ from ._widgets import Chart, SeriesLike, Widget
 
 _ALIGNS = {"left": _api.KIT_LEFT, "center": _api.KIT_CENTRE, "centre": _api.KIT_CENTRE,
            "right": _api.KIT_RIGHT}
-
-
-def _align(name: str) -> int:
-    if name not in _ALIGNS:
-        raise ValueError(f"there is no alignment {name!r}; there are left, center, right")
-    return int(_ALIGNS[name])
 
 
 class Canvas(Owner):
@@ -164,14 +159,16 @@ class Canvas(Owner):
                  align: str = "left", color: ColorLike = "text") -> bool:
         """One line in a box, with an ellipsis where it is too wide. Returns whether it was cut."""
         return int(_api.kit_text_box(self._handle, handle_of(face), words(text),
-                                     _api.kit_box(*box_of(box)), _align(align),
+                                     _api.kit_box(*box_of(box)),
+                                     one_of(align, _ALIGNS, "alignment"),
                                      self._to(color))) == 1
 
     def text_wrap(self, text: Text, box: BoxLike, face: Optional[FaceLike] = None,
                   align: str = "left", color: ColorLike = "text") -> int:
         """A paragraph in a box, from its top. Returns the lines that all of it takes."""
         return int(_api.kit_text_wrap(self._handle, handle_of(face), words(text),
-                                      _api.kit_box(*box_of(box)), _align(align), self._to(color)))
+                                      _api.kit_box(*box_of(box)),
+                                      one_of(align, _ALIGNS, "alignment"), self._to(color)))
 
     def signs(self, text: Text, x: int, y: int, color: ColorLike = "text") -> None:
         """The library's own 5 x 7 signs, which cannot be read; (x, y) is the top left corner."""

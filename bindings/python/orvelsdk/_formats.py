@@ -6,7 +6,7 @@ import ctypes
 from typing import Any, Optional, Sequence
 
 from . import _api
-from ._arguments import Box, whole, within
+from ._arguments import Box, one_of, whole, within
 from ._colors import Color, ColorLike, _record
 from ._errors import Error, OutOfMemory
 
@@ -21,21 +21,13 @@ DITHERS = {"none": _api.KIT_DITHER_NONE, "ordered": _api.KIT_DITHER_ORDERED,
 _WITH_PALETTE = ("index8", "index4", "plane")
 
 
-def _named(name: str, table: Any, what: str) -> int:
-    if not isinstance(name, str):
-        raise TypeError(f"{what} is a name, not {type(name).__name__}")
-    if name not in table:
-        raise ValueError(f"there is no {what} {name!r}; there are {', '.join(table)}")
-    return int(table[name])
-
-
 def format_of(name: str, *, dither: str = "none", turns: int = 0,
               palette: Optional[Sequence[ColorLike]] = None, plane: int = 0,
               keep_alpha: bool = True) -> Any:
     """The record for kit_pixels()."""
     record = _api.kit_format()
-    record.layout = _named(name, FORMATS, "format")
-    record.dither = _named(dither, DITHERS, "dither")
+    record.layout = one_of(name, FORMATS, "format")
+    record.dither = one_of(dither, DITHERS, "dither")
     record.turns = within(whole(turns, "the turns") % 4, 0, 3, "the turns")
     record.keep_alpha = 1 if keep_alpha else 0
     if name in _WITH_PALETTE:

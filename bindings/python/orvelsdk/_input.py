@@ -7,7 +7,7 @@ import time
 from typing import Any, Dict, Iterable, NamedTuple, Optional, Union
 
 from . import _api
-from ._arguments import whole, words
+from ._arguments import one_of, whole, words
 
 EVENTS: Dict[str, int] = {
     name[len("KIT_EVENT_"):].lower(): getattr(_api, name)
@@ -30,27 +30,20 @@ class Change(NamedTuple):
     value: Any
 
 
-def one_of(table: Dict[str, int], name: Any, what: str) -> int:
-    """The number of a name."""
-    if name not in table:
-        raise ValueError(f"{what} is one of {', '.join(table)}, not {name!r}")
-    return table[name]
-
-
 def key_of(key: Union[str, int]) -> int:
     """A key by its name, "enter" or "f5", by its character, or by its number."""
     if not isinstance(key, str):
         return whole(key, "a key")
     if key == "space":
         return ord(" ")
-    return ord(key) if len(key) == 1 else one_of(KEYS, key, "a key")
+    return ord(key) if len(key) == 1 else one_of(key, KEYS, "key")
 
 
 def modifiers_of(names: Iterable[str]) -> int:
     """Several modifiers in one number."""
     if isinstance(names, str):
         raise TypeError("modifiers are several names, not one text")
-    return sum(one_of(MODIFIERS, name, "a modifier") for name in set(names))
+    return sum(one_of(name, MODIFIERS, "modifier") for name in set(names))
 
 
 def moment(now: Optional[int]) -> int:
@@ -66,7 +59,7 @@ def moment(now: Optional[int]) -> int:
 
 def event_of(kind: str, x: int, y: int, fields: Dict[str, Any]) -> Any:
     """The record of an event."""
-    event = _api.kit_screen_event(kind=one_of(EVENTS, kind, "an event"), x=whole(x), y=whole(y))
+    event = _api.kit_screen_event(kind=one_of(kind, EVENTS, "event"), x=whole(x), y=whole(y))
     event.key = key_of(fields["key"])
     event.modifiers = modifiers_of(fields["modifiers"])
     event.text = words(fields["text"], "the text")

@@ -3,10 +3,10 @@
 from __future__ import annotations
 
 import ctypes
-from typing import Any, Dict, Iterable, Iterator, List, NamedTuple, Optional, Sequence, Tuple, Union
+from typing import Any, Iterable, Iterator, List, NamedTuple, Optional, Sequence, Tuple, Union
 
 from . import _api
-from ._arguments import Box, Text, box as box_of, real, reals, whole, within, words
+from ._arguments import Box, Text, box as box_of, one_of, real, reals, whole, within, words
 from ._colors import ColorLike, Theme, _record
 from ._errors import Error
 from ._faces import FaceLike, handle_of
@@ -20,14 +20,6 @@ CHARTS = {name: getattr(_api, f"KIT_CHART_{name.upper()}")
 _STATES = {"hover": _api.KIT_HOVER, "active": _api.KIT_ACTIVE, "focus": _api.KIT_FOCUS,
            "disabled": _api.KIT_DISABLED}
 _MOST_SERIES = 32
-
-
-def _kind(name: str, kinds: Dict[str, int], what: str) -> int:
-    if not isinstance(name, str):
-        raise TypeError(f"the kind of a {what} is its name, not {type(name).__name__}")
-    if name not in kinds:
-        raise ValueError(f"there is no {what} {name!r}; there are {', '.join(sorted(kinds))}")
-    return kinds[name]
 
 
 def _joined(text: Union[Text, Sequence[str], None], what: str) -> Optional[bytes]:
@@ -94,7 +86,7 @@ class Widget:
         """The record, and what it borrows."""
         self.text, self.data = _lasting(self.text), _lasting(self.data)
         record = _api.kit_widget()
-        record.kind = _kind(self.kind, KINDS, "widget")
+        record.kind = one_of(self.kind, KINDS, "widget")
         record.box = _api.kit_box(*box_of(self.box))
         record.text = _joined(self.text, "a widget's text")
         record.hint = _joined(self.hint, "a hint")
@@ -180,7 +172,7 @@ class Chart:
             raise ValueError(f"a chart has {_MOST_SERIES} series at the most, not {len(rows)}")
         array: Any = (_api.kit_series * max(len(rows), 1))(*rows)
         record = _api.kit_chart()
-        record.kind = _kind(self.kind, CHARTS, "chart")
+        record.kind = one_of(self.kind, CHARTS, "chart")
         record.box = _api.kit_box(*box_of(self.box))
         record.series, record.count = array, len(rows)
         record.low, record.high = real(self.low, "a range"), real(self.high, "a range")

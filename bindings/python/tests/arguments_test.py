@@ -131,8 +131,8 @@ def test_boxes_are_four_numbers():
 def test_alignments_are_names():
     for align in ("left", "center", "centre", "right"):
         canvas().text_box("a", (0, 0, 9, 9), align=align)
-    for bad in ("middle", None, 1):
-        with pytest.raises(ValueError):
+    for bad, error in (("middle", ValueError), (None, TypeError), (1, TypeError)):
+        with pytest.raises(error):
             canvas().text_box("a", (0, 0, 9, 9), align=bad)
 
 
