@@ -4,7 +4,7 @@ import { api, Canvas, setLog } from "orvelsdk";
 import { canLive, openLive, sendLive } from "./live.js";
 import { pictureOf } from "./pictures.js";
 import { play } from "./play.js";
-import { drawScene, keepFiles } from "./scenes.js";
+import { drawScene, keepFiles, reportScene } from "./scenes.js";
 import { colorsOf, iconSamples, widgetSamples } from "./samples.js";
 
 setLog(() => {});
@@ -38,6 +38,7 @@ const answers = {
         }
     ),
     scene: drawScene,
+    report: reportScene,
     live: openLive,
     send: sendLive,
     icons: ({ theme }) => iconSamples(theme),

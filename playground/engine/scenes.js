@@ -36,15 +36,15 @@ export function openScreen({ scene, data, theme }, used = new Set()) {
     return screen;
 }
 
-/** What there is to know of a screen that is drawn. */
-export function toldOf(screen, { panel, dither }) {
-    const format = panelFormat(panel, dither);
-    return {
-        describe: api.kit_screen_describe(screen) ?? "",
-        report:
-            (format ? api.kit_screen_report_on(screen, format) : api.kit_screen_report(screen)) ??
-            "",
-    };
+/** What a careful look finds wrong with a scene, a line each. */
+export function reportScene(wish) {
+    const screen = openScreen(wish);
+    try {
+        const format = panelFormat(wish.panel, wish.dither) ?? null;
+        return (api.kit_screen_report_on(screen, format) ?? "").split("\n").filter(Boolean);
+    } finally {
+        api.kit_screen_close(screen);
+    }
 }
 
 /** A canvas as large as a screen. */
@@ -67,7 +67,7 @@ export function drawScene(wish) {
         }
         return {
             ...pictureOf(canvas, wish.panel, wish.dither),
-            ...toldOf(screen, wish),
+            describe: api.kit_screen_describe(screen) ?? "",
             pictures: [...used].map((name) => ({ name, ...pictureOf(canvases.get(name).handle) })),
         };
     } finally {

@@ -32,6 +32,7 @@ export function makeDrawing({ engine, texts, choices, live, seen, told }) {
     let pictures = []; // what there is to see: { name, width, height, rgba, describe }
     let ofProgram = []; // the same, before a panel shows it
     let programOf = lacking("nothing is drawn yet"); // of a picture, in C
+    let hasFailed = false;
     let turn = 0;
     let timer = 0;
     const frame = () => Math.min(Number(byId("frame").value), pictures.length - 1);
@@ -43,6 +44,7 @@ export function makeDrawing({ engine, texts, choices, live, seen, told }) {
     }
 
     function failed(problem, others, place) {
+        hasFailed = true;
         texts.mark([problem, ...others]);
         say("error", problem.line ? `${place} ${problem.line}: ${problem.text}` : problem.text);
     }
@@ -64,14 +66,23 @@ export function makeDrawing({ engine, texts, choices, live, seen, told }) {
                 problem.text += " (empty data.json to see the scene's own sample)";
             return failed(problem, [], `${problem.which} line`);
         }
-        const lines = drawn[0].report.split("\n").filter(Boolean);
-        texts.mark(lines.map((line) => problemOf(line, "warning")));
+        if (hasFailed) texts.mark([]);
+        hasFailed = false;
         programOf = (picture) => ({
             text: sceneProgram({ ...picture.wish, pictures: picture.pictures }),
         });
-        const count = `${lines.length} ${lines.length === 1 ? "note" : "notes"}`;
-        shown(drawn, lines.length > 0 ? count : "");
-        if (byId("live").checked) await live.open(sceneWish(frames[frame()]));
+        shown(drawn);
+        const going = [report(now, drawn[0].wish)]; // for as long as a picture takes
+        if (byId("live").checked) going.push(live.open(sceneWish(frames[frame()])));
+        await Promise.all(going);
+    }
+
+    async function report(now, wish) {
+        const lines = await engine.ask("report", wish);
+        if (now !== turn) return;
+        texts.mark(lines.map((line) => problemOf(line, "warning")));
+        const count = `, ${lines.length} ${lines.length === 1 ? "note" : "notes"}`;
+        sayDrawn(lines.length > 0 ? count : "");
     }
 
     async function drawProgram(now) {
@@ -87,9 +98,7 @@ export function makeDrawing({ engine, texts, choices, live, seen, told }) {
         }
         texts.mark(said);
         programOf = () => done.program;
-        if (done.pictures.length === 0) {
-            return say("warning", NO_PICTURE);
-        }
+        if (done.pictures.length === 0) return say("warning", NO_PICTURE);
         ofProgram = done.pictures;
         await asPanel(now);
     }
@@ -97,24 +106,32 @@ export function makeDrawing({ engine, texts, choices, live, seen, told }) {
     /** The pictures of a program as the chosen panel shows them. */
     async function asPanel(now) {
         const { panel, dither } = choices.wish();
-        if (panel === "") return shown(ofProgram, "");
+        if (panel === "") return shownAll(ofProgram);
         const drawn = [];
         for (const picture of ofProgram) {
             const wish = { picture, panel, dither };
             drawn.push({ name: picture.name, ...(await engine.ask("panel", wish)) });
             if (now !== turn) return;
         }
-        shown(drawn, "");
+        shownAll(drawn);
     }
 
-    function shown(drawn, note) {
+    function shownAll(drawn) {
+        sayDrawn("", drawn);
+        shown(drawn);
+    }
+
+    function sayDrawn(note, drawn = pictures) {
+        const { width, height } = drawn[0];
+        const what = drawn.length > 1 ? `${drawn.length} pictures of` : "Drawn,";
+        say(note ? "warning" : "good", `${what} ${width} × ${height}${note}.`);
+    }
+
+    function shown(drawn) {
         pictures = drawn;
         byId("frames").hidden = drawn.length < 2;
         byId("frame").max = drawn.length - 1;
         byId("frame").value = frame();
-        const { width, height } = drawn[0];
-        const what = drawn.length > 1 ? `${drawn.length} pictures of` : "Drawn,";
-        say(note ? "warning" : "good", `${what} ${width} × ${height}${note ? `, ${note}` : ""}.`);
         showFrame();
         const page = document.documentElement.dataset;
         page.drawn = String(Number(page.drawn ?? 0) + 1);
