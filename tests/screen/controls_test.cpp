@@ -326,6 +326,15 @@ TEST(ControlsTest, TabsAndMenusTakeTheItemThatIsPressed) {
     EXPECT_EQ(none.changes(), "");
 }
 
+TEST(ControlsTest, OfTabsWithoutSelectedTheFirstIsChosen) {
+    const Used used(scene(R"({"row": [{"tabs": ["A", "B"], "id": "it", "width": 60}]})",
+                          R"("size": [60, 50], )"));
+    used.click(15, 25);
+    EXPECT_EQ(used.changes(), "");
+    used.click(45, 25);
+    EXPECT_EQ(used.changes(), "value #it=1\n");
+}
+
 TEST(ControlsTest, ADropdownWithoutItemsIsPressed) {
     const Used used(one(R"("dropdown": "Eco", "sound": "tick")", "{}"));
     used.click(5, 15);
