@@ -16,10 +16,19 @@ def escaped(text):
 
 
 def paragraphs(text):
-    """A comment: its paragraphs, and its lists without their levels."""
-    lines, listed = [], False
+    """A comment: its paragraphs, its lists without their levels, and indented lines as they are."""
+    lines, listed, literal = [], False, False
     for line in text.splitlines():
         item = re.match(r" *- (.*)", line)
+        as_it_is = not listed and not item and line.startswith("    ")
+        if as_it_is and not literal and lines and lines[-1] == ".Pp":
+            lines.pop()  # the display makes room itself
+        if as_it_is != literal:
+            lines.append(".Bd -literal -offset indent" if as_it_is else ".Ed")
+            literal = as_it_is
+        if as_it_is:
+            lines.append(escaped(line[4:]))
+            continue
         if item and not listed:
             lines.append(".Bl -bullet")
         elif listed and not item and not line.startswith(" "):
@@ -31,7 +40,7 @@ def paragraphs(text):
             lines.append(escaped(line.strip()))
         else:
             lines.append(".Pp")
-    return lines + ([".El"] if listed else [])
+    return lines + ([".El"] if listed else []) + ([".Ed"] if literal else [])
 
 
 def head(library, name, about):

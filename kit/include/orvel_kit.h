@@ -204,9 +204,10 @@ typedef struct kit_format {
 ORVEL_API size_t kit_pixels_stride(const kit_format* format, int width);
 
 /**
- * Writes the pixels of @p box to @p to, turned, from the top row down, each row starting @p stride
- * bytes after the one before; a stride of 0 is kit_pixels_stride(). The unused bits of a row's last
- * byte are 0; bytes between the rows are left alone. Nothing is written unless all of it fits.
+ * Writes the pixels of @p box to memory, as the format says. Rows come from the top of the turned
+ * picture, each starting @p stride bytes after the one before; a stride of 0 is what
+ * kit_pixels_stride() says. The unused bits of a row's last byte are 0; bytes between the rows are
+ * left alone. Nothing is written unless all of it fits.
  *
  * A format is invalid when its layout or dither is none of kit_layout or kit_dither and, with a
  * layout that needs them, when the palette is null, the number of colours is out of range, or there

@@ -322,10 +322,10 @@ ORVEL_API int kit_screen_pointer(const kit_screen* screen);
 /* ---- What is there ---- */
 
 /**
- * Describes the screen in one line for each node that shows, in the order in which they are drawn,
- * each below its parent and indented by two spaces more: ROLE, then those of "NAME", =VALUE, states
- * and #ID that the node has, and last its box, X,Y WxH. The same screen gives the same lines,
- * everywhere and in every version with the same first number.
+ * Describes the screen in words. There is one line for each node that shows, in the order in which
+ * they are drawn, each below its parent and indented by two spaces more: ROLE, then those of
+ * "NAME", =VALUE, states and #ID that the node has, and last its box, X,Y WxH. The same screen
+ * gives the same lines, everywhere and in every version with the same first number.
  *
  *     row 0,0 800x44
  *       icon "home" 20,8 28x28

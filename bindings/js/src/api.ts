@@ -2733,9 +2733,10 @@ export function kit_pixels_stride(format: Given<kit_format> | null, width: numbe
 }
 
 /**
- * Writes the pixels of `box` to `to`, turned, from the top row down, each row starting `stride`
- * bytes after the one before; a stride of 0 is kit_pixels_stride(). The unused bits of a row's last
- * byte are 0; bytes between the rows are left alone. Nothing is written unless all of it fits.
+ * Writes the pixels of `box` to memory, as the format says. Rows come from the top of the turned
+ * picture, each starting `stride` bytes after the one before; a stride of 0 is what
+ * kit_pixels_stride() says. The unused bits of a row's last byte are 0; bytes between the rows are
+ * left alone. Nothing is written unless all of it fits.
  *
  * A format is invalid when its layout or dither is none of kit_layout or kit_dither and, with a
  * layout that needs them, when the palette is null, the number of colours is out of range, or there
@@ -4101,10 +4102,10 @@ export function kit_screen_pointer(screen: kit_screen | null): number {
 }
 
 /**
- * Describes the screen in one line for each node that shows, in the order in which they are drawn,
- * each below its parent and indented by two spaces more: ROLE, then those of "NAME", =VALUE, states
- * and #ID that the node has, and last its box, X,Y WxH. The same screen gives the same lines,
- * everywhere and in every version with the same first number.
+ * Describes the screen in words. There is one line for each node that shows, in the order in which
+ * they are drawn, each below its parent and indented by two spaces more: ROLE, then those of
+ * "NAME", =VALUE, states and #ID that the node has, and last its box, X,Y WxH. The same screen
+ * gives the same lines, everywhere and in every version with the same first number.
  *
  *     row 0,0 800x44
  *       icon "home" 20,8 28x28

@@ -800,9 +800,10 @@ kit_pixels_stride = _function(
 kit_pixels = _function(
     _OrvelKit, "kit_pixels", c_int, [POINTER(orvel_canvas), POINTER(kit_box), POINTER(kit_format),
                                      c_void_p, c_size_t, c_size_t],
-    """Writes the pixels of `box` to `to`, turned, from the top row down, each row starting `stride`
-bytes after the one before; a stride of 0 is kit_pixels_stride(). The unused bits of a row's last
-byte are 0; bytes between the rows are left alone. Nothing is written unless all of it fits.
+    """Writes the pixels of `box` to memory, as the format says. Rows come from the top of the turned
+picture, each starting `stride` bytes after the one before; a stride of 0 is what
+kit_pixels_stride() says. The unused bits of a row's last byte are 0; bytes between the rows are
+left alone. Nothing is written unless all of it fits.
 
 A format is invalid when its layout or dither is none of kit_layout or kit_dither and, with a
 layout that needs them, when the palette is null, the number of colours is out of range, or there
@@ -1233,10 +1234,10 @@ kit_screen_pointer = _function(
     """Returns: the kit_pointer to show where the pointer is; the arrow for null.""")
 kit_screen_describe = _function(
     _OrvelScreen, "kit_screen_describe", c_char_p, [POINTER(kit_screen)],
-    """Describes the screen in one line for each node that shows, in the order in which they are drawn,
-each below its parent and indented by two spaces more: ROLE, then those of "NAME", =VALUE, states
-and #ID that the node has, and last its box, X,Y WxH. The same screen gives the same lines,
-everywhere and in every version with the same first number.
+    """Describes the screen in words. There is one line for each node that shows, in the order in which
+they are drawn, each below its parent and indented by two spaces more: ROLE, then those of
+"NAME", =VALUE, states and #ID that the node has, and last its box, X,Y WxH. The same screen
+gives the same lines, everywhere and in every version with the same first number.
 
     row 0,0 800x44
       icon "home" 20,8 28x28
