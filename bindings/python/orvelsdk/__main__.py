@@ -117,7 +117,7 @@ def _settle(wishes: argparse.Namespace) -> None:
     if wishes.format is None:
         wishes.format = os.path.splitext(wishes.output)[1][1:] or "png"
     if wishes.format not in _FORMATS:
-        raise Failure(f"{wishes.output}: not .png, .bmp, .ppm, .pbm or .raw; --format tells")
+        raise Failure(f"{wishes.output}: not .png, .bmp, .ppm, .pbm or .raw; --format says which")
     if wishes.format == "pbm" and wishes.panel is None:
         wishes.panel = "mono"
     if wishes.format == "pbm" and wishes.panel != "mono":
