@@ -13,16 +13,15 @@ namespace {
 
 /// Refuses what would be painted for minutes: many nodes as large as a large screen.
 void limit_painting(const Sources& sources, const Nodes& nodes) {
-    constexpr std::int64_t kMostPixels = std::int64_t{1} << 30;
+    constexpr std::int64_t kMillion = 1 << 20, kMostMillions = 1024;
     std::int64_t pixels = 0;
     for (const Node& node : nodes) {
         if (paints(node)) pixels += std::int64_t{node.visible.w} * node.visible.h;
     }
-    if (pixels <= kMostPixels) return;
-    const std::string millions = std::to_string(pixels >> 20);
-    throw Refused{sources.first().file + ": found nodes that cover " + millions +
-                  " million pixels together, " + std::to_string(kMostPixels >> 20) +
-                  " are the most"};
+    if (pixels <= kMostMillions * kMillion) return;
+    throw Refused{sources.first().file + ": found nodes that cover " +
+                  std::to_string(pixels / kMillion) + " million pixels together, " +
+                  std::to_string(kMostMillions) + " are the most"};
 }
 
 bool is_there(const Nodes& nodes, Tag tag) {

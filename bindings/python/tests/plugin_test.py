@@ -112,6 +112,6 @@ def test_the_report_is_written_where_its_program_is_on_the_path(run_tests, tmp_p
     page = open(report, encoding="utf-8").read()
     assert "<h1>2 of 2 pictures not as expected</h1>" in page
     assert "<h2>dot</h2>" in page and "<h2>deep/screen-1</h2>" in page
-    assert page.count("2 of 200 pixels differ") == 1 and "unexpected: there, but not" in page
+    assert page.count("2 of 200 pixels differ") == 1 and "unexpected</span> there, but not expected" in page
     assert "The report" not in run_tests("--orvel-approve", dot="7, 4", path=BUILD)[1]
     assert "The report" not in run_tests(dot="7, 4", path=BUILD)[1]
