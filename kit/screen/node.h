@@ -132,8 +132,8 @@ struct Node {
     int chosen_item() const;
     /// Whether people use it, where it is not disabled.
     bool is_control() const { return (kind->keys & kControl) != 0; }
-    /// Slider, stepper, rating: a control whose value is a number of a range.
-    bool has_number() const { return is_control() && (kind->keys & kRange) != 0; }
+    /// Of a control, whether its value is a number of a range: slider, stepper, rating.
+    bool has_number() const { return (kind->keys & kRange) != 0; }
     /// Whether input has an effect on it.
     bool is_usable() const;
     /// The direction of its children; below 0 where they lie on each other.
