@@ -94,7 +94,7 @@ class Report(unittest.TestCase):
     def test_what_became_of_a_picture_is_told_once(self):
         self.open()
         self.assertEqual(self.ask("[...document.querySelectorAll('.picture > p:first-of-type')].map("
-                                  "p => p.innerText.trim()).slice(2)"),
+                                  "p => p.textContent).slice(2)"),
                          ["+ unexpected there, but not expected", "− missing expected, but not there"])
 
     def test_places_of_one_name_are_no_landmarks(self):
