@@ -317,6 +317,8 @@ TEST(ControlsTest, TabsAndMenusTakeTheItemThatIsPressed) {
         used.key(KIT_KEY_HOME);
         EXPECT_EQ(used.changes(), "value #it a=0\n");
         used.key(KIT_KEY_DOWN);
+        used.key(KIT_KEY_UP);
+        used.key(KIT_KEY_RIGHT, KIT_MOD_CONTROL);
         EXPECT_EQ(used.changes(), "");
     }
     const Used none(one(R"("tabs": [], "selected": "${a}")", R"({"a": -1})"));

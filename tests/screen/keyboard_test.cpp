@@ -262,6 +262,17 @@ TEST(KeyboardTest, ArrowsAndPagesGoThroughListItemsAndScrollThem) {
     EXPECT_EQ(used.box("row[0]"), (kit_box{0, 0, 100, 20}));
 }
 
+TEST(KeyboardTest, OtherKeysStayOnAListItem) {
+    const Used used(kRows);
+    used.focus("row[1]");
+    used.key(KIT_KEY_LEFT);
+    used.key(KIT_KEY_RIGHT);
+    used.key(KIT_KEY_DOWN, KIT_MOD_CONTROL);
+    used.key(KIT_KEY_END, KIT_MOD_SHIFT);
+    EXPECT_EQ(used.focused(), " row[1]");
+    EXPECT_EQ(used.changes(), "");
+}
+
 TEST(KeyboardTest, APageOfWhatDoesNotScrollIsTenRows) {
     const Used used(scene(R"({"column": [{"each": "rows", "list_item": "A", "id": "row"}]})",
                           R"("sample": {"rows": [1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12]}, )"));

@@ -133,6 +133,27 @@ TEST(ListsTest, KeysChooseWithoutOpening) {
     EXPECT_EQ(used.changes(), "");  // still "cxe"
 }
 
+TEST(ListsTest, OtherKeysChooseNothing) {
+    const Used used(kModes);
+    used.focus("mode");
+    used.key(KIT_KEY_UP);
+    EXPECT_EQ(used.changes(), "value #mode mode=0\n");
+    used.key(KIT_KEY_DOWN, KIT_MOD_CONTROL);
+    used.key(KIT_KEY_RIGHT, KIT_MOD_SHIFT);
+    used.key(KIT_KEY_PAGE_DOWN);
+    EXPECT_EQ(used.changes(), "");
+    EXPECT_EQ(used.popped(), "");
+}
+
+TEST(ListsTest, ADropdownWithoutItemsLeavesTheArrowsAlone) {
+    const Used used(scene(R"({"dropdown": "Choose", "id": "mode"})", R"("size": [90, 24], )"));
+    used.focus("mode");
+    used.key(KIT_KEY_DOWN);
+    used.key(KIT_KEY_DOWN, KIT_MOD_ALT);
+    EXPECT_EQ(used.changes(), "");
+    EXPECT_EQ(used.popped(), "");
+}
+
 TEST(ListsTest, LettersGoThroughTheList) {
     Used used(kModes);
     used.focus("mode");
