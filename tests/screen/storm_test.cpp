@@ -6,50 +6,13 @@
 #include "canvas/canvas.h"
 #include "live.h"
 #include "random_screens.h"
+#include "stormy.h"
 #include "support/cases.h"
 #include "support/random.h"
 
 namespace {
 
 using namespace orvel_test;
-
-const std::string kEverything = scene(
-    R"({"row": [
-      {"column": [
-        {"button": "Go", "id": "go", "key": "ctrl+g", "tip": "Goes", "sound": "click"},
-        {"toggle": "${on}", "tip": "On?"}, {"checkbox": "Off", "on": "${on}", "key": "o"},
-        {"row": [{"radio": "A", "selected": "${mode}", "value": "a"},
-                 {"radio": "B", "selected": "${mode}", "value": "b", "if": "on"}]},
-        {"slider": "${n}", "range": [0, 9, 0.5], "key": "f2"},
-        {"stepper": "${n}", "range": [0, 9, 0.5]}, {"rating": "${n}", "range": [0, 9]},
-        {"dropdown": "None", "items": "${rooms}", "selected": "${room}", "disabled": "${off}"},
-        {"dropdown": "${mode}", "items": ["a", "b", "c", "d", "e", "f", "g", "h"]},
-        {"textbox": "${words}", "hint": "Words"}, {"slider": 0.5, "id": "unbound"}],
-       "width": 110, "pad": 2, "gap": 2},
-      {"column": [{"tabs": ["One", "Two"], "selected": "${tab}", "height": 24},
-        {"stack": [
-          {"column": [{"each": "rooms", "as": "r", "id": "room", "list_item": "${r}", "tip": "${r}",
-                       "selected": "${mode}", "value": "${r}"},
-                      {"text": "One two three four five six seven eight nine ten eleven",
-                       "wrap": true, "height": 30, "tip": "A paragraph"}], "scroll": true},
-          {"panel": {"column": [{"menu": ["A", "B", "C"], "selected": "${tab}"},
-            {"row": [{"each": "rooms", "button": "${item}", "id": "b"}], "scroll": 5}]}}],
-         "show": "${tab}", "grow": 1}], "grow": 1}]})",
-    R"("size": [220, 230], "sample": {"on": true, "off": false, "mode": "a", "n": 4, "room": 0,
-       "rooms": ["Hall", "Bath", "Attic", "Cellar", "Garden", "Garage", "Hut", "Shed", "Barn"],
-       "tab": 0, "words": "Words"}, )");
-
-const std::string kFields = scene(
-    R"({"column": [
-      {"textbox": "${words}", "hint": "Words"},
-      {"search": "${words}", "limit": 6, "width": 70},
-      {"textbox": "${words}", "secret": "${on}", "id": "secret", "key": "f2", "tip": "Secret"},
-      {"textbox": "Nobody's", "id": "unbound", "face": "bold 14"},
-      {"row": [{"textbox": "${short}", "width": 40}, {"textbox": "${words}", "width": 15},
-               {"button": "Go", "id": "go"}]},
-      {"toggle": "${on}"}, {"textbox": "${words}", "id": "room", "disabled": "${on}"}]})",
-    R"("size": [120, 190], "sample": {"on": true, "short": "one two",
-       "words": "Words that don't fit, e\u0301 and \ud83c\udde9\ud83c\uddea"}, )");
 
 kit_screen_event random_event(Random& random, const kit_screen* screen) {
     constexpr int kKeys[] = {KIT_KEY_ENTER,
@@ -114,27 +77,8 @@ std::string written(const kit_screen_event& event) {
     return text + ' ' + event.text;
 }
 
-int count_of(const std::string& all, const std::string& part) {
-    int count = 0;
-    for (std::size_t at = all.find(part); at != std::string::npos; at = all.find(part, at + 1)) {
-        ++count;
-    }
-    return count;
-}
-
-/// At most one of each, and nobody without a reason.
 void expect_consistent(kit_screen* screen) {
-    const std::string all = described(screen);
-    const bool open = count_of(all, " open ") > 0;
-    EXPECT_LE(count_of(all, " hover "), 1) << all;
-    EXPECT_LE(count_of(all, " pressed "), 1) << all;
-    EXPECT_LE(count_of(all, " open "), 1) << all;
-    EXPECT_LE(count_of(all, " focus "), open ? 2 : 1) << all;
-    EXPECT_EQ(count_of(all, "\ncolumn"), open ? 1 : 0) << all;
-    EXPECT_LE(count_of(all, "\ntooltip"), open ? 0 : 1) << all;
-    EXPECT_EQ(count_of(all, "disabled hover"), 0) << all;
-    EXPECT_EQ(count_of(all, "disabled pressed"), 0) << all;
-    EXPECT_EQ(count_of(all, "disabled focus"), 0) << all;
+    EXPECT_EQ(inconsistency(described(screen)), "");
     EXPECT_GE(kit_screen_wait(screen, 0), -1);
 }
 
