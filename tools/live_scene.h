@@ -3,7 +3,7 @@
 
 #include <functional>
 
-#include "scene.h"
+#include "scene_canvas.h"
 #include "session.h"
 
 namespace orvel_tools {

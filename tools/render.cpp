@@ -176,7 +176,7 @@ bool play(const Wishes& wishes, const Scene& scene, std::string& error) {
         std::string file = wishes.output;
         return write(wishes, canvas, file.replace(file.find("{}"), 2, name), why);
     };
-    const orvel_tools::Replayed replayed = orvel_tools::replay(scene, wishes.events, take);
+    const orvel_tools::Replayed replayed = orvel_tools::replay(scene.open(), wishes.events, take);
     error = replayed.error;
     if (!error.empty() || wishes.changes.empty()) return error.empty();
     return orvel_tools::write_bytes(wishes.changes, replayed.changes, error);

@@ -16,11 +16,11 @@ bool draw(LiveScene& live, const std::string& name, const TakePicture& take, std
 
 }  // namespace
 
-Replayed replay(const Scene& scene, const std::string& file, const TakePicture& take) {
+Replayed replay(kit_screen* screen, const std::string& file, const TakePicture& take) {
     Replayed result;
     const auto session = read_session(file, result.error);
     if (!session) return result;
-    LiveScene live(scene.open(), [&result](const kit_change& change, long long at) {
+    LiveScene live(screen, [&result](const kit_change& change, long long at) {
         result.changes += change_line(change, at);
     });
     std::set<std::string> taken;

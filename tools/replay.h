@@ -4,8 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "scene.h"
-#include "session.h"
+#include "orvel_screen.h"
 
 namespace orvel_tools {
 
@@ -19,7 +18,7 @@ struct Replayed {
 using TakePicture =
     std::function<bool(const std::string& name, const orvel_canvas* canvas, std::string& error)>;
 
-/// Plays the session @p file on the screen of @p scene.
-Replayed replay(const Scene& scene, const std::string& file, const TakePicture& take);
+/// Plays the session @p file on the screen, which is borrowed.
+Replayed replay(kit_screen* screen, const std::string& file, const TakePicture& take);
 
 }  // namespace orvel_tools

@@ -21,9 +21,6 @@ struct SceneWishes {
     int width = 0, height = 0;        // 0: the scene's own
 };
 
-/// A canvas of the screen's size; null, and why, when it is too large.
-CanvasPtr canvas_for(const kit_screen* screen, std::string& error);
-
 /// A scene that is open, and the files that it was made of.
 class Scene {
 public:

@@ -8,16 +8,9 @@
 #include <vector>
 
 #include "orvel_screen.h"
+#include "scene_canvas.h"
 
 namespace orvel_tools {
-
-struct DestroyCanvas {
-    void operator()(orvel_canvas* canvas) const { orvel_canvas_destroy(canvas); }
-};
-using CanvasPtr = std::unique_ptr<orvel_canvas, DestroyCanvas>;
-
-/// The most pixels of a scene, and of a picture in one.
-constexpr long long kMostScenePixels = 16LL << 20;
 
 /// The canvas of a picture file; null, and why, when there is none.
 CanvasPtr canvas_from(const std::string& path, std::string& error);

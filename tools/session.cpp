@@ -1,6 +1,7 @@
 #include "session.h"
 
 #include <algorithm>
+#include <cstring>
 #include <nlohmann/json.hpp>
 #include <set>
 #include <sstream>
@@ -151,8 +152,34 @@ const Word* word_of(const Json& line) {
     return found;
 }
 
+/// The values of an object as they are written, but for blanks around and in them: what a number
+/// tells by its zeros would be lost with it. The text is known to be an object.
+std::vector<std::string> values_of(const std::string& object) {
+    std::vector<std::string> values;
+    bool is_text = false, is_value = false;
+    int depth = 0;
+    for (std::size_t i = 0; i < object.size(); ++i) {
+        const char letter = object[i];
+        const std::size_t length = is_text && letter == '\\' ? 2 : 1;
+        if (letter == '"') is_text = !is_text;
+        if (!is_text && (letter == '}' || letter == ']')) --depth;
+        if (!is_text && (depth == 0 || (depth == 1 && letter == ','))) is_value = false;
+        if (is_value && (is_text || !std::strchr(" \t\r", letter))) {
+            values.back().append(object, i, length);
+        }
+        i += length - 1;
+        if (is_text) continue;
+        if (letter == '{' || letter == '[') ++depth;
+        if (depth == 1 && letter == ':') {
+            is_value = true;
+            values.emplace_back();
+        }
+    }
+    return values;
+}
+
 /// One line; data that are set together become events of their own.
-void read_line(const Json& line, Session& session, int number) {
+void read_line(const Json& line, const std::string& text, Session& session, int number) {
     if (!line.is_object()) throw Refused{"expected an object"};
     const Word* const word = word_of(line);
     for (const auto& [name, value] : line.items()) {
@@ -172,10 +199,13 @@ void read_line(const Json& line, Session& session, int number) {
         for (const auto& [name, value] : line.items()) read_more(name, value, event);
     }
     if (event.kind != SessionEvent::kSet) return session.push_back(event);
+    const auto place = static_cast<std::size_t>(std::distance(line.begin(), line.find("set")));
+    const std::vector<std::string> values = values_of(values_of(text)[place]);
+    auto json = values.begin();
     for (const auto& [name, value] : line["set"].items()) {
         if (name.find('\0') != std::string::npos) throw Refused{"\"set\": a name with a zero"};
         event.text = name;
-        event.json = value.dump();
+        event.json = *json++;
         session.push_back(event);
     }
 }
@@ -200,7 +230,7 @@ private:
 void read_line_of_text(const std::string& line, Session& session, int number) {
     Strictness strictness;
     try {
-        read_line(Json::parse(line, std::ref(strictness)), session, number);
+        read_line(Json::parse(line, std::ref(strictness)), line, session, number);
     } catch (const nlohmann::detail::parse_error& error) {
         throw Refused{"no JSON from column " + std::to_string(error.byte)};
     } catch (const nlohmann::detail::exception&) {
