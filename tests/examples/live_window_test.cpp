@@ -148,6 +148,35 @@ TEST_F(LiveWindow, AnswersThePointer) {
     expect_shown("a change of theme");
 }
 
+TEST_F(LiveWindow, AnswersKeysAndTheWheel) {
+    const auto type = [this](const char* name, int key, unsigned modifiers) {
+        display.key(name);
+        kit_screen_event event = {};
+        event.kind = KIT_EVENT_KEY;
+        event.key = key;
+        event.modifiers = modifiers;
+        send(event);
+    };
+    move(100, 149);
+    display.wheel(true);
+    kit_screen_event wheel = {};
+    wheel.kind = KIT_EVENT_WHEEL;
+    wheel.x = 100;
+    wheel.y = 149;
+    wheel.dy = -120;
+    send(wheel);
+    expect_shown("a turn of the wheel");
+    type("Tab", KIT_KEY_TAB, 0);
+    type("Tab", KIT_KEY_TAB, 0);
+    expect_shown("two tabs");
+    type("Down", KIT_KEY_DOWN, 0);
+    type("Page_Down", KIT_KEY_PAGE_DOWN, 0);
+    expect_shown("other keys");
+    type("shift+Tab", KIT_KEY_TAB, KIT_MOD_SHIFT);
+    type("space", ' ', 0);
+    expect_shown("a tab backwards, and a press");
+}
+
 TEST_F(LiveWindow, DoesTheHostsOwnPart) {
     click("water");
     EXPECT_STREQ(kit_screen_get(model.get(), "tank"), "70");
@@ -173,11 +202,6 @@ TEST_F(LiveWindow, EndsWhenItIsClosed) {
     EXPECT_EQ(read_file(folder / "program.error"), "");
 }
 
-TEST_F(LiveWindow, EndsAfterSoManyPictures) {
-    const Finished done = run({"timeout", "30", kProgram, "--frames", "10", OWN_SCENE});
-    EXPECT_EQ(done.status, 0) << done.error;
-}
-
 TEST(LiveWindowProgram, SaysInOneLineThatThereIsNoDisplay) {
     setenv("LSAN_OPTIONS", "detect_leaks=0", 1);
     setenv("SDL_VIDEODRIVER", "x11", 1);
@@ -192,17 +216,6 @@ TEST(LiveWindowProgram, SaysWhyThereIsNoScene) {
     const Finished done = run({kProgram, "/nonexistent/scene.json"});
     EXPECT_EQ(done.status, 1);
     EXPECT_EQ(done.error, "live_window: /nonexistent/scene.json: the file cannot be read\n");
-}
-
-TEST(LiveWindowProgram, SaysWhatItsArgumentsAre) {
-    const std::vector<std::vector<std::string>> wrong = {
-        {"--loud"}, {"--frames"}, {"a.json", "b.json"}, {"--frames", "-1"}};
-    for (std::vector<std::string> arguments : wrong) {
-        arguments.insert(arguments.begin(), kProgram);
-        const Finished done = run(arguments);
-        EXPECT_EQ(done.status, 2);
-        EXPECT_EQ(done.error, "usage: live_window [--frames N] [SCENE]\n");
-    }
 }
 
 }  // namespace
