@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "live_scene.h"
+#include "scene.h"
 #include "view/sounds.h"
 #include "view/window.h"
 
