@@ -105,6 +105,7 @@ def environment(tree, tools):
         "PIPEWIRE_REMOTE": "nonexistent",
         "SDL_VIDEODRIVER": "dummy",
         "LC_ALL": "C.UTF-8",
+        "CMAKE_BUILD_PARALLEL_LEVEL": str(os.cpu_count()),
     }
 
 

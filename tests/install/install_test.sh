@@ -79,6 +79,8 @@ build_copy() {  # FOLDER CMAKE_BUILD_OPTION...
         esac
     done
     {
+        # Compiled anew each time, since the bytes are compared.
+        export CCACHE_DISABLE=1
         cmake -S "$folder" -B "$folder/build" -DCMAKE_DISABLE_FIND_PACKAGE_CLI11=ON \
             -DCMAKE_DISABLE_FIND_PACKAGE_nlohmann_json=ON \
             -DCMAKE_DISABLE_FIND_PACKAGE_PNG=ON -DCMAKE_DISABLE_FIND_PACKAGE_GTest=ON &&
