@@ -33,6 +33,10 @@ inline std::uint32_t word_of(orvel_color color) {
     return word;
 }
 
+inline void store(orvel_color* pixel, std::uint32_t word) {
+    std::memcpy(pixel, &word, sizeof word);
+}
+
 /// Stores @p word in @p count pixels from @p first on, with the widest stores that the processor
 /// has: wmemset picks them at run time. It pays for its call from some 24 pixels on, and for runs
 /// of ever other lengths, since it avoids the branch misprediction at the end of a loop.

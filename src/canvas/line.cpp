@@ -7,7 +7,6 @@
 // of them.
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
 #include <utility>
 
 #include "canvas/canvas.h"
@@ -83,8 +82,6 @@ Part clipped(const orvel_canvas& canvas, const Axis& major, const Axis& minor) {
             static_cast<uint64_t>(steps.count() - 1),
             static_cast<int64_t>(first * m + half - aside * M - M)};
 }
-
-void store(orvel_color* pixel, uint32_t word) { std::memcpy(pixel, &word, sizeof word); }
 
 /// Draws verticals and diagonals, which have one stride.
 void draw_straight(const Part& part, int64_t stride, uint32_t word) {

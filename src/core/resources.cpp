@@ -1,9 +1,32 @@
 #include <cstdlib>
+#include <utility>
 
 #include "core/files.h"
 #include "core/state.h"
 
 namespace orvel {
+namespace {
+
+/// The first path with an extension that @p opens; the one without where none does, or where the
+/// name has a dot.
+template <typename Opens>
+std::string candidate(const std::string& folder, const std::string& name, const Opens& opens) {
+    // The order is the only tie-break between files of one name, and every folder is probed with
+    // all.
+    constexpr const char* exts[] = {".wav", ".mp3", ".bmp", ".json", ".m4a", ".aiff", ".png"};
+
+    std::string path = resource_path() + "/" + folder + "/" + name;
+    if (name.find('.') != std::string::npos) return path;
+    const std::size_t base = path.size();
+    for (const char* extension : exts) {
+        path += extension;
+        if (opens(path)) return path;
+        path.resize(base);
+    }
+    return path;
+}
+
+}  // namespace
 
 std::string resource_path() {
     // Deliberate: the host's root is the Resources folder itself, the environment names its parent.
@@ -14,18 +37,18 @@ std::string resource_path() {
     return base + "/Resources";
 }
 
-std::string resolve_resource(const std::string& folder, const std::string& name) {
-    // The order is the only tie-break between files of one name, and every folder is probed with
-    // all.
-    constexpr const char* exts[] = {".wav", ".mp3", ".bmp", ".json", ".m4a", ".aiff", ".png"};
+File open_resource(const std::string& folder, const std::string& name) {
+    File file;
+    const std::string path = candidate(folder, name, [&file](const std::string& tried) {
+        file = open_for_reading(tried.c_str());
+        return file != nullptr;
+    });
+    return file ? std::move(file) : open_for_reading(path.c_str());
+}
 
-    const std::string base = resource_path() + "/" + folder + "/" + name;
-    if (name.find('.') != std::string::npos) return base;
-    for (const char* extension : exts) {
-        std::string candidate = base + extension;
-        if (opens_for_reading(candidate.c_str())) return candidate;
-    }
-    return base;
+std::string resolve_resource(const std::string& folder, const std::string& name) {
+    return candidate(folder, name,
+                     [](const std::string& path) { return opens_for_reading(path.c_str()); });
 }
 
 }  // namespace orvel

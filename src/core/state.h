@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "core/files.h"
 #include "orvel.h"
 
 namespace orvel {
@@ -23,5 +24,9 @@ ORVEL_API std::string resource_path();
 /// The path of the resource @p name in @p folder. A name with a dot is joined and not looked for.
 /// Any other gets the first extension under which a file opens, or none when there is no such file.
 ORVEL_API std::string resolve_resource(const std::string& folder, const std::string& name);
+
+/// Opens what resolve_resource() names for binary reading, or returns null. What is found is opened
+/// once, not a second time by its path.
+File open_resource(const std::string& folder, const std::string& name);
 
 }  // namespace orvel

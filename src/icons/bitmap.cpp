@@ -79,15 +79,31 @@ void draw_row_24(const unsigned char* from, orvel_color* to, int64_t count) {
     for (; i < count; ++i, from += 3) to[i] = {from[2], from[1], from[0], 255};
 }
 
-/// Blue, green, red, alpha; where alpha is 0 the canvas stays as it is. Without a branch, so that
-/// compilers draw four at once.
-void draw_row_32(const unsigned char* from, orvel_color* to, int64_t count) {
+/// Whether no pixel of a row has alpha 0.
+bool is_all_seen(const unsigned char* from, int64_t count) {
+    uint32_t unseen = 0;
+    for (int64_t i = 0; i < count; ++i) unseen |= from[4 * i + 3] == 0;
+    return unseen == 0;
+}
+
+/// Blue, green, red, alpha; where alpha is 0 the canvas stays as it is, and is read. Without a
+/// branch, so that compilers draw four at once.
+void draw_row_with_holes(const unsigned char* from, orvel_color* to, int64_t count) {
     for (int64_t i = 0; i < count; ++i, from += 4) {
         uint32_t pixel;
         std::memcpy(&pixel, from, sizeof pixel);
         const bool is_seen = (pixel & word_of({0, 0, 0, 255})) != 0;
-        pixel = is_seen ? exchanged(pixel) : word_of(to[i]);
-        std::memcpy(to + i, &pixel, sizeof pixel);
+        store(to + i, is_seen ? exchanged(pixel) : word_of(to[i]));
+    }
+}
+
+/// The same. The canvas, which may be in no cache, is only waited for where it has to be.
+void draw_row_32(const unsigned char* from, orvel_color* to, int64_t count) {
+    if (!is_all_seen(from, count)) return draw_row_with_holes(from, to, count);
+    for (int64_t i = 0; i < count; ++i, from += 4) {
+        uint32_t pixel;
+        std::memcpy(&pixel, from, sizeof pixel);
+        store(to + i, exchanged(pixel));
     }
 }
 
@@ -148,7 +164,7 @@ using namespace orvel;
 
 int orvel_icon_draw_bitmap(orvel_canvas* canvas, const char* name, int x, int y) {
     if (!canvas || !name) return -1;
-    const File file = open_for_reading(resolve_resource("Icons", name).c_str());
+    const File file = open_resource("Icons", name);
     if (!file) return -1;
     std::setvbuf(file.get(), nullptr, _IONBF, 0);  // each read is a block of its own
     unsigned char bytes[Header::kBytes];

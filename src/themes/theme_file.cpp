@@ -86,7 +86,7 @@ using namespace orvel;
 
 int orvel_theme_load(orvel_theme* theme, const char* name) {
     if (!theme || !name) return -1;
-    File file = open_for_reading(resolve_resource("UI", name).c_str());
+    File file = open_resource("UI", name);
     if (!file) return -1;
     const std::string text = read_all(file.get());
     file.reset();

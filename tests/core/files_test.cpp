@@ -11,6 +11,7 @@
 #include <thread>
 
 #include "orvel.h"
+#include "support/bitmap_files.h"
 #include "support/child.h"
 #include "support/files.h"
 #include "support/picture.h"
@@ -37,16 +38,22 @@ protected:
         return machine().opened_as;
     }
 
-    /// Plays a track that is always found under a lease; how often it was tried.
-    std::ptrdiff_t tries_to_play(const char* name) const {
-        always(Call::open, Way::leased);
+    /// How often @p body lets the library open something.
+    template <typename Body>
+    std::ptrdiff_t openings(const Body& body) const {
         begin_run({});
-        captured([name] {
+        captured([&body] {
             const Armed armed;
-            EXPECT_EQ(orvel_play_music(name), -1);
+            body();
         });
         const std::vector<Call> made = calls_of_run();
         return std::count(made.begin(), made.end(), Call::open);
+    }
+
+    /// Plays a track that is always found under a lease; how often it was tried.
+    std::ptrdiff_t tries_to_play(const char* name) const {
+        always(Call::open, Way::leased);
+        return openings([name] { EXPECT_EQ(orvel_play_music(name), -1); });
     }
 
     const TempFolder folder;
@@ -97,6 +104,18 @@ TEST_F(FilesTest, AStreamThatTheHostOpensWhileItIsHeldStaysTheHosts) {
         return open_descriptors() == before + 1 ? 0 : 3;
     });
     EXPECT_EQ(status, 0);
+}
+
+TEST_F(FilesTest, APictureIsOpenedOnceUnderEachNameThatIsTried) {
+    write_file(folder / "Icons/two.bmp", BmpHeader{2, 2}.bytes() + kTwoByTwo);
+    const auto drawn = [this](const char* name, int result) {
+        return openings(
+            [&] { EXPECT_EQ(orvel_icon_draw_bitmap(canvas.get(), name, 0, 0), result); });
+    };
+    EXPECT_EQ(drawn("two.bmp", 0), 1);
+    EXPECT_EQ(drawn("two", 0), 3);       // .wav, .mp3, .bmp
+    EXPECT_EQ(drawn("missing", -1), 8);  // seven extensions, and none
+    EXPECT_EQ(drawn("missing.bmp", -1), 1);
 }
 
 TEST_F(FilesTest, AStreamThatWasHeldIsTheHostsAfterwardsAlsoForAFolder) {
