@@ -53,15 +53,14 @@ Palette palette_of(const Picture& picture) {
 Bytes Palette::indices(const Picture& picture) const {
     Table table;
     for (int i = 0; i < size; ++i) table.place(colors[std::size_t(i)]) = i + 1;
-    Bytes numbers;
-    numbers.reserve(picture.pixels.size());
+    Bytes numbers(picture.pixels.size());
     std::optional<std::uint32_t> last;
-    for (const orvel_color& pixel : picture.pixels) {
-        const std::uint32_t number = number_of(pixel);
-        const bool known = number == last;
+    unsigned char index = 0;
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        const std::uint32_t number = number_of(picture.pixels[i]);
+        if (number != last) index = static_cast<unsigned char>(table.place(picture.pixels[i]) - 1);
         last = number;
-        numbers.push_back(known ? numbers.back()
-                                : static_cast<unsigned char>(table.place(pixel) - 1));
+        numbers[i] = index;
     }
     return numbers;
 }

@@ -88,6 +88,11 @@ bool SceneFolder::add_theme(const std::string& path, std::string& error) {
     return theme != nullptr;
 }
 
+bool SceneFolder::lacks_pictures() const {
+    return std::any_of(pictures_.begin(), pictures_.end(),
+                       [](const auto& picture) { return picture.second == nullptr; });
+}
+
 std::string SceneFolder::explained(const std::string& reason) const {
     for (const auto& [name, why] : refused_) {
         const bool about_it = reason.find('"' + name + '"') != std::string::npos;

@@ -34,6 +34,9 @@ public:
     /// The files that were asked for, also those that are not there.
     const std::vector<std::string>& files() const { return files_; }
 
+    /// Whether a picture was asked for that is not there.
+    bool lacks_pictures() const;
+
     /// @p reason, and behind it why there is nothing of a name in it.
     std::string explained(const std::string& reason) const;
 

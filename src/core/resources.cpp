@@ -15,15 +15,13 @@ std::string candidate(const std::string& folder, const std::string& name, const 
     // all.
     constexpr const char* exts[] = {".wav", ".mp3", ".bmp", ".json", ".m4a", ".aiff", ".png"};
 
-    std::string path = resource_path() + "/" + folder + "/" + name;
-    if (name.find('.') != std::string::npos) return path;
-    const std::size_t base = path.size();
+    const std::string base = resource_path() + "/" + folder + "/" + name;
+    if (name.find('.') != std::string::npos) return base;
     for (const char* extension : exts) {
-        path += extension;
+        std::string path = base + extension;
         if (opens(path)) return path;
-        path.resize(base);
     }
-    return path;
+    return base;
 }
 
 }  // namespace
