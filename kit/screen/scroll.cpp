@@ -121,6 +121,7 @@ int grab_of(const Node& node, int place) {
 }
 
 void drag_bar(Live& live, const Node& node, int place, int grab) {
+    if (node.beyond == 0) return;  // the data have changed since the bar was pressed
     const Thumb thumb = along(node);
     const long long free = thumb.track - thumb.length;
     if (free < 1) return;

@@ -270,6 +270,22 @@ TEST(ScrollingTest, ABarGoesWhileItIsHeldWithWhatItScrolls) {
     used.release(95, 10);
 }
 
+TEST(ScrollingTest, ABarThatIsHeldStaysWhereAllFitsNow) {
+    const Used used(
+        scene(R"({"column": [{"each": "l", "rect": "accent", "height": 60}], "scroll": true})",
+              R"("size": [100, 100], "sample": {"l": [1, 2, 3]}, )"));
+    used.move(50, 50);
+    used.press(97, 5);
+    for (const char* fewer : {"[]", "[1]"}) {
+        set(used.screen.get(), "l", fewer);
+        used.move(97, 90);
+        used.move(97, 20);
+    }
+    set(used.screen.get(), "l", "[1, 2]");
+    used.move(97, 100);
+    EXPECT_NE(described(used.screen.get()).find("rect 0,-20 100x60"), std::string::npos);
+}
+
 TEST(ScrollingTest, ABarShorterThanItsMovingPartIsNotDragged) {
     const Used used(scene(R"({"column": [{"rect": "accent", "height": 50, "id": "in"}],
                               "scroll": true})",
