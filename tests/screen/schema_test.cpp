@@ -8,6 +8,7 @@
 #include "screen/look.h"
 #include "screen/values.h"
 #include "support/files.h"
+#include "support/golden.h"
 
 namespace {
 
@@ -216,9 +217,7 @@ Json scene_schema() {
 
 TEST(SchemaTest, TheDeliveredSchemaIsThatOfTheReadersTables) {
     const std::string schema = scene_schema().dump(1, ' ') + "\n";
-    const char* const update = std::getenv("ORVEL_UPDATE_GOLDEN");
-    const std::string wanted = update ? update : "";
-    if (wanted == "1" || wanted == "schema") orvel_test::write_file(kFile, schema);
+    if (orvel_test::is_renewed("schema", "schema")) orvel_test::write_file(kFile, schema);
     EXPECT_TRUE(orvel_test::read_file(kFile) == schema)
         << kFile
         << " is not what kit/screen/kinds.cpp says; ORVEL_UPDATE_GOLDEN=schema writes it anew";

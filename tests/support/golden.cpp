@@ -122,14 +122,13 @@ void leave_images(const std::string& file, const std::string& name, const orvel_
     orvel_canvas_save_bmp(difference.get(), (folder + base + ".difference.bmp").c_str());
 }
 
-/// ORVEL_UPDATE_GOLDEN=1 renews all, otherwise it names a file or a section.
-bool updating(const std::string& file, const std::string& name) {
+}  // namespace
+
+bool is_renewed(const std::string& file, const std::string& name) {
     const char* const value = std::getenv("ORVEL_UPDATE_GOLDEN");
     const std::string which = value ? value : "";
     return which == "1" || (!which.empty() && (which == name || which == file));
 }
-
-}  // namespace
 
 void expect_golden_text(const std::string& file, const std::string& name, const std::string& text) {
     if (is_replay()) {
@@ -137,7 +136,7 @@ void expect_golden_text(const std::string& file, const std::string& name, const 
         return;
     }
     GoldenFile golden(file);
-    if (updating(file, name)) return golden.set(name, text);
+    if (is_renewed(file, name)) return golden.set(name, text);
     const std::string* expected = golden.find(name);
     ASSERT_NE(expected, nullptr) << file << " has no section " << name;
     EXPECT_EQ(text, *expected) << file << ", " << name << ": " << first_difference(text, *expected);
@@ -150,7 +149,7 @@ void expect_golden(const std::string& file, const std::string& name, const orvel
         << file << ", " << name << ": a colour without a letter\n"
         << actual;
     GoldenFile golden(file);
-    if (updating(file, name)) return golden.set(name, actual);
+    if (is_renewed(file, name)) return golden.set(name, actual);
     const std::string* expected = golden.find(name);
     ASSERT_NE(expected, nullptr) << file << " has no section " << name;
     if (actual == *expected) return;

@@ -7,11 +7,14 @@
 
 namespace orvel_test {
 
+/// Whether @p name of the file or folder @p file of tests/golden is written instead of compared:
+/// ORVEL_UPDATE_GOLDEN is 1, for all, or one of the two.
+bool is_renewed(const std::string& file, const std::string& name);
+
 /// Fails unless the canvas, as a picture, equals the section @p name of the file tests/golden/@p
 /// file. On failure it names the first differing pixel, shows both pictures and leaves actual,
-/// expected and difference images in the build folder's golden-failures. With
-/// ORVEL_UPDATE_GOLDEN=1, or its own name or its file's there, the section is written instead, and
-/// must then be read like code.
+/// expected and difference images in the build folder's golden-failures. A section that is renewed
+/// must be read like code.
 void expect_golden(const std::string& file, const std::string& name, const orvel_canvas* canvas,
                    const Palette& palette);
 

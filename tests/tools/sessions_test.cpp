@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <set>
 
@@ -45,7 +44,7 @@ void play(const Recorded& recorded) {
     }
     const Finished done = orvel_test::run(command);
     EXPECT_EQ(done.status, 0) << done.error;
-    if (std::getenv("ORVEL_UPDATE_GOLDEN")) {
+    if (orvel_test::is_renewed("sessions", recorded.session)) {
         orvel_test::write_file(words, done.output);
         orvel_test::run({kCompare, "--approve", golden, folder.path()});
     }

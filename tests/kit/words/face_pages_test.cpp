@@ -1,11 +1,11 @@
 // A page with all letters of each face, as a picture that anybody can open: tests/golden/faces.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <string>
 
 #include "face_pages.h"
 #include "orvel_kit.h"
+#include "support/golden.h"
 #include "tools/png.h"
 
 namespace {
@@ -21,7 +21,7 @@ TEST_P(FacePagesTest, IsThePicture) {
     const CanvasPtr page = face_page(*kit_face_named(GetParam().c_str()));
     const orvel_tools::Picture drawn = orvel_tools::picture_of(page.get());
     std::string error;
-    if (std::getenv("ORVEL_UPDATE_GOLDEN")) {
+    if (is_renewed("faces", GetParam())) {
         ASSERT_TRUE(orvel_tools::write_png(drawn, path, error)) << error;
     }
     const orvel_tools::Picture kept = read_png(path);
