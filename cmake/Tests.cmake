@@ -7,6 +7,9 @@
 #   no-memcheck   cannot pass, or end, in a process that valgrind watches
 set(test_labels slow realtime pixels threads no-emulation no-memcheck)
 
+option(ORVEL_TEST_WHOLE_PROGRAMS
+       "Let ctest start each test program once, not each of its cases: for where a start is slow" OFF)
+
 # orvel_test(NAME                  # NAME_test.cpp in the current folder becomes the program NAME_test
 #            [IF condition]        # what it needs; without that it is left out, and that is said
 #            [LABELS label...]     # of all its cases
@@ -67,6 +70,15 @@ endfunction()
 
 function(orvel_discover name filter)
     orvel_properties(properties ${ARGN})
+    if(ORVEL_TEST_WHOLE_PROGRAMS)
+        string(JOIN "." case ${name} ${ARGN})
+        if(filter)
+            set(filter "--gtest_filter=${filter}")
+        endif()
+        add_test(NAME ${case} COMMAND ${name} --gtest_brief=1 ${filter})
+        set_tests_properties(${case} PROPERTIES ${properties} TIMEOUT 1200)
+        return()
+    endif()
     gtest_discover_tests(${name} TEST_FILTER "${filter}" DISCOVERY_TIMEOUT 60
                          PROPERTIES ${properties})
 endfunction()
