@@ -92,7 +92,7 @@ function(orvel_properties result)
     endforeach()
     set(properties TIMEOUT 300)
     if("slow" IN_LIST ARGN)
-        set(properties TIMEOUT 1200)
+        set(properties TIMEOUT 1200 COST 100)  # first, so that none is left alone at the end
     endif()
     if("realtime" IN_LIST ARGN)
         list(APPEND properties RUN_SERIAL TRUE)

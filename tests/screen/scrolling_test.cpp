@@ -234,6 +234,26 @@ TEST(ScrollingTest, OnlyAParagraphThatShowsAndHasRoomIsScrolled) {
     EXPECT_FALSE(scrolls(words_in(R"(, "lines": 2)")));
 }
 
+TEST(ScrollingTest, AParagraphIsScrolledWhereItGetsLessThanItsWordsNeedWhateverTookIt) {
+    const auto scrolls = [](const std::string& height, const std::string& row) {
+        const Used used(scene(
+            R"({"column": [{"row": [{"text": "One two three four five six seven eight",
+                "wrap": true, "width": 60)" +
+                height + R"(}])" + row + R"(}]})",
+            R"("size": [100, 100], )"));
+        const std::uint64_t before = checksum(drawn(used.screen.get()).get());
+        used.wheel(30, 15, -120);
+        used.leave();
+        return checksum(drawn(used.screen.get()).get()) != before;
+    };
+    EXPECT_FALSE(scrolls("", ""));
+    EXPECT_TRUE(scrolls(R"(, "height": 30)", ""));
+    EXPECT_FALSE(scrolls(R"(, "height": 90)", ""));
+    EXPECT_TRUE(scrolls(R"(, "max": [null, 30])", ""));
+    EXPECT_FALSE(scrolls(R"(, "max": [null, 90])", ""));
+    EXPECT_TRUE(scrolls("", R"(, "height": 30)"));
+}
+
 TEST(ScrollingTest, OfAParagraphWhoseWordsLieBesideASmallCanvasNothingIsDrawn) {
     const Used used(scene(R"({"column": [{"rect": "accent", "height": 50}, )" +
                               words_in(R"(, "pad": 10, "ground": "surface")") +

@@ -104,6 +104,17 @@ TEST(ToneSamplesTest, BoundariesInTheFadesAreDecidedRightly) {
     }
 }
 
+TEST(ToneSamplesTest, TheFirstSampleBehindTheFadeInMayBeTheLast) {
+    constexpr double kStep = 0x1p-9;
+    for (const int count : {441, 442, 443}) {
+        const std::vector<int> found = tone(kStep, count);
+        for (int i = 0; i < count; ++i) {
+            ASSERT_EQ(found[static_cast<std::size_t>(i)], sample_of(std::sin(i * kStep), i, count))
+                << "sample " << i << " of " << count;
+        }
+    }
+}
+
 TEST(ToneSamplesTest, APhaseThatIsNotFiniteIsSilence) {
     constexpr double kInfinity = std::numeric_limits<double>::infinity();
     for (const double step : {std::nan(""), kInfinity}) {

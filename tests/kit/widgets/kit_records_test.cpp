@@ -88,6 +88,33 @@ TEST_F(KitRecordsTest, OffTheCanvasAMissingNameIsToldOfImagesWhoseOwnSizeCounts)
     EXPECT_TRUE(untouched());
 }
 
+TEST_F(KitRecordsTest, BeyondAnEdgeNothingIsDrawnAndOnTheLastPixelSomething) {
+    for (const kit_box& beyond :
+         {kit_box{100, 20, 9, 9}, {-9, 20, 9, 9}, {20, 60, 9, 9}, {20, -9, 9, 9}}) {
+        EXPECT_EQ(draw({.kind = ORVEL_WIDGET_PANEL, .box = beyond}), 0);
+        EXPECT_TRUE(untouched()) << beyond.x << ' ' << beyond.y;
+    }
+    for (const kit_box& last :
+         {kit_box{99, 20, 9, 9}, {-8, 20, 9, 9}, {20, 59, 9, 9}, {20, -8, 9, 9}}) {
+        EXPECT_EQ(draw({.kind = ORVEL_WIDGET_PANEL, .box = last}), 0);
+        EXPECT_FALSE(untouched()) << last.x << ' ' << last.y;
+        orvel_canvas_clear(canvas_.get(), orvel_color{0, 0, 0, 255});
+    }
+}
+
+TEST_F(KitRecordsTest, ARatingLowerThan16PixelsHasTheSizeOfTheLibrarysOwn) {
+    const auto size = [](int height) {
+        const kit_widget rating = {.kind = ORVEL_WIDGET_RATING, .box = {0, 0, 0, height}};
+        int w = 0, h = 0;
+        EXPECT_EQ(kit_size(&rating, &w, &h), 0);
+        return std::pair{w, h};
+    };
+    EXPECT_EQ(size(1), (std::pair{50, 1}));
+    EXPECT_EQ(size(15), (std::pair{50, 15}));
+    EXPECT_EQ(size(16), (std::pair{68, 16}));  // five stars of 10, four gaps of 3, and 6
+    EXPECT_EQ(size(17), (std::pair{73, 17}));
+}
+
 TEST_F(KitRecordsTest, NegativeSidesWantWhatNoneWant) {
     for (kit_widget widget : usual_widgets()) {
         int w = 0, h = 0, width = 0, height = 0;
@@ -312,6 +339,24 @@ TEST_F(KitRecordsTest, TheRingOfAButtonShowsOnTheAccent) {
     widget.state = KIT_FOCUS;
     draw(widget);
     EXPECT_NE(checksum(canvas_.get()), plain);
+}
+
+TEST_F(KitRecordsTest, OfASelectionOutOfSightNothingShows) {
+    const std::string words(40, 'x');
+    kit_widget widget = {
+        .kind = ORVEL_WIDGET_TEXTBOX, .box = {10, 10, 60, 24}, .text = words.c_str()};
+    widget.state = KIT_FOCUS;
+    widget.caret = widget.anchor = 20;
+    const int before = kit_text_width(nullptr, std::string(20, 'x').c_str());
+    widget.scroll = 1 + before;  // the caret is at the left end of what shows
+    draw(widget);
+    const auto unchosen = checksum(canvas_.get());
+    widget.anchor = 0;
+    draw(widget);
+    EXPECT_EQ(checksum(canvas_.get()), unchosen);
+    widget.anchor = 40;
+    draw(widget);
+    EXPECT_NE(checksum(canvas_.get()), unchosen);
 }
 
 TEST_F(KitRecordsTest, DisabledWidgetsShowNeitherHoverNorFocus) {
