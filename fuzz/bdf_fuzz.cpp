@@ -13,9 +13,37 @@ namespace {
 
 using fuzz::require;
 
-/// Where letters of a face of @p size bytes lie, and whether their bits are what was read.
+/// Whether the strokes of a letter are in the ink of its face, and in the letter.
+void check_strokes(const kit::OwnedFace& face, const kit::ReadGlyph& glyph) {
+    std::size_t at = glyph.offset;
+    for (const std::size_t numbers : {2, 3, 4}) {  // pixels, runs, other boxes
+        require(at < face.ink_memory.size(), "strokes outside their memory");
+        const std::size_t end = at + 1 + numbers * face.ink_memory[at];
+        require(end <= face.ink_memory.size(), "strokes outside their memory");
+        for (++at; at < end; at += numbers) {
+            const unsigned char* const stroke = face.ink_memory.data() + at;
+            const int w = numbers > 2 ? stroke[2] : 1, h = numbers > 3 ? stroke[3] : 1;
+            require(w > 0 && h > 0, "a stroke without pixels");
+            require(stroke[0] + w <= glyph.width && stroke[1] + h <= glyph.height,
+                    "a stroke outside its letter");
+        }
+    }
+}
+
+/// Whether the rows of a letter are in the ink of its face, and their bits in the letter.
+void check_rows(const kit::OwnedFace& face, const kit::ReadGlyph& glyph) {
+    const std::size_t stride = (std::size_t(glyph.width) + 7) / 8;
+    const std::size_t end = glyph.offset + stride * std::size_t(glyph.height);
+    require(end <= face.ink_memory.size(), "a letter outside its memory");
+    const unsigned rest = 0xFFu >> (glyph.width % 8 == 0 ? 8 : glyph.width % 8);
+    for (std::size_t at = glyph.offset; at < end; at += stride) {
+        require((face.ink_memory[at + stride - 1] & rest) == 0, "bits beside a letter");
+    }
+}
+
+/// Where letters of a face of @p size bytes lie, and whether their ink is what was read.
 void check_letters(const kit::OwnedFace& face, std::size_t size) {
-    require(face.bit_memory.size() <= size, "more bits than the font has");
+    require(face.ink_memory.size() <= size, "more ink than the font has bytes");
     require(face.glyph_memory.size() <= size, "more letters than the font has");
     std::uint32_t next_code = 0, next_index = 0;
     for (const kit::CodeRange& range : face.range_memory) {
@@ -28,13 +56,7 @@ void check_letters(const kit::OwnedFace& face, std::size_t size) {
     require(next_index == face.glyph_memory.size(), "letters without a code");
     for (const kit::ReadGlyph& glyph : face.glyph_memory) {
         require(glyph.width >= 0 && glyph.height >= 0 && glyph.advance >= 0, "a negative size");
-        const std::size_t stride = (std::size_t(glyph.width) + 7) / 8;
-        const std::size_t end = glyph.offset + stride * std::size_t(glyph.height);
-        require(end <= face.bit_memory.size(), "a letter outside its memory");
-        const unsigned rest = 0xFFu >> (glyph.width % 8 == 0 ? 8 : glyph.width % 8);
-        for (std::size_t at = glyph.offset; at < end; at += stride) {
-            require((face.bit_memory[at + stride - 1] & rest) == 0, "bits beside a letter");
-        }
+        glyph.is_strokes ? check_strokes(face, glyph) : check_rows(face, glyph);
     }
 }
 

@@ -5,6 +5,8 @@
 #include <utility>
 
 #include "words/bdf_lines.h"
+#include "words/runs.h"
+#include "words/strokes.h"
 
 namespace kit {
 namespace {
@@ -49,8 +51,9 @@ struct Letter {
     bool in_bitmap = false;
     int box[4] = {};  // width, height, x and y of the lower left corner
     Advance advance;
-    int rows = 0;  // read so far
-    std::size_t offset = 0;
+    int rows = 0;            // read so far
+    std::size_t offset = 0;  // of its rows
+    std::size_t left = 0;    // bytes of the font behind its first line
 };
 
 struct Coded {
@@ -76,6 +79,7 @@ private:
     bool code_line();
     bool row();
     bool end_letter();
+    bool cut_into_strokes();
     int pixels(const Advance& advance) const;
     int advance_of_letter() const;
     bool finish();
@@ -128,7 +132,8 @@ bool Reader::header_line() {
     if (keyword == "STARTCHAR") {
         in_letter_ = true;
         letter_ = {};
-        letter_.offset = face_.bit_memory.size();
+        letter_.offset = face_.ink_memory.size();
+        letter_.left = lines_.left();
         return !codes_.empty() || charset_is_known();
     }
     if (keyword == "FONT") name_ = line_.text();
@@ -231,10 +236,10 @@ bool Reader::row() {
     for (std::size_t i = 0; i < (width + 7) / 8; ++i) {
         const int low = 2 * i + 1 < digits.size() ? hex_digit(digits[2 * i + 1]) : 0;
         const int byte = hex_digit(digits[2 * i]) << 4 | low;
-        face_.bit_memory.push_back(static_cast<unsigned char>(byte));
+        face_.ink_memory.push_back(static_cast<unsigned char>(byte));
     }
     if (width % 8 != 0) {  // what stands right of the box is none of the letter
-        face_.bit_memory.back() &= static_cast<unsigned char>(0xFF << (8 - width % 8));
+        face_.ink_memory.back() &= static_cast<unsigned char>(0xFF << (8 - width % 8));
     }
     return true;
 }
@@ -260,14 +265,26 @@ bool Reader::end_letter() {
     if (width > 0 && letter_.rows < height) return refuse("fewer rows than the letter is high");
     in_letter_ = false;
     if (letter_.code < 0) {
-        face_.bit_memory.resize(letter_.offset);
+        face_.ink_memory.resize(letter_.offset);
         return true;
     }
     codes_.push_back({letter_.code, static_cast<std::uint32_t>(face_.glyph_memory.size())});
     const auto small = [](int number) { return static_cast<std::int16_t>(number); };
-    face_.glyph_memory.push_back({static_cast<std::uint32_t>(letter_.offset),
-                                  small(advance_of_letter()), small(x), small(y + height),
-                                  small(width), small(width == 0 ? 0 : height)});
+    face_.glyph_memory.push_back(
+        {static_cast<std::uint32_t>(letter_.offset), small(advance_of_letter()), small(x),
+         small(y + height), small(width), small(width == 0 ? 0 : height), cut_into_strokes()});
+    return true;
+}
+
+/// Puts strokes in the place of the rows, but not more bytes than the letter's lines have.
+bool Reader::cut_into_strokes() {
+    std::vector<unsigned char>& ink = face_.ink_memory;
+    const int width = letter_.box[0], height = width == 0 ? 0 : letter_.box[1];
+    const std::vector<unsigned char> strokes =
+        strokes_of(ink.data() + letter_.offset, width, height);
+    if (strokes.empty() || strokes.size() > letter_.left - lines_.left()) return false;
+    ink.resize(letter_.offset);
+    ink.insert(ink.end(), strokes.begin(), strokes.end());
     return true;
 }
 
@@ -276,10 +293,10 @@ bool Reader::finish() {
     if (codes_.empty()) return refuse("a font without letters");
     if (!measure()) return refuse("lines of no height");
     sort_letters();
-    face_.bit_memory.shrink_to_fit();
+    face_.ink_memory.shrink_to_fit();
     face_.ranges = face_.range_memory.data();
     face_.range_count = static_cast<std::uint32_t>(face_.range_memory.size());
-    face_.bits = face_.bit_memory.data();
+    face_.ink = face_.ink_memory.data();
     face_.read = face_.glyph_memory.data();
     face_.closable = true;
     face_.cap = capital_height();
@@ -330,14 +347,10 @@ void Reader::sort_letters() {
 /// What the font says, else the height of its H, else a usual part of the ascent.
 int Reader::capital_height() const {
     if (cap_ > 0) return cap_;
-    const Glyph letter = find_glyph(face_, 'H').glyph;
-    const int stride = (letter.width + 7) / 8;
-    for (int row = 0; row < letter.height; ++row) {
-        const unsigned char* const bits = letter.bits + row * stride;
-        if (std::any_of(bits, bits + stride, [](unsigned char byte) { return byte != 0; })) {
-            return std::max(letter.top - row, 0);
-        }
-    }
+    const Found found = find_glyph(face_, 'H');
+    const Glyph letter = found.face ? glyph_of(found) : Glyph{};
+    const Clip ink = ink_of(letter);
+    if (!ink.empty()) return std::max(letter.top - static_cast<int>(ink.top), 0);
     return face_.ascent * 7 / 10;
 }
 

@@ -1,6 +1,7 @@
 // The lines of a font and the words in them.
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 namespace kit {
@@ -23,7 +24,8 @@ public:
     explicit FontLines(std::string_view text) : text_(text) {}
 
     bool next(FontLine& line);
-    int number() const { return number_; }  ///< of the last line, counted from 1
+    int number() const { return number_; }             ///< of the last line, counted from 1
+    std::size_t left() const { return text_.size(); }  ///< how many bytes follow that line
 
 private:
     std::string_view text_;

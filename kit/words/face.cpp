@@ -5,45 +5,20 @@
 #include "words/face_data.h"
 
 namespace kit {
-namespace {
 
-template <typename Record>
-Glyph glyph_of(const Record& from, const unsigned char* bits) {
-    const int advance = static_cast<int>(from.advance);
-    return {advance, from.left, from.top, from.width, from.height, bits + from.offset};
-}
-
-/// In a face that is no chain.
-Found find_letter(const kit_face& face, std::uint32_t code) {
+Found find_in_ranges(const kit_face& face, char32_t code) {
     const CodeRange* const end = face.ranges + face.range_count;
     const auto is_below = [code](const CodeRange& range) { return range.last < code; };
-    // Most texts are of the first range, Basic Latin. There is one: no face is without letters.
-    const CodeRange* range = face.ranges;
-    if (code > range->last) range = std::partition_point(range, end, is_below);
-    if (range == end || code < range->first) return {};
-    const std::uint32_t index = range->index + (code - range->first);
-    return {&face, index,
-            face.baked ? glyph_of(face.baked[index], face.bits)
-                       : glyph_of(face.read[index], face.bits)};
+    const CodeRange* const range = std::partition_point(face.ranges, end, is_below);
+    return range == end || code < range->first ? Found{} : found_at(face, *range, code);
 }
 
-}  // namespace
-
-Found find_glyph(const kit_face& face, char32_t code) {
-    if (face.chained == 0) return find_letter(face, code);
+Found find_in_chain(const kit_face& chain, char32_t code) {
     Found found;
-    for (int i = 0; i < face.chained && !found.face; ++i) {
-        found = find_letter(*face.chain[i], code);
+    for (int i = 0; i < chain.chained && !found.face; ++i) {
+        found = find_glyph(*chain.chain[i], code);
     }
     return found;
-}
-
-int kerning(const Found& left, const Found& right) {
-    if (!left.face || left.face != right.face) return 0;
-    const Kerning& kerning = left.face->kerning;
-    if (!kerning.distance) return 0;
-    return kerning
-        .distance[kerning.row[left.index] * kerning.columns + kerning.column[right.index]];
 }
 
 }  // namespace kit

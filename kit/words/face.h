@@ -5,26 +5,29 @@
 
 namespace kit {
 
-/// One letter. Its bits are rows, top first, each of whole bytes with the most significant bit
-/// first; they belong to the face.
+/// One letter's ink, which belongs to the face: strokes or rows of bits. With neither it is a
+/// frame.
 struct Glyph {
-    int advance = 0;  // from this letter's origin to the next one's
-    int left = 0;     // from the origin to the first column
-    int top = 0;      // from the baseline up to the first row
+    int left = 0;  // from the origin to the first column
+    int top = 0;   // from the baseline up to the first row
     int width = 0;
     int height = 0;
-    const unsigned char* bits = nullptr;
+    const unsigned char* strokes = nullptr;  // as face_data.h has them
+    const unsigned char* bits = nullptr;     // rows of whole bytes, the most significant bit first
 };
 
 /// A letter and where it was found, for the kerning between two.
 struct Found {
     const kit_face* face = nullptr;  // of a chain, the one that has the letter; null: none has it
     unsigned index = 0;              // of the letter in that face
-    Glyph glyph;
+    int advance = 0;                 // from its origin to the next one's
 };
 
 /// The letter for @p code in @p face or one behind it.
 Found find_glyph(const kit_face& face, char32_t code);
+
+/// The ink of a letter that some face has.
+Glyph glyph_of(const Found& found);
 
 /// What is added to the advance of @p left before @p right; 0 where they come from two faces.
 int kerning(const Found& left, const Found& right);

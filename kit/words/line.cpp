@@ -4,6 +4,8 @@
 #include <cstring>
 #include <limits>
 
+#include "words/face_data.h"
+
 namespace kit {
 namespace {
 
@@ -22,14 +24,22 @@ char32_t stand_in(char32_t code) {
 }
 
 /// A hollow box: for faces that have not even U+FFFD.
-Found frame(const kit_face& face) {
+Glyph frame(const kit_face& face) {
     const int cap = kit_face_cap(&face);
-    Found found;
-    found.glyph.left = 1;
-    found.glyph.top = cap;
-    found.glyph.width = cap - cap / 3;
-    found.glyph.height = cap;
-    found.glyph.advance = found.glyph.width + 2;
+    return {1, cap, cap - cap / 3, cap, nullptr, nullptr};
+}
+
+/// A letter that looks the same as one that no face has; a null face when there is none.
+Found find_alike(const kit_face& face, char32_t code) {
+    const char32_t other = stand_in(code);
+    return other != 0 && other != code ? find_glyph(face, other) : Found{};
+}
+
+/// What shows in place of a letter that no face has.
+Found find_instead(const kit_face& face, char32_t code) {
+    Found found = find_alike(face, code);
+    if (!found.face) found = find_glyph(face, kReplacement);
+    if (!found.face) found.advance = frame(face).width + 2;
     return found;
 }
 
@@ -79,45 +89,38 @@ int to_int(std::int64_t value) {
 Gap gap_at(const kit_face& face, const char* text, int offset) {
     constexpr std::int64_t kFar = std::int64_t{1} << 40;
     Pen pen(face);
-    Glyph before;
-    std::int64_t start = -kFar;  // of the letter before the place
+    std::int64_t left = -kFar;  // behind the letter before the place
     for (const char* at = text; *at != '\0';) {
         const char32_t code = next_character(&at);
         if (!pen.step(code) || is_blank(code)) continue;
-        if (at - text > offset) {
-            const std::int64_t right = pen.start() + columns_of(pen.glyph()).left;
-            return {start + columns_of(before).right, right};
-        }
-        before = pen.glyph();
-        start = pen.start();
+        const Glyph glyph = pen.glyph();
+        const Clip ink = ink_of(glyph);
+        const std::int64_t corner = pen.start() + glyph.left;
+        if (at - text > offset) return {left, corner + ink.left};
+        left = corner + ink.right;
     }
-    return {start + columns_of(before).right, kFar};
+    return {left, kFar};
 }
 
 Part whole(const char* text) { return {text, text + std::strlen(text)}; }
 
 Found find_or_alike(const kit_face& face, char32_t code) {
-    Found found = find_glyph(face, code);
-    if (found.face) return found;
-    const char32_t other = stand_in(code);
-    return other != 0 && other != code ? find_glyph(face, other) : found;
-}
-
-Found find_or_replace(const kit_face& face, char32_t code) {
-    Found found = find_or_alike(face, code);
-    if (!found.face) found = find_glyph(face, kReplacement);
-    return found.face ? found : frame(face);
+    const Found found = find_glyph(face, code);
+    return found.face ? found : find_alike(face, code);
 }
 
 bool Pen::step(char32_t code) {
     if (is_hidden(code)) return false;
-    const Found next = find_or_replace(face_, is_newline(code) ? U' ' : code);
-    start_ = end_;
-    if (last_.face && last_.face == next.face) start_ += kerning(last_, next);
-    end_ = start_ + next.glyph.advance;
+    if (is_newline(code)) code = ' ';
+    Found next = find_glyph(face_, code);
+    if (!next.face) next = find_instead(face_, code);
+    start_ = end_ + kerning(last_, next);
+    end_ = start_ + next.advance;
     last_ = next;
     return true;
 }
+
+Glyph Pen::glyph() const { return last_.face ? glyph_of(last_) : frame(face_); }
 
 std::int64_t width_of(const kit_face& face, Part part) {
     Pen pen(face);

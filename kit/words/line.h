@@ -21,7 +21,7 @@ public:
 
     std::int64_t start() const { return start_; }  // the origin of the last letter
     std::int64_t end() const { return end_; }      // where it ends
-    const Glyph& glyph() const { return last_.glyph; }
+    Glyph glyph() const;                           // the last letter's
 
 private:
     const kit_face& face_;
@@ -52,9 +52,6 @@ std::int64_t width_of(const kit_face& face, Part part);
 /// What some face has for the character, else something else that looks the same; a null face when
 /// there is neither.
 Found find_or_alike(const kit_face& face, char32_t code);
-
-/// The same with the letter that stands for what is missing.
-Found find_or_replace(const kit_face& face, char32_t code);
 
 /// What a line shows: a part of the text, and a hyphen or an ellipsis behind it.
 struct Line {

@@ -12,49 +12,70 @@ using std::uint64_t;
 
 constexpr int kChunk = 64;  // columns looked at together
 
-void fill(orvel_canvas* canvas, const Clip& clip, const Clip& box, orvel_color color) {
-    const int64_t left = std::max(box.left, clip.left), right = std::min(box.right, clip.right);
-    const int64_t top = std::max(box.top, clip.top), bottom = std::min(box.bottom, clip.bottom);
-    if (left >= right || top >= bottom) return;
-    orvel_canvas_fill_rect(canvas, static_cast<int>(left), static_cast<int>(top),
-                           static_cast<int>(right - left), static_cast<int>(bottom - top), color);
+Clip common(const Clip& a, const Clip& b) {
+    return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
+            std::min(a.bottom, b.bottom)};
 }
 
-void draw_frame(orvel_canvas* canvas, const Clip& box, const Clip& clip, orvel_color color) {
-    fill(canvas, clip, {box.left, box.top, box.right, box.top + 1}, color);
-    fill(canvas, clip, {box.left, box.bottom - 1, box.right, box.bottom}, color);
-    fill(canvas, clip, {box.left, box.top, box.left + 1, box.bottom}, color);
-    fill(canvas, clip, {box.right - 1, box.top, box.right, box.bottom}, color);
-}
+Clip all_of(const Glyph& glyph) { return {0, 0, glyph.width, glyph.height}; }
 
 /// Up to 8 bytes as one number, the first one highest.
-uint64_t load(const unsigned char* bytes, int count) {
+uint64_t load(const unsigned char* bytes, int64_t count) {
     uint64_t bits = uint64_t{bytes[0]} << 56;
-    for (int i = 1; i < count; ++i) bits |= uint64_t{bytes[i]} << (kChunk - 8 - 8 * i);
+    for (int64_t i = 1; i < count; ++i) bits |= uint64_t{bytes[i]} << (kChunk - 8 - 8 * i);
     return bits;
 }
 
-/// Draws a row whose runs are short pixel by pixel: four calls for pixels cost as much as one for a
-/// rectangle, and what they do is easier to foresee.
-void draw_pixels(orvel_canvas* canvas, uint64_t bits, int x, int y, orvel_color color) {
-    for (; bits != 0; bits &= bits - 1) {
-        orvel_canvas_pixel(canvas, x + kChunk - 1 - std::countr_zero(bits), y, color);
+template <typename Use>
+void each_stroke(const unsigned char* at, Use use) {
+    const unsigned char* end = at + 1 + 2 * *at;
+    for (++at; at != end; at += 2) use(at[0], at[1], 1, 1);
+    end = at + 1 + 3 * *at;
+    for (++at; at != end; at += 3) use(at[0], at[1], at[2], 1);
+    end = at + 1 + 4 * *at;
+    for (++at; at != end; at += 4) use(at[0], at[1], at[2], at[3]);
+}
+
+/// The runs of bits in the rows and, by and large, the columns of @p part.
+template <typename Use>
+void each_run(const Glyph& glyph, const Clip& part, Use use) {
+    const int64_t stride = (int64_t{glyph.width} + 7) / 8;
+    for (int64_t row = part.top; row < part.bottom; ++row) {
+        for (int64_t chunk = part.left / kChunk * kChunk; chunk < part.right; chunk += kChunk) {
+            const int64_t byte = chunk / 8;
+            uint64_t bits =
+                load(glyph.bits + row * stride + byte, std::min<int64_t>(8, stride - byte));
+            while (bits != 0) {
+                const int start = std::countl_zero(bits);
+                const int length = std::countl_one(bits << start);
+                use(static_cast<int>(chunk) + start, static_cast<int>(row), length, 1);
+                bits &= ~(~uint64_t{0} << (kChunk - length) >> start);
+            }
+        }
     }
 }
 
-/// Draws the runs of ones of a row that is repeated so many times.
-void draw_runs(orvel_canvas* canvas, uint64_t bits, int x, int y, int rows, orvel_color color) {
-    const uint64_t pairs = bits & bits << 1;
-    if ((pairs & pairs << 2) == 0) {  // no four in a row
-        for (int row = 0; row < rows; ++row) draw_pixels(canvas, bits, x, y + row, color);
-        return;
-    }
-    while (bits != 0) {
-        const int start = std::countl_zero(bits);
-        const int length = std::countl_one(bits << start);
-        orvel_canvas_fill_rect(canvas, x + start, y, length, rows, color);
-        if (start + length == kChunk) return;
-        bits &= ~uint64_t{0} >> (start + length);
+/// Calls use(x, y, w, h) for rectangles, counted from the letter's corner, that together are its
+/// ink. What is not in @p part, which is counted from there, too, may be left out.
+template <typename Use>
+void each_box(const Glyph& glyph, const Clip& part, Use use) {
+    if (glyph.strokes) return each_stroke(glyph.strokes, use);
+    if (glyph.bits) return each_run(glyph, part, use);
+    if (part.empty()) return;
+    use(0, 0, glyph.width, 1);
+    use(0, glyph.height - 1, glyph.width, 1);
+    use(0, 0, 1, glyph.height);
+    use(glyph.width - 1, 0, 1, glyph.height);
+}
+
+/// Fills a rectangle by the call that takes the least time for its form.
+void fill(orvel_canvas* canvas, int x, int y, int w, int h, orvel_color color) {
+    if (w > 1 && h > 1) {
+        orvel_canvas_fill_rect(canvas, x, y, w, h, color);
+    } else if (w != h) {
+        orvel_canvas_line(canvas, x, y, x + w - 1, y + h - 1, color);
+    } else {
+        orvel_canvas_pixel(canvas, x, y, color);
     }
 }
 
@@ -66,60 +87,35 @@ Clip clip_of(const orvel_canvas* canvas) {
 
 Clip clip_of(const orvel_canvas* canvas, const kit_box& box) {
     const Clip all = clip_of(canvas);
-    return {std::max<int64_t>(all.left, box.x), std::max<int64_t>(all.top, box.y),
-            std::min(all.right, int64_t{box.x} + box.w),
-            std::min(all.bottom, int64_t{box.y} + box.h)};
+    return common(all, {box.x, box.y, int64_t{box.x} + box.w, int64_t{box.y} + box.h});
 }
 
-Columns columns_of(const Glyph& glyph) {
-    const int stride = (glyph.width + 7) / 8;
-    const auto blank = [&](int column) {
-        for (int row = 0; glyph.bits && row < glyph.height; ++row) {
-            const unsigned bits = glyph.bits[std::ptrdiff_t{row} * stride + column / 8];
-            if ((bits & 0x80U >> column % 8) != 0) return false;
-        }
-        return glyph.bits != nullptr;  // a frame fills its columns
-    };
-    int left = 0, right = glyph.width;
-    while (left < right && blank(left)) ++left;
-    while (left < right && blank(right - 1)) --right;
-    return {glyph.left + left, glyph.left + right};
+Clip ink_of(const Glyph& glyph) {
+    Clip ink = {glyph.width, glyph.height, 0, 0};
+    each_box(glyph, all_of(glyph), [&ink](int64_t x, int64_t y, int w, int h) {
+        ink = {std::min(ink.left, x), std::min(ink.top, y), std::max(ink.right, x + w),
+               std::max(ink.bottom, y + h)};
+    });
+    return {ink.left, ink.top, std::max(ink.left, ink.right), std::max(ink.top, ink.bottom)};
 }
 
-void draw_glyph(orvel_canvas* canvas, const Glyph& glyph, int64_t x, int64_t baseline,
-                const Clip& clip, orvel_color color) {
-    const int64_t left = x + glyph.left, top = baseline - glyph.top;
-    if (!glyph.bits) {
-        const Clip box = {left, top, left + glyph.width, top + glyph.height};
-        if (!box.empty()) draw_frame(canvas, box, clip, color);
-        return;
-    }
-    const int64_t first = std::max<int64_t>(0, clip.top - top);
-    const int64_t last = std::min<int64_t>(glyph.height, clip.bottom - top);
-    const int64_t from = std::max<int64_t>(0, clip.left - left);
-    const int64_t to = std::min<int64_t>(glyph.width, clip.right - left);
-    if (first >= last || from >= to) return;
-    const int64_t stride = (int64_t{glyph.width} + 7) / 8;
-    for (int64_t chunk = from / kChunk * kChunk; chunk < to; chunk += kChunk) {
-        uint64_t mask = ~uint64_t{0};
-        if (from > chunk) mask >>= from - chunk;
-        if (to - chunk < kChunk) mask &= ~(~uint64_t{0} >> (to - chunk));
-        const int bytes = static_cast<int>(std::min<int64_t>(8, stride - chunk / 8));
-        const auto row_bits = [&](int64_t row) {
-            return load(glyph.bits + row * stride + chunk / 8, bytes) & mask;
-        };
-        // Rows that are alike are drawn together: most of a letter's are uprights.
-        int64_t since = first;
-        uint64_t bits = row_bits(first);
-        for (int64_t row = first + 1; row <= last; ++row) {
-            const uint64_t next = row < last ? row_bits(row) : 0;
-            if (next == bits && row < last) continue;
-            draw_runs(canvas, bits, static_cast<int>(left + chunk), static_cast<int>(top + since),
-                      static_cast<int>(row - since), color);
-            bits = next;
-            since = row;
-        }
-    }
+void draw_whole(orvel_canvas* canvas, const Glyph& glyph, int x, int y, orvel_color color) {
+    each_box(glyph, all_of(glyph), [=](int left, int top, int w, int h) {
+        fill(canvas, x + left, y + top, w, h, color);
+    });
+}
+
+void draw_part(orvel_canvas* canvas, const Glyph& glyph, int64_t x, int64_t y, const Clip& clip,
+               orvel_color color) {
+    const Clip part =
+        common(all_of(glyph), {clip.left - x, clip.top - y, clip.right - x, clip.bottom - y});
+    if (part.empty()) return;
+    each_box(glyph, part, [&](int left, int top, int w, int h) {
+        const Clip box = common(part, {left, top, int64_t{left} + w, int64_t{top} + h});
+        if (box.empty()) return;
+        fill(canvas, static_cast<int>(x + box.left), static_cast<int>(y + box.top),
+             static_cast<int>(box.right - box.left), static_cast<int>(box.bottom - box.top), color);
+    });
 }
 
 }  // namespace kit

@@ -45,25 +45,22 @@ constexpr Following following(unsigned char first) {
 
 }  // namespace
 
-char32_t next_character(const char** text) {
-    const auto first = static_cast<unsigned char>(*(*text)++);
-    if (first < 0x80) return first;
+char32_t longer_character(unsigned char first, const char** rest) {
     auto [count, low, high] = following(first);
     if (count == 0) return kReplacement;
     char32_t code = first & (0x3Fu >> count);
     for (; count > 0; --count) {
-        const auto next = static_cast<unsigned char>(**text);
+        const auto next = static_cast<unsigned char>(**rest);
         if (next < low || next > high) return kReplacement;
         code = code << 6 | (next & 0x3Fu);
-        ++*text;
+        ++*rest;
         low = 0x80;
         high = 0xBF;
     }
     return code;
 }
 
-bool is_hidden(char32_t code) {
-    if ((code >= 0x20 && code < 0x7F) || is_newline(code)) return false;
+bool is_hidden_mark(char32_t code) {
     const Codes* const range =
         std::lower_bound(std::begin(kHidden), std::end(kHidden), code,
                          [](const Codes& r, char32_t value) { return r.last < value; });

@@ -5,9 +5,15 @@ namespace kit {
 
 constexpr char32_t kReplacement = 0xFFFD;
 
+/// The character that begins with @p first, which is none by itself; steps over the rest of it.
+char32_t longer_character(unsigned char first, const char** rest);
+
 /// Steps over one character of a zero-terminated text, which must not be at its end. A maximal
 /// ill-formed part is one U+FFFD (The Unicode Standard 15, section 3.9, table 3-7).
-char32_t next_character(const char** text);
+inline char32_t next_character(const char** text) {
+    const auto first = static_cast<unsigned char>(*(*text)++);
+    return first < 0x80 ? first : longer_character(first, text);
+}
 
 constexpr char32_t kSoftHyphen = 0xAD;
 constexpr char32_t kZeroWidthSpace = 0x200B;
@@ -36,7 +42,12 @@ constexpr bool is_number_mark(char32_t code) {
            code == 0xA0 || code == 0x202F;
 }
 
+/// Whether a character beyond Basic Latin, or a control of it, is hidden.
+bool is_hidden_mark(char32_t code);
+
 /// A control character, or a mark for layout or for the shape of a letter: it takes no room.
-bool is_hidden(char32_t code);
+inline bool is_hidden(char32_t code) {
+    return (code < 0x20 || code >= 0x7F) && !is_newline(code) && is_hidden_mark(code);
+}
 
 }  // namespace kit

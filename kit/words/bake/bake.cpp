@@ -17,6 +17,8 @@
 #include <vector>
 #include FT_FREETYPE_H
 
+#include "words/strokes.h"
+
 namespace {
 
 struct Design {
@@ -43,7 +45,7 @@ constexpr Design kDesigns[] = {
     {"digits", 96, "DejaVuSans.ttf", "digits.txt"},
 };
 
-/// Of bitmaps. (A string, since GCC 12 warns of comparing vectors of bytes.)
+/// Of strokes. (A string, since GCC 12 warns of comparing vectors of bytes.)
 using Bytes = std::string;
 
 std::string file_text(const std::string& path) {
@@ -142,17 +144,20 @@ private:
     FT_Face face_ = nullptr;
 };
 
-Bytes rows(const FT_Bitmap& bitmap) {
-    Bytes bytes;
+Bytes strokes_of(const FT_Bitmap& bitmap) {
+    std::vector<unsigned char> rows;
     const unsigned stride = (bitmap.width + 7) / 8;
     for (unsigned row = 0; row < bitmap.rows; ++row) {
         const unsigned char* const from = bitmap.buffer + static_cast<int>(row) * bitmap.pitch;
-        bytes.append(from, from + stride);
+        rows.insert(rows.end(), from, from + stride);
     }
-    return bytes;
+    const std::vector<unsigned char> strokes =
+        kit::strokes_of(rows.data(), static_cast<int>(bitmap.width), static_cast<int>(bitmap.rows));
+    if (strokes.empty()) throw std::runtime_error("a letter of too many strokes");
+    return {strokes.begin(), strokes.end()};
 }
 
-/// The letters of the font, each bitmap once, and all bitmaps behind one another.
+/// The letters of the font, and the strokes of all of them behind one another, different ones once.
 std::pair<std::vector<Letter>, Bytes> letters(const Font& font, const std::string& list) {
     std::pair<std::vector<Letter>, Bytes> result;
     std::map<Bytes, std::size_t> known;
@@ -160,9 +165,9 @@ std::pair<std::vector<Letter>, Bytes> letters(const Font& font, const std::strin
         const FT_UInt index = font.index(code);
         if (index == 0) continue;  // Mono lacks a few
         FT_GlyphSlot slot = font.load(index);
-        const Bytes bits = rows(slot->bitmap);
-        const auto [place, is_new] = known.emplace(bits, result.second.size());
-        if (is_new) result.second += bits;
+        const Bytes strokes = strokes_of(slot->bitmap);
+        const auto [place, is_new] = known.emplace(strokes, result.second.size());
+        if (is_new) result.second += strokes;
         result.first.push_back({code, index, slot->advance.x >> 6, slot->bitmap_left,
                                 slot->bitmap_top, slot->bitmap.width, slot->bitmap.rows,
                                 place->second});
@@ -288,7 +293,7 @@ std::string write_kerning(Source& source, const Font& font, const std::vector<Le
 void bake(const Design& design, const std::string& lists, const std::string& fonts,
           std::ostream& out) {
     const Font font(fonts + "/" + design.file, design.size);
-    const auto [all, bits] = letters(font, lists + "/" + design.list);
+    const auto [all, strokes] = letters(font, lists + "/" + design.list);
     const long ascent = font.metrics().ascender >> 6;
     const long descent = -(font.metrics().descender >> 6);
     out << "// Made by scripts/bake from " << design.file
@@ -296,14 +301,15 @@ void bake(const Design& design, const std::string& lists, const std::string& fon
         << ".\n// clang-format off\n#include \"words/face_data.h\"\n\n"
         << "namespace {\n";
     Source source(out);
-    source.array("unsigned char", "kBits", std::vector<unsigned char>(bits.begin(), bits.end()));
+    const std::vector<unsigned char> bytes(strokes.begin(), strokes.end());
+    source.array("unsigned char", "kStrokes", bytes);
     write_letters(source, all);
     const std::size_t ranges = write_ranges(source, all);
     const std::string kerning = write_kerning(source, font, all);
     const long cap = font.load(font.index('H'))->bitmap_top;
     out << "\nconstexpr kit_face kFace = {\n"
         << ascent << ", " << descent << ", " << ascent + descent << ", " << cap << ",\nkRanges, "
-        << ranges << ", kBits, kGlyphs, nullptr, " << kerning << ",\n{}, 0, false};\n\n"
+        << ranges << ", kStrokes, kGlyphs, nullptr, " << kerning << ",\n{}, 0, false};\n\n"
         << "}  // namespace\n\nconst kit_face* kit_" << design.name << "_" << design.size
         << "() { return &kFace; }\n";
 }

@@ -13,7 +13,7 @@
 #include "orvel_kit.h"
 #include "support/files.h"
 #include "support/process.h"
-#include "words/face.h"
+#include "words/face_data.h"
 
 namespace {
 
@@ -93,7 +93,8 @@ TEST_F(BakedFacesTest, DrawEveryLetterAsFreeTypeDoes) {
             const CanvasPtr ours = make_canvas(2 * line, 2 * line);
             const CanvasPtr theirs = make_canvas(2 * line, 2 * line);
             const std::string text = utf8(code);
-            draw_letter(ours.get(), kit::find_glyph(*face, code).glyph, line / 4, line * 5 / 4);
+            draw_letter(ours.get(), kit::glyph_of(kit::find_glyph(*face, code)), line / 4,
+                        line * 5 / 4);
             letters_draw(font.get(), theirs.get(), text.c_str(), line / 4, line * 5 / 4, kBlack);
             ASSERT_EQ(checksum(ours.get()), checksum(theirs.get())) << name << ", " << text;
         }
@@ -109,12 +110,12 @@ TEST_F(BakedFacesTest, SetEveryPairOfBasicLatinAsFreeTypeDoes) {
         for (const char32_t left : codes) {
             const kit::Found first = kit::find_glyph(face, left);
             std::string line = utf8(left);
-            int width = first.glyph.advance;
+            int width = first.advance;
             for (const char32_t right : codes) {  // left, right, left, right and so on
                 const kit::Found second = kit::find_glyph(face, right);
                 line += utf8(right) + utf8(left);
-                width += kit::kerning(first, second) + second.glyph.advance +
-                         kit::kerning(second, first) + first.glyph.advance;
+                width += kit::kerning(first, second) + second.advance +
+                         kit::kerning(second, first) + first.advance;
             }
             ASSERT_EQ(width, letters_width(font.get(), line.c_str())) << name << ", " << utf8(left);
         }

@@ -7,7 +7,7 @@
 #include "face_pages.h"
 #include "orvel_kit.h"
 #include "support/files.h"
-#include "words/face.h"
+#include "words/face_data.h"
 
 namespace {
 
@@ -39,8 +39,15 @@ FacePtr read(const std::string& font) {
     return face;
 }
 
+kit::Found found(const FacePtr& face, char32_t code) {
+    return face ? kit::find_glyph(*face, code) : kit::Found{};
+}
+
+int advance_of(const FacePtr& face, char32_t code) { return found(face, code).advance; }
+
 kit::Glyph letter_of(const FacePtr& face, char32_t code) {
-    return face ? kit::find_glyph(*face, code).glyph : kit::Glyph{};
+    const kit::Found letter = found(face, code);
+    return letter.face ? kit::glyph_of(letter) : kit::Glyph{};
 }
 
 /// The letter in a canvas of 10 x 10 with its origin at (2, 7).
@@ -67,7 +74,7 @@ TEST(BdfTest, ALetterIsWhatTheFontSays) {
     const FacePtr face = read(kStart + kAscents + "CHARS 1\n" + letter("65") + kEnd);
     ASSERT_NE(face, nullptr);
     EXPECT_EQ(shown(face, 'A'), kShownA);
-    EXPECT_EQ(letter_of(face, 'A').advance, 5);
+    EXPECT_EQ(advance_of(face, 'A'), 5);
     EXPECT_EQ(kit_face_ascent(face.get()), 7);
     EXPECT_EQ(kit_face_descent(face.get()), 2);
     EXPECT_EQ(kit_face_line(face.get()), 9);
@@ -130,7 +137,30 @@ TEST(BdfTest, RowsMayHaveMoreDigitsThanTheLetterIsWide) {
                               "Ff\nAA5A5A5A5A\nENDCHAR\n" +
                               kEnd);
     EXPECT_EQ(shown(face, 'A'), kShownA);
-    EXPECT_EQ(letter_of(face, 'A').bits[0], 0x40);  // nothing is left beyond its width
+}
+
+/// A font whose A has 16 columns and, in turn, 8 times the two rows.
+std::string square(const std::string& row, const std::string& next) {
+    std::string lines = "STARTCHAR A\nENCODING 65\nDWIDTH 16 0\nBBX 16 16 0 0\nBITMAP\n";
+    for (int i = 0; i < 8; ++i) lines.append(row + "\n").append(next + "\n");
+    return kStart + lines + "ENDCHAR\n" + kEnd;
+}
+
+TEST(BdfTest, ALetterIsStrokesWhereTheseAreShorterThanItsLines) {
+    const FacePtr striped = read(square("AAAA", "AAAA")), speckled = read(square("AAAA", "5555"));
+    EXPECT_NE(letter_of(striped, 'A').strokes, nullptr);
+    EXPECT_EQ(letter_of(striped, 'A').bits, nullptr);
+    EXPECT_EQ(letter_of(speckled, 'A').strokes, nullptr);
+    EXPECT_NE(letter_of(speckled, 'A').bits, nullptr);
+}
+
+TEST(BdfTest, NothingIsLeftBesideRowsThatStayRows) {
+    std::string font = kStart + "STARTCHAR A\nENCODING 65\nBBX 257 1 0 0\nBITMAP\n";
+    font += std::string(66, '0') + "\nENDCHAR\n" + kEnd;
+    font.replace(font.find("0000") + 64, 2, "FF");
+    const FacePtr face = read(font);
+    ASSERT_NE(letter_of(face, 'A').bits, nullptr);
+    EXPECT_EQ(letter_of(face, 'A').bits[32], 0x80);
 }
 
 TEST(BdfTest, ARowMayEndWithHalfAByte) {
@@ -158,7 +188,7 @@ TEST(BdfTest, ALetterMayReachLeftOfItsOriginAndBelowItsBaseline) {
               "#########.\n"
               "#.........\n"
               "..........\n");
-    EXPECT_EQ(letter_of(face, 'j').advance, 2);
+    EXPECT_EQ(advance_of(face, 'j'), 2);
 }
 
 TEST(BdfTest, ALetterWithoutPixelsStillAdvances) {
@@ -166,7 +196,7 @@ TEST(BdfTest, ALetterWithoutPixelsStillAdvances) {
         SCOPED_TRACE(box);
         const FacePtr face = read(kStart + "STARTCHAR space\nENCODING 32\nDWIDTH 4 0\nBBX " + box +
                                   "\nBITMAP\nENDCHAR\n" + kEnd);
-        EXPECT_EQ(letter_of(face, ' ').advance, 4) << box;
+        EXPECT_EQ(advance_of(face, ' '), 4) << box;
         EXPECT_EQ(letter_of(face, ' ').height * letter_of(face, ' ').width, 0) << box;
     }
 }
@@ -176,15 +206,14 @@ TEST(BdfTest, RowsOfALetterWithoutWidthAreNotLookedAt) {
                               "STARTCHAR space\nENCODING 32\nDWIDTH 4 0\nBBX 0 1 0 0\n"
                               "BITMAP\n00\n00\nrow\nENDCHAR\n" +
                               kEnd);
-    EXPECT_EQ(letter_of(face, ' ').advance, 4);
+    EXPECT_EQ(advance_of(face, ' '), 4);
 }
 
 TEST(BdfTest, AnAdvanceIsTheLettersOwnInPixelsOrScaledElseTheFontsElseTheBoxes) {
     const auto advance = [](const std::string& font, const std::string& letters) {
-        return letter_of(read("STARTFONT 2.2\nSIZE 10 144 144\nFONT_ASCENT 8\n" + font +
-                              letter("65", letters) + kEnd),
-                         'A')
-            .advance;
+        return advance_of(read("STARTFONT 2.2\nSIZE 10 144 144\nFONT_ASCENT 8\n" + font +
+                               letter("65", letters) + kEnd),
+                          'A');
     };
     const std::string common = "DWIDTH 9 0\nSWIDTH 100 0\n";
     EXPECT_EQ(advance(common, "SWIDTH 600 0\nDWIDTH 6 0\n"), 6);
@@ -209,16 +238,16 @@ TEST(BdfTest, LettersComeInAnyOrder) {
     std::u32string found;
     for (const char32_t code : characters(*face)) found += code;
     EXPECT_EQ(found, std::u32string(U"\0ABC\u20AC\U0001F600", 6));
-    EXPECT_EQ(letter_of(face, 0x1F600).advance, 9);
-    EXPECT_EQ(letter_of(face, 'B').advance, 6);
-    EXPECT_EQ(letter_of(face, 'C').advance, 5);
+    EXPECT_EQ(advance_of(face, 0x1F600), 9);
+    EXPECT_EQ(advance_of(face, 'B'), 6);
+    EXPECT_EQ(advance_of(face, 'C'), 5);
 }
 
 TEST(BdfTest, OfSeveralLettersWithOneCodeTheFirstCounts) {
     const FacePtr face = read(kStart + letter("65", "DWIDTH 7 0\n") + letter("66") +
                               letter("65", "DWIDTH 8 0\n") + letter("65", "DWIDTH 9 0\n") + kEnd);
-    EXPECT_EQ(letter_of(face, 'A').advance, 7);
-    EXPECT_EQ(letter_of(face, 'B').advance, 5);
+    EXPECT_EQ(advance_of(face, 'A'), 7);
+    EXPECT_EQ(advance_of(face, 'B'), 5);
 }
 
 TEST(BdfTest, ALetterWithoutACodeIsPassedOverAndOneWithACodeOfTheFontsOwnIsNot) {
@@ -226,7 +255,7 @@ TEST(BdfTest, ALetterWithoutACodeIsPassedOverAndOneWithACodeOfTheFontsOwnIsNot) 
                               letter("65") + letter("-1 -1") + letter("67 99") + kEnd);
     ASSERT_NE(face, nullptr);
     EXPECT_EQ(characters(*face), (std::vector<char32_t>{'A', 'B', 'C'}));
-    EXPECT_EQ(letter_of(face, 'B').advance, 6);
+    EXPECT_EQ(advance_of(face, 'B'), 6);
     EXPECT_EQ(shown(face, 'A'), kShownA);
 }
 
@@ -238,17 +267,17 @@ TEST(BdfTest, TheLetterForWhatIsLackedStandsForTheReplacementCharacter) {
     const std::string properties = kAscents + "DEFAULT_CHAR 63\n";
     const std::string question = letter("63", "DWIDTH 6 0\n");
     const FacePtr without = read(kStart + properties + letter("65") + question + kEnd);
-    EXPECT_EQ(letter_of(without, 0xFFFD).advance, 6);
+    EXPECT_EQ(advance_of(without, 0xFFFD), 6);
     const FacePtr with =
         read(kStart + properties + letter("65533", "DWIDTH 8 0\n") + question + kEnd);
-    EXPECT_EQ(letter_of(with, 0xFFFD).advance, 8);
+    EXPECT_EQ(advance_of(with, 0xFFFD), 8);
     const FacePtr missing = read(kStart + properties + letter("65") + kEnd);
     EXPECT_EQ(kit_face_has(missing.get(), 0xFFFD), 0);
     const FacePtr beyond = read(kStart + kAscents + "DEFAULT_CHAR 99\n" + letter("65") + kEnd);
     EXPECT_EQ(kit_face_has(beyond.get(), 0xFFFD), 0);
     const FacePtr above = read(kStart + properties + question + letter("65536") + kEnd);
-    EXPECT_EQ(letter_of(above, 0xFFFD).advance, 6);
-    EXPECT_EQ(letter_of(above, 0x10000).advance, 5);
+    EXPECT_EQ(advance_of(above, 0xFFFD), 6);
+    EXPECT_EQ(advance_of(above, 0x10000), 5);
 }
 
 TEST(BdfTest, WithoutItsOwnMeasuresALineIsAsHighAsTheFontsBox) {

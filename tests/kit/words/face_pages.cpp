@@ -1,5 +1,9 @@
 #include "face_pages.h"
 
+#include <utility>
+
+#include "words/face_data.h"
+
 namespace orvel_test {
 
 const std::vector<std::string>& face_names() {
@@ -17,15 +21,33 @@ std::vector<char32_t> characters(const kit_face& face) {
     return codes;
 }
 
-void draw_letter(orvel_canvas* canvas, const kit::Glyph& letter, int x, int baseline) {
+namespace {
+
+/// The pixels of a letter, from its corner.
+std::vector<std::pair<int, int>> dots(const kit::Glyph& letter) {
+    std::vector<std::pair<int, int>> all;
     const int stride = (letter.width + 7) / 8;
-    for (int row = 0; row < letter.height; ++row) {
-        for (int column = 0; column < letter.width; ++column) {
-            const unsigned byte = letter.bits[row * stride + column / 8];
-            if ((byte >> (7 - column % 8) & 1) == 0) continue;
-            orvel_canvas_pixel(canvas, x + letter.left + column, baseline - letter.top + row,
-                               kBlack);
+    for (int bit = 0; letter.bits && bit < 8 * stride * letter.height; ++bit) {
+        const bool ink = (letter.bits[bit / 8] >> (7 - bit % 8) & 1) != 0;
+        if (ink) all.emplace_back(bit % (8 * stride), bit / (8 * stride));
+    }
+    const unsigned char* at = letter.strokes;
+    for (int numbers = 2; at && numbers <= 4; ++numbers) {  // pixels, runs, other boxes
+        for (int left = *at++; left > 0; --left, at += numbers) {
+            const int w = numbers > 2 ? at[2] : 1, h = numbers > 3 ? at[3] : 1;
+            for (int dot = 0; dot < w * h; ++dot) {
+                all.emplace_back(at[0] + dot % w, at[1] + dot / w);
+            }
         }
+    }
+    return all;
+}
+
+}  // namespace
+
+void draw_letter(orvel_canvas* canvas, const kit::Glyph& letter, int x, int baseline) {
+    for (const auto& [column, row] : dots(letter)) {
+        orvel_canvas_pixel(canvas, x + letter.left + column, baseline - letter.top + row, kBlack);
     }
 }
 
@@ -38,7 +60,8 @@ CanvasPtr face_page(const kit_face& face) {
     CanvasPtr page = make_canvas(kColumns * cell + 2 * kMargin, rows * line + 2 * kMargin);
     orvel_canvas_clear(page.get(), kInk);
     for (int i = 0; i < static_cast<int>(codes.size()); ++i) {
-        const kit::Glyph letter = kit::find_glyph(face, codes[static_cast<std::size_t>(i)]).glyph;
+        const char32_t code = codes[static_cast<std::size_t>(i)];
+        const kit::Glyph letter = kit::glyph_of(kit::find_glyph(face, code));
         draw_letter(page.get(), letter, kMargin + i % kColumns * cell,
                     kMargin + i / kColumns * line + ascent);
     }

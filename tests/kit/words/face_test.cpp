@@ -11,7 +11,7 @@
 #include "orvel_kit.h"
 #include "support/files.h"
 #include "support/golden.h"
-#include "words/face.h"
+#include "words/face_data.h"
 
 namespace {
 
@@ -83,7 +83,7 @@ TEST(FaceTest, MonoHasTheSameCharactersButForAFew) {
 
 TEST(FaceTest, AllLettersOfMonoGoEquallyFar) {
     for (const char32_t code : characters(*kit_mono_12())) {
-        EXPECT_EQ(kit::find_glyph(*kit_mono_12(), code).glyph.advance, 7) << unsigned(code);
+        EXPECT_EQ(kit::find_glyph(*kit_mono_12(), code).advance, 7) << unsigned(code);
     }
 }
 
@@ -105,7 +105,7 @@ TEST(FaceTest, WhatAFaceLacksItDoesNotHave) {
 TEST(FaceTest, ALetterLiesAboveItsBaselineAndBesideItsOrigin) {
     const CanvasPtr canvas = make_canvas(9, 13);
     orvel_canvas_clear(canvas.get(), kInk);
-    draw_letter(canvas.get(), kit::find_glyph(*kit_sans_12(), 'g').glyph, 1, 9);
+    draw_letter(canvas.get(), kit::glyph_of(kit::find_glyph(*kit_sans_12(), 'g')), 1, 9);
     EXPECT_EQ(picture(canvas.get(), {{'.', kInk}, {'#', kBlack}}),
               ".........\n"
               ".........\n"
@@ -149,7 +149,7 @@ TEST(FaceTest, NoLetterReachesFarBeyondItsLine) {
     for (const std::string& name : face_names()) {
         const kit_face* const face = kit_face_named(name.c_str());
         for (const char32_t code : characters(*face)) {
-            const kit::Glyph letter = kit::find_glyph(*face, code).glyph;
+            const kit::Glyph letter = kit::glyph_of(kit::find_glyph(*face, code));
             EXPECT_LE(letter.top, kit_face_ascent(face) + 2) << name << " " << unsigned(code);
             EXPECT_LE(letter.height - letter.top, kit_face_descent(face))
                 << name << " " << unsigned(code);
@@ -194,7 +194,7 @@ TEST(FaceTest, LettersAndKerningStayAsTheyAre) {
             letters.push_back(kit::find_glyph(face, code));
         }
         for (const kit::Found& left : letters) {
-            numbers = numbers * 31 + static_cast<unsigned>(left.glyph.advance);
+            numbers = numbers * 31 + static_cast<unsigned>(left.advance);
             for (const kit::Found& right : letters) {
                 numbers = numbers * 31 + static_cast<unsigned>(kit::kerning(left, right));
             }
@@ -215,7 +215,7 @@ TEST(FaceChainTest, TheSecondFaceGivesWhatTheFirstLacks) {
     ASSERT_NE(both, nullptr);
     EXPECT_EQ(kit::find_glyph(*both, '7').face, kit_digits_64());
     EXPECT_EQ(kit::find_glyph(*both, 'A').face, kit_sans_12());
-    EXPECT_EQ(kit::find_glyph(*both, 'A').glyph.advance, 8);
+    EXPECT_EQ(kit::find_glyph(*both, 'A').advance, 8);
     EXPECT_EQ(kit::find_glyph(*both, 0x1F600).face, nullptr);
     EXPECT_EQ(kit_face_has(both.get(), 'A'), 1);
     EXPECT_EQ(kit_face_has(both.get(), 0x1F600), 0);

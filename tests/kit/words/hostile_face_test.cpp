@@ -209,7 +209,9 @@ TEST(HostileFaceTest, MemoryStaysInProportionToTheFont) {
     const std::string high = "STARTCHAR\nENCODING 1\nBBX 0 4096 0 0\nENDCHAR\n";
     const std::string row =
         "STARTCHAR\nENCODING 1\nBBX 1 9 0 0\nBITMAP\n" + repeated("F\n", 9) + "ENDCHAR\n";
-    for (const std::string& letter : {smallest, high, row}) {
+    const std::string speckled = "STARTCHAR\nENCODING 1\nBBX 16 16 0 0\nBITMAP\n" +
+                                 repeated("AAAA\n5555\n", 8) + "ENDCHAR\n";
+    for (const std::string& letter : {smallest, high, row, speckled}) {
         const std::string font = kStart + repeated(letter, 20000) + kEnd;
         forget_largest_allocation();
         EXPECT_EQ(refusal(font), "");

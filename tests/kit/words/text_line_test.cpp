@@ -141,6 +141,19 @@ TEST(TextLineTest, AFaceWithoutTheReplacementShowsAHollowBox) {
               "...........\n");
 }
 
+TEST(TextLineTest, AHollowBoxWithoutHeightShowsNothing) {
+    const std::string file =
+        "STARTFONT 2.1\nFONT flat\nSIZE 8 72 72\nFONTBOUNDINGBOX 1 1 0 0\n"
+        "STARTPROPERTIES 2\nFONT_ASCENT 1\nFONT_DESCENT 0\nENDPROPERTIES\nCHARS 1\n"
+        "STARTCHAR a\nENCODING 97\nDWIDTH 4 0\nBBX 1 1 0 0\nBITMAP\n80\nENDCHAR\nENDFONT\n";
+    kit_face* const face = kit_face_read(file.data(), file.size(), nullptr, 0);
+    ASSERT_EQ(kit_face_cap(face), 0);
+    const CanvasPtr canvas = make_canvas(8, 1);
+    EXPECT_EQ(kit_text_draw(canvas.get(), face, "Za", 0, 1, kInk), 6);
+    EXPECT_EQ(picture(canvas.get()), "..#.....\n");
+    kit_face_close(face);
+}
+
 TEST(TextLineTest, SpacesAndHyphensOfOtherKindsAreThePlainOnesWhereTheFaceLacksThem) {
     for (const char* space : {"\u00A0", "\u1680", "\u2000", "\u2003", "\u2007", "\u200A", "\u202F",
                               "\u205F", "\u3000"}) {

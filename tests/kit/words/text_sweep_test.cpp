@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
+#include <memory>
 #include <sstream>
 #include <string>
 
@@ -92,35 +94,38 @@ void expect_equal(const orvel_canvas* canvas, const model::Canvas& expected) {
     }
 }
 
-/// The calls 0, 1, 2, ... both ways.
-void sweep(const kit_face* face, const model::Words& words, std::uint64_t calls) {
+/// The call of this number both ways.
+void compare(const kit_face* face, const model::Words& words, std::uint64_t call) {
     const CanvasPtr canvas = make_canvas(kSide, kSide);
+    Random random(call);
+    const std::string text = random_text(random);
+    const kit_box box = random_box(random);
+    const auto align = static_cast<kit_align>(random.between(0, 2));
+    SCOPED_TRACE("call " + std::to_string(call) + ": " + in_words(text, box, align));
+    model::Canvas expected(kSide, kSide);
+    ASSERT_EQ(kit_text_width(face, text.c_str()), words.width(text));
+    switch (call % 3) {
+    case 0: {
+        const int end = kit_text_draw(canvas.get(), face, text.c_str(), box.x, box.y, kInk);
+        words.draw(expected, text, box.x, box.y, kInk);
+        const long long wanted = box.x + words.width(text);
+        ASSERT_EQ(end, std::min<long long>(wanted, INT32_MAX));
+        break;
+    }
+    case 1:
+        ASSERT_EQ(kit_text_box(canvas.get(), face, text.c_str(), box, align, kInk),
+                  words.box(expected, text, box, align, kInk));
+        break;
+    default:
+        ASSERT_EQ(kit_text_wrap(canvas.get(), face, text.c_str(), box, align, kInk),
+                  words.wrap(expected, text, box, align, kInk));
+    }
+    expect_equal(canvas.get(), expected);
+}
+
+void sweep(const kit_face* face, const model::Words& words, std::uint64_t calls) {
     for (const std::uint64_t call : some_cases(calls)) {
-        Random random(call);
-        const std::string text = random_text(random);
-        const kit_box box = random_box(random);
-        const auto align = static_cast<kit_align>(random.between(0, 2));
-        SCOPED_TRACE("call " + std::to_string(call) + ": " + in_words(text, box, align));
-        orvel_canvas_clear(canvas.get(), kBlack);
-        model::Canvas expected(kSide, kSide);
-        ASSERT_EQ(kit_text_width(face, text.c_str()), words.width(text));
-        switch (call % 3) {
-        case 0: {
-            const int end = kit_text_draw(canvas.get(), face, text.c_str(), box.x, box.y, kInk);
-            words.draw(expected, text, box.x, box.y, kInk);
-            const long long wanted = box.x + words.width(text);
-            ASSERT_EQ(end, std::min<long long>(wanted, INT32_MAX));
-            break;
-        }
-        case 1:
-            ASSERT_EQ(kit_text_box(canvas.get(), face, text.c_str(), box, align, kInk),
-                      words.box(expected, text, box, align, kInk));
-            break;
-        default:
-            ASSERT_EQ(kit_text_wrap(canvas.get(), face, text.c_str(), box, align, kInk),
-                      words.wrap(expected, text, box, align, kInk));
-        }
-        expect_equal(canvas.get(), expected);
+        compare(face, words, call);
         if (testing::Test::HasFatalFailure()) return;
     }
 }
@@ -131,6 +136,68 @@ TEST(TextSweepTest, RandomTextsAreDrawnAsTheModelDrawsThem) {
 
 TEST(TextSweepTest, AFaceThatLacksNearlyAllIsDrawnAsTheModelDrawsIt) {
     sweep(bare_face(), model::Words(bare_letter, kTinyMeasures), 20000);
+}
+
+struct CloseFace {
+    void operator()(kit_face* face) const { kit_face_close(face); }
+};
+using FacePtr = std::unique_ptr<kit_face, CloseFace>;
+
+/// A letter of a font, of a size that is usual in one case of two, with rows of more or less ink.
+std::string random_letter(Random& random, unsigned code) {
+    const int widest = random.one_in(2) ? 12 : random.one_in(9) ? 300 : 80;
+    const int width = random.between(0, widest),
+              height = random.between(0, random.one_in(9) ? 300 : 20);
+    std::ostringstream lines;
+    lines << "STARTCHAR x\nENCODING " << code << "\nDWIDTH " << random.between(0, 20) << " 0\nBBX "
+          << width << ' ' << height << ' ' << random.between(-9, 9) << ' ' << random.between(-20, 9)
+          << "\nBITMAP\n"
+          << std::hex << std::uppercase;
+    const int rare = random.between(1, 4);
+    std::string row;
+    for (int i = 0; i < height; ++i) {
+        const bool again = i > 0 && random.one_in(2);
+        if (!again) row.clear();
+        for (int left = width; left > 0 && !again; left -= 4) {
+            int digit = 0;
+            for (int bit = 8; bit > 0; bit /= 2) digit |= random.one_in(rare) ? bit : 0;
+            row += "0123456789ABCDEF"[digit];
+        }
+        lines << row << '\n';
+    }
+    return lines.str() + "ENDCHAR\n";
+}
+
+/// A font with the letters of most of the texts.
+std::string random_font(Random& random) {
+    std::string font =
+        "STARTFONT 2.1\nFONT random\nSIZE 8 72 72\nFONTBOUNDINGBOX 9 9 0 0\n"
+        "STARTPROPERTIES 3\nFONT_ASCENT 6\nFONT_DESCENT 2\nCAP_HEIGHT 5\nENDPROPERTIES\n";
+    for (const char32_t code : U" -Hef\u00E9\u2026\uFFFD") {
+        if (code != 0) font += random_letter(random, static_cast<unsigned>(code));
+    }
+    return font + "ENDFONT\n";
+}
+
+TEST(TextSweepTest, LettersOfRandomFontsAreDrawnAsTheModelDrawsThem) {
+    constexpr std::uint64_t kCallsOfAFont = 40;
+    FacePtr face;
+    std::map<char32_t, model::Letter> letters;
+    const auto shown = [&letters](char32_t code) {
+        const auto found = letters.find(alike(code));
+        return found == letters.end() ? letters.at(0xFFFD) : found->second;
+    };
+    for (const std::uint64_t call : some_cases(12000)) {
+        if (!face || call % kCallsOfAFont == 0) {
+            Random random(call / kCallsOfAFont);
+            const std::string font = random_font(random);
+            face.reset(kit_face_read(font.data(), font.size(), nullptr, 0));
+            ASSERT_NE(face, nullptr);
+            letters = letters_of(font.c_str());
+        }
+        compare(face.get(), model::Words(shown, kTinyMeasures), call);
+        if (testing::Test::HasFatalFailure()) return;
+    }
 }
 
 TEST(TextSweepTest, NothingLeavesABoxInAnyFace) {

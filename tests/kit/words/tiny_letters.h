@@ -49,14 +49,18 @@ inline std::map<char32_t, model::Letter> letters_of(const char* file) {
     return letters;
 }
 
-/// What the tiny face shows.
-inline model::Letter tiny_letter(char32_t code) {
-    static const std::map<char32_t, model::Letter> letters = letters_of(kTinyFile);
+/// The character whose letter shows for one that no face has.
+inline char32_t alike(char32_t code) {
     if (code == 0xA0 || code == 0x1680 || (code >= 0x2000 && code <= 0x200A)) code = ' ';
     if (code == 0x202F || code == 0x205F || code == 0x3000) code = ' ';
     if (code == 0x2010 || code == 0x2011) code = '-';
-    if (code == model::kCut) code = 0x2026;
-    const auto found = letters.find(code);
+    return code == model::kCut ? 0x2026 : code;
+}
+
+/// What the tiny face shows.
+inline model::Letter tiny_letter(char32_t code) {
+    static const std::map<char32_t, model::Letter> letters = letters_of(kTinyFile);
+    const auto found = letters.find(alike(code));
     return found == letters.end() ? letters.at(0xFFFD) : found->second;
 }
 
