@@ -5,6 +5,8 @@
 
 namespace kit {
 
+inline constexpr unsigned char kNoStrokes[3] = {};
+
 /// One letter's ink, which belongs to the face: strokes or rows of bits. With neither it is a
 /// frame.
 struct Glyph {
@@ -12,8 +14,8 @@ struct Glyph {
     int top = 0;   // from the baseline up to the first row
     int width = 0;
     int height = 0;
-    const unsigned char* strokes = nullptr;  // as face_data.h has them
-    const unsigned char* bits = nullptr;     // rows of whole bytes, the most significant bit first
+    const unsigned char* strokes = kNoStrokes;  // as face_data.h has them
+    const unsigned char* bits = nullptr;  // rows of whole bytes, the most significant bit first
 };
 
 /// A letter and where it was found, for the kerning between two.

@@ -61,7 +61,6 @@ template <typename Use>
 void each_box(const Glyph& glyph, const Clip& part, Use use) {
     if (glyph.strokes) return each_stroke(glyph.strokes, use);
     if (glyph.bits) return each_run(glyph, part, use);
-    if (part.empty()) return;
     use(0, 0, glyph.width, 1);
     use(0, glyph.height - 1, glyph.width, 1);
     use(0, 0, 1, glyph.height);
@@ -111,7 +110,8 @@ void draw_part(orvel_canvas* canvas, const Glyph& glyph, int64_t x, int64_t y, c
         common(all_of(glyph), {clip.left - x, clip.top - y, clip.right - x, clip.bottom - y});
     if (part.empty()) return;
     each_box(glyph, part, [&](int left, int top, int w, int h) {
-        const Clip box = common(part, {left, top, int64_t{left} + w, int64_t{top} + h});
+        const int right = left + w, bottom = top + h;
+        const Clip box = common(part, {left, top, right, bottom});
         if (box.empty()) return;
         fill(canvas, static_cast<int>(x + box.left), static_cast<int>(y + box.top),
              static_cast<int>(box.right - box.left), static_cast<int>(box.bottom - box.top), color);
