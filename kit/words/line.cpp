@@ -26,7 +26,7 @@ char32_t stand_in(char32_t code) {
 /// A hollow box: for faces that have not even U+FFFD.
 Glyph frame(const kit_face& face) {
     const int cap = kit_face_cap(&face);
-    if (cap == 0) return {};
+    if (cap == 0) return {.left = 1};
     return {1, cap, cap - cap / 3, cap, nullptr, nullptr};
 }
 

@@ -99,6 +99,22 @@ TEST(KitFieldsTest, LettersAreWhereTheReturnedWidthSays) {
     }
 }
 
+TEST(KitFieldsTest, AHollowBoxWithoutHeightStandsAColumnRightOfItsOrigin) {
+    const std::string file =
+        "STARTFONT 2.1\nFONT flat\nSIZE 8 72 72\nFONTBOUNDINGBOX 1 1 0 0\n"
+        "STARTPROPERTIES 2\nFONT_ASCENT 1\nFONT_DESCENT 9\nENDPROPERTIES\nCHARS 1\n"
+        "STARTCHAR a\nENCODING 97\nDWIDTH 4 0\nBBX 1 1 0 0\nBITMAP\n80\nENDCHAR\nENDFONT\n";
+    kit_face* const face = kit_face_read(file.data(), file.size(), nullptr, 0);
+    kit_widget widget = field("ZZ");
+    widget.face = face;
+    const int origin = room_of(widget).x;
+    EXPECT_EQ(caret_of(widget).x, origin - 1);
+    widget.text = "aZ";
+    widget.caret = widget.anchor = 1;
+    EXPECT_EQ(caret_of(widget).x, origin + 3);
+    kit_face_close(face);
+}
+
 TEST(KitFieldsTest, WithoutScrollTheCaretIsInTheMiddle) {
     // 48 columns of room, 200 letters of 6.
     EXPECT_EQ(scroll_of(field(kLong.c_str(), 100)), 576);
