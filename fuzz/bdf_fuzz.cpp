@@ -16,7 +16,7 @@ using fuzz::require;
 /// Whether the strokes of a letter are in the ink of its face, and in the letter.
 void check_strokes(const kit::OwnedFace& face, const kit::ReadGlyph& glyph) {
     std::size_t at = glyph.offset;
-    for (const std::size_t numbers : {2, 3, 4}) {  // pixels, runs, other boxes
+    for (const std::size_t numbers : {2u, 3u, 4u}) {  // pixels, runs, other boxes
         require(at < face.ink_memory.size(), "strokes outside their memory");
         const std::size_t end = at + 1 + numbers * face.ink_memory[at];
         require(end <= face.ink_memory.size(), "strokes outside their memory");
