@@ -278,6 +278,7 @@ bool Reader::end_letter() {
 
 /// Puts strokes in the place of the rows, but not more bytes than the letter's lines have.
 bool Reader::cut_into_strokes() {
+    if constexpr (kInkIsRows) return false;
     std::vector<unsigned char>& ink = face_.ink_memory;
     const int width = letter_.box[0], height = width == 0 ? 0 : letter_.box[1];
     const std::vector<unsigned char> strokes =

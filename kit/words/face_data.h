@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "words/face.h"
+#include "words/ink_form.h"
 
 namespace kit {
 
@@ -24,7 +25,7 @@ struct CodeRange {
 
 /// A letter of a baked face, in 8 bytes: there are thousands of them.
 struct BakedGlyph {
-    std::uint32_t offset : 24;  // of its strokes in the face's ink
+    std::uint32_t offset : 24;  // of its strokes, or rows, in the face's ink
     std::uint32_t advance : 8;
     std::int8_t left;
     std::int8_t top;
@@ -104,8 +105,13 @@ inline Glyph glyph_of(const Found& found) {
     const kit_face& face = *found.face;
     if (face.baked) {
         const BakedGlyph& from = face.baked[found.index];
-        const unsigned char* const strokes = face.ink + from.offset;
-        return {from.left, from.top, from.width, from.height, strokes, nullptr};
+        const unsigned char* const ink = face.ink + from.offset;
+        return {from.left,
+                from.top,
+                from.width,
+                from.height,
+                kInkIsRows ? nullptr : ink,
+                kInkIsRows ? ink : nullptr};
     }
     const ReadGlyph& from = face.read[found.index];
     const unsigned char* const ink = face.ink + from.offset;

@@ -4,6 +4,9 @@
 #include <bit>
 #include <cstddef>
 
+#include "words/face_data.h"
+#include "words/strokes.h"
+
 namespace kit {
 namespace {
 
@@ -24,16 +27,6 @@ uint64_t load(const unsigned char* bytes, int64_t count) {
     uint64_t bits = uint64_t{bytes[0]} << 56;
     for (int64_t i = 1; i < count; ++i) bits |= uint64_t{bytes[i]} << (kChunk - 8 - 8 * i);
     return bits;
-}
-
-template <typename Use>
-void each_stroke(const unsigned char* at, Use use) {
-    const unsigned char* end = at + 1 + 2 * *at;
-    for (++at; at != end; at += 2) use(at[0], at[1], 1, 1);
-    end = at + 1 + 3 * *at;
-    for (++at; at != end; at += 3) use(at[0], at[1], at[2], 1);
-    end = at + 1 + 4 * *at;
-    for (++at; at != end; at += 4) use(at[0], at[1], at[2], at[3]);
 }
 
 /// The runs of bits in the rows and, by and large, the columns of @p part.
@@ -59,7 +52,9 @@ void each_run(const Glyph& glyph, const Clip& part, Use use) {
 /// ink. What is not in @p part, which is counted from there, too, may be left out.
 template <typename Use>
 void each_box(const Glyph& glyph, const Clip& part, Use use) {
-    if (glyph.strokes) return each_stroke(glyph.strokes, use);
+    if constexpr (!kInkIsRows) {
+        if (glyph.strokes) return each_stroke(glyph.strokes, use);
+    }
     if (glyph.bits) return each_run(glyph, part, use);
     use(0, 0, glyph.width, 1);
     use(0, glyph.height - 1, glyph.width, 1);

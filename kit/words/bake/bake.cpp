@@ -298,7 +298,7 @@ void bake(const Design& design, const std::string& lists, const std::string& fon
     const long descent = -(font.metrics().descender >> 6);
     out << "// Made by scripts/bake from " << design.file
         << "; its notice is in LICENSE-DejaVu.\n// " << font.source()
-        << ".\n// clang-format off\n#include \"words/face_data.h\"\n\n"
+        << ".\n// clang-format off\n#include \"words/baked.h\"\n\n"
         << "namespace {\n";
     Source source(out);
     const std::vector<unsigned char> bytes(strokes.begin(), strokes.end());
@@ -307,9 +307,10 @@ void bake(const Design& design, const std::string& lists, const std::string& fon
     const std::size_t ranges = write_ranges(source, all);
     const std::string kerning = write_kerning(source, font, all);
     const long cap = font.load(font.index('H'))->bitmap_top;
-    out << "\nconstexpr kit_face kFace = {\n"
+    out << "\nusing Baked = kit::Baked<kGlyphs, kStrokes>;\n"
+        << "\nconstexpr kit_face kFace = {\n"
         << ascent << ", " << descent << ", " << ascent + descent << ", " << cap << ",\nkRanges, "
-        << ranges << ", kStrokes, kGlyphs, nullptr, " << kerning << ",\n{}, 0, false};\n\n"
+        << ranges << ", Baked::ink, Baked::glyphs, nullptr, " << kerning << ",\n{}, 0, false};\n\n"
         << "}  // namespace\n\nconst kit_face* kit_" << design.name << "_" << design.size
         << "() { return &kFace; }\n";
 }

@@ -1,7 +1,7 @@
 // Made by scripts/bake from DejaVuSans-Bold.ttf; its notice is in LICENSE-DejaVu.
 // FreeType 2.12.1, CRC-32 of the font fd8ff11c.
 // clang-format off
-#include "words/face_data.h"
+#include "words/baked.h"
 
 namespace {
 
@@ -756,9 +756,11 @@ constexpr std::int8_t kDistance[] = {
 -2,0,0,0,0,0,0,0,0,0,
 };
 
+using Baked = kit::Baked<kGlyphs, kStrokes>;
+
 constexpr kit_face kFace = {
 17, 5, 22, 13,
-kRanges, 108, kStrokes, kGlyphs, nullptr, {kRow, kColumn, kDistance, 30},
+kRanges, 108, Baked::ink, Baked::glyphs, nullptr, {kRow, kColumn, kDistance, 30},
 {}, 0, false};
 
 }  // namespace

@@ -1,7 +1,7 @@
 // Made by scripts/bake from DejaVuSans.ttf; its notice is in LICENSE-DejaVu.
 // FreeType 2.12.1, CRC-32 of the font d74c30b5.
 // clang-format off
-#include "words/face_data.h"
+#include "words/baked.h"
 
 namespace {
 
@@ -88,9 +88,11 @@ constexpr kit::CodeRange kRanges[] = {
 {0x20,0x20,0},{0x25,0x25,1},{0x2b,0x2e,2},{0x30,0x3a,6},{0xb0,0xb0,17},{0x2212,0x2212,18},
 };
 
+using Baked = kit::Baked<kGlyphs, kStrokes>;
+
 constexpr kit_face kFace = {
 90, 23, 113, 70,
-kRanges, 6, kStrokes, kGlyphs, nullptr, {},
+kRanges, 6, Baked::ink, Baked::glyphs, nullptr, {},
 {}, 0, false};
 
 }  // namespace

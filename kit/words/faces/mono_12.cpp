@@ -1,7 +1,7 @@
 // Made by scripts/bake from DejaVuSansMono.ttf; its notice is in LICENSE-DejaVu.
 // FreeType 2.12.1, CRC-32 of the font af544837.
 // clang-format off
-#include "words/face_data.h"
+#include "words/baked.h"
 
 namespace {
 
@@ -452,9 +452,11 @@ constexpr kit::CodeRange kRanges[] = {
 {0x2744,0x2744,707},{0x2764,0x2764,708},{0xfffd,0xfffd,709},
 };
 
+using Baked = kit::Baked<kGlyphs, kStrokes>;
+
 constexpr kit_face kFace = {
 12, 3, 15, 9,
-kRanges, 103, kStrokes, kGlyphs, nullptr, {},
+kRanges, 103, Baked::ink, Baked::glyphs, nullptr, {},
 {}, 0, false};
 
 }  // namespace

@@ -1,7 +1,7 @@
 // Made by scripts/bake from DejaVuSans.ttf; its notice is in LICENSE-DejaVu.
 // FreeType 2.12.1, CRC-32 of the font d74c30b5.
 // clang-format off
-#include "words/face_data.h"
+#include "words/baked.h"
 
 namespace {
 
@@ -495,9 +495,11 @@ constexpr std::int8_t kDistance[] = {
 0,-1,0,-1,0,0,0,0,0,0,0,0,0,0,0,-1,0,0,0,0,-1,0,0,0,0,0,0,0,0,0,0,0,0,-1,-1,-1,0,0,0,0,
 };
 
+using Baked = kit::Baked<kGlyphs, kStrokes>;
+
 constexpr kit_face kFace = {
 11, 3, 14, 8,
-kRanges, 108, kStrokes, kGlyphs, nullptr, {kRow, kColumn, kDistance, 12},
+kRanges, 108, Baked::ink, Baked::glyphs, nullptr, {kRow, kColumn, kDistance, 12},
 {}, 0, false};
 
 }  // namespace

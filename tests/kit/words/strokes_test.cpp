@@ -8,9 +8,8 @@
 #include "support/cases.h"
 #include "support/picture.h"
 #include "support/random.h"
-#include "words/face_data.h"
+#include "words/baked.h"
 #include "words/runs.h"
-#include "words/strokes.h"
 
 namespace {
 
@@ -69,6 +68,36 @@ TEST(StrokesTest, AnUprightGoesOnThroughWiderRunsWhichBeginBesideIt) {
               (Bytes{1, 1, 3,                       // where the arch begins
                      1, 2, 2, 2,                    // the arch
                      2, 0, 0, 1, 6, 4, 3, 1, 3}));  // the stems
+}
+
+// As pages have them, where strokes would not compress.
+TEST(StrokesTest, BakedStrokesBecomeTheRowsThatTheyWereCutFrom) {
+    const Bytes arch = bits_of(
+        "#........."
+        "#.########"
+        "###......#",
+        10);
+    const Bytes dot = bits_of(
+        "##"
+        "#.",
+        2);
+    Bytes strokes = {9};  // before them, as other letters' are
+    kit::BakedGlyph placed[] = {{0, 11, 0, 3, 10, 3}, {0, 3, 1, 2, 2, 2}, {0, 4, 0, 1, 1, 1}};
+    const Bytes cut[] = {
+        kit::strokes_of(arch.data(), 10, 3), kit::strokes_of(dot.data(), 2, 2), {0, 0, 0}};
+    for (std::size_t i = 0; i < 3; ++i) {
+        placed[i].offset = strokes.size() & 0xFFFFFF;
+        strokes.insert(strokes.end(), cut[i].begin(), cut[i].end());
+    }
+    ASSERT_EQ(kit::bytes_of_rows(placed), 9u);
+    const auto rows = kit::rows_of<9>(placed, strokes.data());
+    Bytes all = arch;
+    all.insert(all.end(), dot.begin(), dot.end());
+    all.push_back(0);
+    EXPECT_EQ(Bytes(std::begin(rows.ink), std::end(rows.ink)), all);
+    EXPECT_EQ(rows.glyphs[1].offset, 6u);
+    EXPECT_EQ(rows.glyphs[2].offset, 8u);
+    EXPECT_EQ(rows.glyphs[0].advance, 11u);
 }
 
 TEST(StrokesTest, WhatIsWiderThanAnUprightGoesOnInRunsAsWideAlone) {
