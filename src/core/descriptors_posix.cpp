@@ -101,16 +101,10 @@ void wait_milliseconds(long count) {
 }  // namespace
 
 int open_beside_streams(const char* path, int flags) {
-    const auto opened = [=] { return open(path, flags | O_CLOEXEC, 0666); };
-    if ((flags & O_ACCMODE) == O_RDONLY) {  // nothing that is printed can land in it
-        const int descriptor = opened();
-        if (!is_of_a_stream(descriptor)) return descriptor;
-        close(descriptor);
-    }
     for (;;) {
         const HeldStreams streams;
         if (!streams.complete()) return -1;
-        const int descriptor = opened();
+        const int descriptor = open(path, flags | O_CLOEXEC, 0666);
         if (!is_of_a_stream(descriptor)) return descriptor;
         close(descriptor);  // the host has closed a file of its own there in between
     }
