@@ -15,9 +15,10 @@ option(ORVEL_TEST_WHOLE_PROGRAMS
 #            [LABELS label...]     # of all its cases
 #            [SOME "filter=label,label"...]  # further ones of the cases that the filter names
 #            [SOURCES file...] [LIBRARIES target...] [DEFINITIONS definition...]
-#            [NEEDS target...])    # built before it runs
+#            [NEEDS target...]     # built before it runs
+#            [COUNTED])            # for coverage: it calls what is inline in headers and no library calls
 function(orvel_test name)
-    cmake_parse_arguments(arg "" "" "IF;LABELS;SOME;SOURCES;LIBRARIES;DEFINITIONS;NEEDS" ${ARGN})
+    cmake_parse_arguments(arg "COUNTED" "" "IF;LABELS;SOME;SOURCES;LIBRARIES;DEFINITIONS;NEEDS" ${ARGN})
     orvel_declare(${CMAKE_CURRENT_SOURCE_DIR}/${name}_test.cpp)
     if(DEFINED arg_IF)
         if(${arg_IF})
@@ -26,6 +27,12 @@ function(orvel_test name)
             return()
         endif()
     endif()
+    set(counted ${arg_SOURCES})
+    list(FILTER counted INCLUDE REGEX "^${PROJECT_SOURCE_DIR}/(src|kit)/")
+    if(arg_COUNTED)
+        list(APPEND counted ${name}_test.cpp)
+    endif()
+    set_source_files_properties(${counted} PROPERTIES COMPILE_OPTIONS "${orvel_counted}")
     set(name ${name}_test)
     add_executable(${name} ${name}.cpp ${arg_SOURCES})
     target_link_libraries(${name} PRIVATE test_support ${arg_LIBRARIES})

@@ -16,8 +16,7 @@ constexpr int kDescriptor = 1 << 20;  // beyond those of any process
 
 std::map<std::string, std::string> s_files;
 std::string* s_opened = nullptr;  // the file that kDescriptor stands for
-std::FILE* s_stream = nullptr;    // that reads it
-std::FILE* s_written = nullptr;   // the stream that writes it
+std::size_t s_position = 0;       // where it is read on
 
 bool is_here(const char* path) { return std::strncmp(path, kRoot, std::strlen(kRoot)) == 0; }
 
@@ -27,9 +26,9 @@ std::string* find(const std::string& path) {
     return found == s_files.end() ? nullptr : &found->second;
 }
 
-ssize_t append(void* file, const char* bytes, std::size_t size) {
-    static_cast<std::string*>(file)->append(bytes, size);
-    return static_cast<ssize_t>(size);
+ssize_t copied(void* bytes, std::size_t size, std::size_t position) {
+    if (position >= s_opened->size()) return 0;
+    return static_cast<ssize_t>(s_opened->copy(static_cast<char*>(bytes), size, position));
 }
 
 }  // namespace
@@ -38,17 +37,19 @@ extern "C" {
 
 int __real_open(const char* path, int flags, ...);
 int __real_close(int descriptor);
-std::FILE* __real_fdopen(int descriptor, const char* mode);
-int __real_fileno(std::FILE* stream);
+ssize_t __real_read(int descriptor, void* bytes, std::size_t size);
+ssize_t __real_pread(int descriptor, void* bytes, std::size_t size, off_t position);
+off_t __real_lseek(int descriptor, off_t offset, int from);
+ssize_t __real_write(int descriptor, const void* bytes, std::size_t size);
 int __real_fstat(int descriptor, struct stat* info);
-int __real_setvbuf(std::FILE* stream, char* block, int mode, std::size_t size);
 
 int __wrap_open(const char* path, int flags, ...);
 int __wrap_close(int descriptor);
-std::FILE* __wrap_fdopen(int descriptor, const char* mode);
-int __wrap_fileno(std::FILE* stream);
+ssize_t __wrap_read(int descriptor, void* bytes, std::size_t size);
+ssize_t __wrap_pread(int descriptor, void* bytes, std::size_t size, off_t position);
+off_t __wrap_lseek(int descriptor, off_t offset, int from);
+ssize_t __wrap_write(int descriptor, const void* bytes, std::size_t size);
 int __wrap_fstat(int descriptor, struct stat* info);
-int __wrap_setvbuf(std::FILE* stream, char* block, int mode, std::size_t size);
 
 int __wrap_open(const char* path, int flags, ...) {
     if (!is_here(path)) {
@@ -59,6 +60,7 @@ int __wrap_open(const char* path, int flags, ...) {
         return __real_open(path, flags, mode);
     }
     s_opened = flags & O_CREAT ? &(s_files[path] = "") : find(path);
+    s_position = 0;
     if (s_opened) return kDescriptor;
     errno = ENOENT;
     return -1;
@@ -68,21 +70,28 @@ int __wrap_close(int descriptor) {
     return descriptor == kDescriptor ? 0 : __real_close(descriptor);
 }
 
-std::FILE* __wrap_fdopen(int descriptor, const char* mode) {
-    if (descriptor != kDescriptor) return __real_fdopen(descriptor, mode);
-    s_stream = nullptr;
-    if (*mode == 'w') {
-        s_written = fopencookie(s_opened, mode, {nullptr, append, nullptr, nullptr});
-        return s_written;
-    }
-    static char block[1024];
-    s_stream = fmemopen(s_opened->data(), s_opened->size(), mode);
-    __real_setvbuf(s_stream, block, _IOFBF, sizeof block);
-    return s_stream;
+ssize_t __wrap_read(int descriptor, void* bytes, std::size_t size) {
+    if (descriptor != kDescriptor) return __real_read(descriptor, bytes, size);
+    const ssize_t came = copied(bytes, size, s_position);
+    s_position += static_cast<std::size_t>(came);
+    return came;
 }
 
-int __wrap_fileno(std::FILE* stream) {
-    return stream == s_written ? kDescriptor : __real_fileno(stream);
+ssize_t __wrap_pread(int descriptor, void* bytes, std::size_t size, off_t position) {
+    if (descriptor != kDescriptor) return __real_pread(descriptor, bytes, size, position);
+    return copied(bytes, size, static_cast<std::size_t>(position));
+}
+
+/// The library asks for the end alone.
+off_t __wrap_lseek(int descriptor, off_t offset, int from) {
+    if (descriptor != kDescriptor) return __real_lseek(descriptor, offset, from);
+    return static_cast<off_t>(s_opened->size());
+}
+
+ssize_t __wrap_write(int descriptor, const void* bytes, std::size_t size) {
+    if (descriptor != kDescriptor) return __real_write(descriptor, bytes, size);
+    s_opened->append(static_cast<const char*>(bytes), size);
+    return static_cast<ssize_t>(size);
 }
 
 int __wrap_fstat(int descriptor, struct stat* info) {
@@ -91,11 +100,6 @@ int __wrap_fstat(int descriptor, struct stat* info) {
     info->st_mode = S_IFREG;
     info->st_size = static_cast<off_t>(s_opened->size());
     return 0;
-}
-
-/// Without a block, such a stream would be read byte by byte.
-int __wrap_setvbuf(std::FILE* stream, char* block, int mode, std::size_t size) {
-    return stream == s_stream ? 0 : __real_setvbuf(stream, block, mode, size);
 }
 
 }  // extern "C"

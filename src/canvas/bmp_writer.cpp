@@ -1,8 +1,9 @@
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-#include <vector>
+#include <cstring>
+#include <memory>
 
 #include "canvas/canvas.h"
 #include "core/bytes.h"
@@ -42,29 +43,31 @@ void store_bgr(const orvel_color* row, std::int64_t width, unsigned char* out) {
 
 void store_bgra(const orvel_color* row, std::int64_t width, unsigned char* out) {
     for (std::int64_t x = 0; x < width; ++x) {
-        out[4 * x + 0] = row[x].b;
-        out[4 * x + 1] = row[x].g;
-        out[4 * x + 2] = row[x].r;
-        out[4 * x + 3] = row[x].a;
+        const std::uint32_t pixel = exchanged(word_of(row[x]));
+        std::memcpy(out + 4 * x, &pixel, sizeof pixel);
     }
 }
 
 /// Writes @p header and the rows, bottom row first, each stored by @p store in @p stride bytes.
 int save(const orvel_canvas& canvas, const char* path, const Header& header, std::size_t stride,
          void (*store)(const orvel_color*, std::int64_t, unsigned char*)) {
-    std::FILE* file = open_for_writing(path).release();
-    if (!file) return -1;
-    char* block = static_cast<char*>(std::malloc(kBlockSize));
-    if (block) std::setvbuf(file, block, _IOFBF, kBlockSize);
-    std::fwrite(header.data(), 1, header.size(), file);
-    // Deliberate: if this throws, the file stays open, and with it its block.
-    std::vector<unsigned char> row(stride);
-    for (std::int64_t y = canvas.height - 1; y >= 0; --y) {
-        store(pixel_at(canvas, 0, y), canvas.width, row.data());
-        std::fwrite(row.data(), 1, row.size(), file);
+    File file;
+    if (!file.open_for_writing(path)) return -1;
+    file.write(header.data(), header.size());
+    const auto height = static_cast<std::size_t>(canvas.height);
+    const std::size_t rows_a_block = std::clamp<std::size_t>(kBlockSize / stride, 1, height);
+    file.stay_open(true);  // Deliberate, with its header, if there is no memory for rows.
+    // Zeroed, so that what fills rows up is 0.
+    const std::unique_ptr<unsigned char[]> block(new unsigned char[rows_a_block * stride]());
+    file.stay_open(false);
+    for (std::size_t left = height; left > 0;) {
+        const std::size_t rows = std::min(left, rows_a_block);
+        for (std::size_t i = 0; i < rows; ++i) {
+            const auto y = static_cast<std::int64_t>(--left);
+            store(pixel_at(canvas, 0, y), canvas.width, block.get() + i * stride);
+        }
+        file.write(block.get(), rows * stride);
     }
-    std::fclose(file);
-    std::free(block);
     return 0;
 }
 

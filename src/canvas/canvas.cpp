@@ -28,8 +28,9 @@ int orvel_canvas_height(const orvel_canvas* canvas) { return canvas ? canvas->he
 
 void orvel_canvas_clear(orvel_canvas* canvas, orvel_color color) {
     if (!canvas) return;
-    fill_run(canvas->pixels.get(), static_cast<std::int64_t>(canvas->width) * canvas->height,
-             color);
+    const std::int64_t count = static_cast<std::int64_t>(canvas->width) * canvas->height;
+    if (count >= kLongRun) return fill_long_run(canvas->pixels.get(), count, word_of(color));
+    fill_run(canvas->pixels.get(), count, color);
 }
 
 void orvel_canvas_pixel(orvel_canvas* canvas, int x, int y, orvel_color color) {

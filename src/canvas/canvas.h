@@ -19,7 +19,9 @@ struct orvel_canvas {
 namespace orvel {
 
 inline bool inside(const orvel_canvas& canvas, int x, int y) {
-    return (x | y) >= 0 && x < canvas.width && y < canvas.height;
+    // Negative ones are large numbers without a sign.
+    return static_cast<unsigned>(x) < static_cast<unsigned>(canvas.width) &&
+           static_cast<unsigned>(y) < static_cast<unsigned>(canvas.height);
 }
 
 /// The pixel (x, y), which must be inside.
@@ -37,6 +39,12 @@ inline void store(orvel_color* pixel, std::uint32_t word) {
     std::memcpy(pixel, &word, sizeof word);
 }
 
+/// A pixel with its first and third byte, red and blue, exchanged: as BMP files have them.
+inline std::uint32_t exchanged(std::uint32_t pixel) {
+    const std::uint32_t ends = pixel & word_of({255, 0, 255, 0});
+    return (pixel ^ ends) | ends << 16 | ends >> 16;
+}
+
 /// Stores @p word in @p count pixels from @p first on, with the widest stores that the processor
 /// has: wmemset picks them at run time. It pays for its call from some 24 pixels on, and for runs
 /// of ever other lengths, since it avoids the branch misprediction at the end of a loop.
@@ -46,22 +54,38 @@ inline void fill_any_run(orvel_color* first, std::int64_t count, std::uint32_t w
                  static_cast<std::size_t>(count));
 }
 
-/// Stores @p color in @p count pixels, at least one, from @p first on; faster for short runs of one
-/// length.
+/// From so many pixels on, the nearer caches do not hold a run.
+constexpr std::int64_t kLongRun = 1 << 18;
+
+/// Does the same as fill_any_run(), faster for long runs where the processor has something for
+/// them.
+void fill_long_run(orvel_color* first, std::int64_t count, std::uint32_t word);
+
+/// Four pixels of one colour, in a register.
+using Four [[gnu::vector_size(16)]] = std::uint32_t;
+
+/// Stores @p four at both ends of what is left of a run, fours that may overlap.
+inline void store_ends(orvel_color* first, orvel_color* end, const Four& four) {
+    std::memcpy(first, &four, sizeof four);
+    std::memcpy(end - 4, &four, sizeof four);
+}
+
+/// Stores @p color in @p count pixels, at least one, from @p first on; faster for short runs.
 inline void fill_run(orvel_color* first, std::int64_t count, orvel_color color) {
     constexpr std::int64_t kShort = 24;
     const std::uint32_t word = word_of(color);
+    orvel_color* const end = first + count;
     if (count > kShort) {
         fill_any_run(first, count, word);
     } else if (count >= 4) {
-        // Fours; the last ones may overlap those before them.
-        const std::uint32_t four[4] = {word, word, word, word};
-        for (std::int64_t i = 0; i < count - 4; i += 4) std::memcpy(first + i, four, sizeof four);
-        std::memcpy(first + count - 4, four, sizeof four);
+        const Four four = {word, word, word, word};
+        store_ends(first, end, four);
+        if (count > 8) store_ends(first + 4, end - 4, four);
+        if (count > 16) store_ends(first + 8, end - 8, four);
     } else if (count > 1) {
         const std::uint64_t pair = word * 0x1'0000'0001u;
         std::memcpy(first, &pair, sizeof pair);
-        std::memcpy(first + count - 2, &pair, sizeof pair);
+        std::memcpy(end - 2, &pair, sizeof pair);
     } else {
         *first = color;
     }

@@ -83,11 +83,33 @@ Part clipped(const orvel_canvas& canvas, const Axis& major, const Axis& minor) {
             static_cast<int64_t>(first * m + half - aside * M - M)};
 }
 
-/// Draws verticals and diagonals, which have one stride.
-void draw_straight(const Part& part, int64_t stride, uint32_t word) {
-    orvel_color* pixel = part.first;
+/// Lines of more steps do not stay in the nearest cache.
+constexpr uint64_t kNear = 128;
+/// Pixels so far apart, or several times that, share too few of its places to be fetched ahead.
+constexpr int64_t kCrowded = 1024;
+
+/// Draws verticals and diagonals, which have one stride. Long ones read each pixel before they
+/// store it: processors fetch what many reads miss at once, but what stores miss one after the
+/// other. Inlined, this and draw() would have every line save registers.
+[[gnu::noinline]] void draw_straight(orvel_color* pixel, uint64_t steps, int64_t stride,
+                                     uint32_t word) {
     store(pixel, word);
-    for (uint64_t to_go = part.steps; to_go > 0; --to_go) store(pixel += stride, word);
+    if (steps > kNear && stride % kCrowded != 0) {
+        for (uint64_t to_go = steps; to_go > 0; --to_go) {
+            const volatile std::uint8_t* const fetched = &(pixel += stride)->r;
+            static_cast<void>(*fetched);
+            store(pixel, word);
+        }
+    } else {
+        for (uint64_t to_go = steps; to_go > 0; --to_go) store(pixel += stride, word);
+    }
+}
+
+void draw_vertical(const orvel_canvas& canvas, int x, Span rows, orvel_color color) {
+    rows = visible(rows, canvas.height);
+    if (x < 0 || x >= canvas.width || rows.empty()) return;
+    draw_straight(pixel_at(canvas, x, rows.first), static_cast<uint64_t>(rows.count() - 1),
+                  canvas.width, word_of(color));
 }
 
 /// Draws lines with two strides. The choice between them avoids a branch misprediction per pixel.
@@ -127,8 +149,9 @@ void draw_flat(const Part& part, int64_t M, int64_t m, int64_t column, int64_t r
     }
 }
 
-/// Draws any line but a horizontal one.
-void draw(const orvel_canvas& canvas, int x0, int y0, int x1, int y1, orvel_color color) {
+/// Draws any line but a horizontal or vertical one.
+[[gnu::noinline]] void draw(const orvel_canvas& canvas, int x0, int y0, int x1, int y1,
+                            orvel_color color) {
     const auto [left, right] = std::minmax(x0, x1);
     const auto [top, bottom] = std::minmax(y0, y1);
     if (right < 0 || bottom < 0 || left >= canvas.width || top >= canvas.height) return;
@@ -149,8 +172,8 @@ void draw(const orvel_canvas& canvas, int x0, int y0, int x1, int y1, orvel_colo
     }
     const int64_t column = x1 > x0 ? 1 : -1;
     const int64_t row = y1 > y0 ? canvas.width : -static_cast<int64_t>(canvas.width);
-    if (m == 0 || m == M) {
-        draw_straight(part, m == 0 ? row : row + column, word_of(color));
+    if (m == M) {
+        draw_straight(part.first, part.steps, row + column, word_of(color));
     } else if (!is_steep && M >= kFlat * m) {
         draw_flat(part, M, m, column, row, color);
     } else {
@@ -165,8 +188,12 @@ using namespace orvel;
 
 void orvel_canvas_line(orvel_canvas* canvas, int x0, int y0, int x1, int y1, orvel_color color) {
     if (!canvas) return;
-    if (y0 != y1) return draw(*canvas, x0, y0, x1, y1, color);
-    if (y0 < 0 || y0 >= canvas->height) return;
-    const auto [left, right] = std::minmax(x0, x1);
-    fill_span(*canvas, {left, static_cast<int64_t>(right) + 1}, y0, color);
+    if (y0 == y1) {
+        if (y0 < 0 || y0 >= canvas->height) return;
+        fill_span(*canvas, {std::min(x0, x1), int64_t{std::max(x0, x1)} + 1}, y0, color);
+    } else if (x0 == x1) {
+        draw_vertical(*canvas, x0, {std::min(y0, y1), int64_t{std::max(y0, y1)} + 1}, color);
+    } else {
+        draw(*canvas, x0, y0, x1, y1, color);
+    }
 }

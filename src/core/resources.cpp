@@ -1,5 +1,4 @@
 #include <cstdlib>
-#include <utility>
 
 #include "core/files.h"
 #include "core/state.h"
@@ -35,18 +34,18 @@ std::string resource_path() {
     return base + "/Resources";
 }
 
-File open_resource(const std::string& folder, const std::string& name) {
-    File file;
-    const std::string path = candidate(folder, name, [&file](const std::string& tried) {
-        file = open_for_reading(tried.c_str());
-        return file != nullptr;
+bool open_resource(File& file, const std::string& folder, const std::string& name) {
+    bool is_open = false;
+    const std::string path = candidate(folder, name, [&](const std::string& tried) {
+        is_open = file.open_for_reading(tried.c_str());
+        return is_open;
     });
-    return file ? std::move(file) : open_for_reading(path.c_str());
+    return is_open || file.open_for_reading(path.c_str());
 }
 
 std::string resolve_resource(const std::string& folder, const std::string& name) {
     return candidate(folder, name,
-                     [](const std::string& path) { return opens_for_reading(path.c_str()); });
+                     [](const std::string& path) { return File().open_for_reading(path.c_str()); });
 }
 
 }  // namespace orvel

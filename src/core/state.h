@@ -25,8 +25,8 @@ ORVEL_API std::string resource_path();
 /// Any other gets the first extension under which a file opens, or none when there is no such file.
 ORVEL_API std::string resolve_resource(const std::string& folder, const std::string& name);
 
-/// Opens what resolve_resource() names for binary reading, or returns null. What is found is opened
-/// once, not a second time by its path.
-File open_resource(const std::string& folder, const std::string& name);
+/// Opens what resolve_resource() names for binary reading; false when that fails. What is found is
+/// opened once, not a second time by its path.
+bool open_resource(File& file, const std::string& folder, const std::string& name);
 
 }  // namespace orvel

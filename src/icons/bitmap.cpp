@@ -4,9 +4,9 @@
 // canvas and by what the file has of them, columns by the canvas and by the row.
 #include <algorithm>
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 #include <vector>
 
 #include "canvas/canvas.h"
@@ -25,14 +25,14 @@ constexpr int64_t kBlockBytes = 64 * 1024;
 
 /// What is read of a file's header.
 struct Header {
-    static constexpr std::size_t kBytes = 54;
+    static constexpr int kBytes = 54;
 
     int32_t data;  // where in the file the first stored row begins
     int32_t width;
     int32_t height;  // negative when the top row is stored first
     int32_t bits;    // a pixel
 
-    explicit Header(const unsigned char (&bytes)[kBytes])
+    explicit Header(const unsigned char* bytes)
         : data(static_cast<int32_t>(get_u32(bytes + 10))),
           width(static_cast<int32_t>(get_u32(bytes + 18))),
           height(static_cast<int32_t>(get_u32(bytes + 22))),
@@ -50,21 +50,15 @@ struct Header {
     int64_t image_row(int64_t stored) const { return top_first() ? stored : rows() - 1 - stored; }
 };
 
+/// The beginning of a file, which is read at once: an icon of 64 × 64 as a whole.
+struct Beginning {
+    unsigned char bytes[Header::kBytes + 64 * 64 * 4];
+    int64_t count;
+};
+
 /// Deliberate: a row of so many bytes cannot be had, and the container says so to the host.
 void raise_length_error(int32_t stride) {
     std::vector<unsigned char> row(static_cast<std::size_t>(stride));  // GCOVR_EXCL_BR_LINE: throws
-}
-
-/// Reads up to @p count bytes from @p position on, and returns how many came.
-int64_t read_at(std::FILE* file, int64_t position, unsigned char* bytes, int64_t count) {
-    if (!move_to(file, position)) return 0;
-    return static_cast<int64_t>(std::fread(bytes, 1, static_cast<std::size_t>(count), file));
-}
-
-/// A pixel as it lies in the file, with its first and third byte, blue and red, exchanged.
-uint32_t exchanged(uint32_t pixel) {
-    const uint32_t ends = pixel & word_of({255, 0, 255, 0});
-    return (pixel ^ ends) | ends << 16 | ends >> 16;
 }
 
 /// Blue, green, red; opaque. Compilers draw four at once, each read with the byte behind it.
@@ -127,32 +121,43 @@ Drawn drawn_of(const orvel_canvas& canvas, const Header& header, int64_t file_by
     return {{columns.first - x, columns.end - x}, stored};
 }
 
-/// Draws the bitmap, reading as many rows at once as fit a block.
-void draw_rows(const orvel_canvas& canvas, std::FILE* file, const Header& header, int x, int y) {
+/// Draws @p drawn, whose first pixel is stored at @p from.
+void draw(const orvel_canvas& canvas, const Header& header, const unsigned char* from,
+          const Drawn& drawn, int x, int y) {
+    const auto draw_row = header.bits == 24 ? draw_row_24 : draw_row_32;
+    const auto [columns, stored] = drawn;
+    for (int64_t row = stored.first; row < stored.end; ++row, from += header.stride()) {
+        orvel_color* const to = pixel_at(canvas, x + columns.first, y + header.image_row(row));
+        draw_row(from, to, columns.count());
+    }
+}
+
+/// Draws the bitmap, whose header is in @p beginning, reading as many rows at once as fit a block.
+void draw_rows(const orvel_canvas& canvas, File& file, const Header& header,
+               const Beginning& beginning, int x, int y) {
     const int64_t stride = header.stride();
     if (header.width < 1 || stride == 0 || header.data < 0) return;
-    const auto [columns, stored] = drawn_of(canvas, header, size_of(file), x, y);
+    const auto [columns, stored] = drawn_of(canvas, header, file.size(), x, y);
     if (columns.empty() || stored.empty()) return;
 
     const int64_t left_bytes = columns.first * header.pixel_bytes();    // of a row, not read
     const int64_t last_bytes = columns.count() * header.pixel_bytes();  // of a block's last row
+    const int64_t first_byte = header.data + left_bytes;                // of the first stored row
+    if (first_byte + (stored.end - 1) * stride + last_bytes <= beginning.count) {
+        const unsigned char* const from = beginning.bytes + first_byte + stored.first * stride;
+        return draw(canvas, header, from, {columns, stored}, x, y);
+    }
     const int64_t rows_a_block =
         std::min(stored.count(), std::max<int64_t>(1, kBlockBytes / stride));
-    std::vector<unsigned char> block(
-        static_cast<std::size_t>((rows_a_block - 1) * stride + last_bytes));
+    const auto block_bytes = static_cast<std::size_t>((rows_a_block - 1) * stride + last_bytes);
+    const std::unique_ptr<unsigned char[]> block(new unsigned char[block_bytes]);
     for (int64_t first = stored.first; first < stored.end; first += rows_a_block) {
         const int64_t rows = std::min(rows_a_block, stored.end - first);
         const int64_t wanted = (rows - 1) * stride + last_bytes;
-        const int64_t came =
-            read_at(file, header.data + first * stride + left_bytes, block.data(), wanted);
+        const auto came = static_cast<int64_t>(file.read_at(
+            first_byte + first * stride, block.get(), static_cast<std::size_t>(wanted)));
         const int64_t whole_rows = came == wanted ? rows : (left_bytes + came) / stride;
-        for (int64_t i = 0; i < whole_rows; ++i) {
-            const unsigned char* const from = block.data() + i * stride;
-            orvel_color* const to =
-                pixel_at(canvas, x + columns.first, y + header.image_row(first + i));
-            if (header.bits == 24) draw_row_24(from, to, columns.count());
-            if (header.bits == 32) draw_row_32(from, to, columns.count());
-        }
+        draw(canvas, header, block.get(), {columns, {first, first + whole_rows}}, x, y);
         if (whole_rows < rows) return;
     }
 }
@@ -164,15 +169,16 @@ using namespace orvel;
 
 int orvel_icon_draw_bitmap(orvel_canvas* canvas, const char* name, int x, int y) {
     if (!canvas || !name) return -1;
-    const File file = open_resource("Icons", name);
-    if (!file) return -1;
-    std::setvbuf(file.get(), nullptr, _IONBF, 0);  // each read is a block of its own
-    unsigned char bytes[Header::kBytes];
-    if (std::fread(bytes, 1, sizeof bytes, file.get()) != sizeof bytes) return -1;
-    if (bytes[0] != 'B' || bytes[1] != 'M') return -1;
+    File file;
+    if (!open_resource(file, "Icons", name)) return -1;
+    const std::unique_ptr<Beginning> beginning(new Beginning);  // more than small stacks have
+    unsigned char* const bytes = beginning->bytes;
+    beginning->count =
+        static_cast<int64_t>(file.read(bytes, Header::kBytes, sizeof beginning->bytes));
+    if (beginning->count < Header::kBytes || bytes[0] != 'B' || bytes[1] != 'M') return -1;
     const Header header(bytes);
     if (header.bits != 24 && header.bits != 32) return -1;
     if (header.stride() < 0) raise_length_error(header.stride());  // GCOVR_EXCL_BR_LINE: throws
-    draw_rows(*canvas, file.get(), header, x, y);
+    draw_rows(*canvas, file, header, *beginning, x, y);
     return 0;
 }

@@ -16,9 +16,9 @@ constexpr std::size_t kMostSamples = (16u << 20) / sizeof(std::int16_t);
 constexpr std::size_t kBlockSamples = 4096;
 
 /// What libsndfile would wait at is none: FIFOs and devices.
-bool is_regular(std::FILE* file) {
+bool is_regular(int descriptor) {
     struct stat info = {};
-    return fstat(fileno(file), &info) == 0 && S_ISREG(info.st_mode);
+    return fstat(descriptor, &info) == 0 && S_ISREG(info.st_mode);
 }
 
 /// Louder than full scale is full scale, and no number is silence. libsndfile's own conversion
@@ -62,10 +62,10 @@ void append_silence(Effect& effect) {
 }  // namespace
 
 Effect decode_effect(const Sndfile& sndfile, const std::string& path) {
-    const File file = open_for_reading(path.c_str());
-    if (!file || !is_regular(file.get())) return {};
+    File file;
+    if (!file.open_for_reading(path.c_str()) || !is_regular(file.descriptor())) return {};
     Sndfile::Info info = {};
-    const Decoder decoder(sndfile.open_fd(fileno(file.get()), Sndfile::kRead, &info, 0),
+    const Decoder decoder(sndfile.open_fd(file.descriptor(), Sndfile::kRead, &info, 0),
                           sndfile.close);
     if (!decoder || info.rate < 1 || info.channels < 1 || info.channels > Pulse::kMostChannels) {
         return {};

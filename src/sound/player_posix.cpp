@@ -37,8 +37,9 @@ bool is_executable(const Player& player) { return access(player.program, X_OK) =
 /// Whether the file is of the MPEG-4 family: its first box is "ftyp".
 bool is_m4a(const char* path) {
     char head[8] = {};
-    const File file = open_for_reading(path);
-    return file && std::fread(head, 1, sizeof head, file.get()) == sizeof head &&
+    File file;
+    return file.open_for_reading(path) &&
+           file.read(head, sizeof head, sizeof head) == sizeof head &&
            std::memcmp(head + 4, "ftyp", 4) == 0;
 }
 

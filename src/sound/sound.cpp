@@ -18,7 +18,7 @@ void stop_music() {
 
 /// Whether the file opens; says so either way.
 bool announce(const std::string& path, const char* found, const char* missing) {
-    const bool opens = opens_for_reading(path.c_str());
+    const bool opens = File().open_for_reading(path.c_str());
     std::fprintf(stderr, "[OrvelSDK] %s: %s\n", opens ? found : missing, path.c_str());
     return opens;
 }

@@ -34,12 +34,10 @@ constexpr ThemeKey kThemeKeys[] = {
 };
 constexpr std::size_t kKeyCount = sizeof kThemeKeys / sizeof *kThemeKeys;
 
-std::string read_all(std::FILE* file) {
+std::string read_all(File& file) {
     std::string text;
     char block[4096];
-    while (const std::size_t size = std::fread(block, 1, sizeof block, file)) {
-        text.append(block, size);
-    }
+    while (const std::size_t size = file.read(block, 1, sizeof block)) text.append(block, size);
     return text;
 }
 
@@ -86,10 +84,10 @@ using namespace orvel;
 
 int orvel_theme_load(orvel_theme* theme, const char* name) {
     if (!theme || !name) return -1;
-    File file = open_resource("UI", name);
-    if (!file) return -1;
-    const std::string text = read_all(file.get());
-    file.reset();
+    File file;
+    if (!open_resource(file, "UI", name)) return -1;
+    const std::string text = read_all(file);
+    file.close();
 
     orvel_theme loaded = *theme;  // memory may run out at a value; the host's record is then whole
     const auto ends = find_keys(text);
@@ -108,25 +106,27 @@ int orvel_theme_load(orvel_theme* theme, const char* name) {
 int orvel_theme_save(const orvel_theme* theme, const char* name) {
     if (!theme || !name) return -1;
     const std::string path = resolve_resource("UI", name);
-    const File file = open_for_writing(path.c_str());
-    if (!file) return -1;
-    // Deliberate: neither the writes nor the close are checked, and alpha is not stored.
-    std::fprintf(file.get(),
-                 "{\n"
-                 "  \"background\":   \"%s\",\n"
-                 "  \"surface\":      \"%s\",\n"
-                 "  \"text\":         \"%s\",\n"
-                 "  \"accent\":       \"%s\",\n"
-                 "  \"border\":       \"%s\",\n"
-                 "  \"button\":       \"%s\",\n"
-                 "  \"button_hover\": \"%s\",\n"
-                 "  \"button_text\":  \"%s\",\n"
-                 "  \"error\":        \"%s\"\n"
-                 "}\n",
-                 HexText(theme->background).text, HexText(theme->surface).text,
-                 HexText(theme->text).text, HexText(theme->accent).text,
-                 HexText(theme->border).text, HexText(theme->button).text,
-                 HexText(theme->button_hover).text, HexText(theme->button_text).text,
-                 HexText(theme->error).text);
+    File file;
+    if (!file.open_for_writing(path.c_str())) return -1;
+    char text[300];  // of which 264 are filled, whatever the colours
+    const int size = std::snprintf(text, sizeof text,
+                                   "{\n"
+                                   "  \"background\":   \"%s\",\n"
+                                   "  \"surface\":      \"%s\",\n"
+                                   "  \"text\":         \"%s\",\n"
+                                   "  \"accent\":       \"%s\",\n"
+                                   "  \"border\":       \"%s\",\n"
+                                   "  \"button\":       \"%s\",\n"
+                                   "  \"button_hover\": \"%s\",\n"
+                                   "  \"button_text\":  \"%s\",\n"
+                                   "  \"error\":        \"%s\"\n"
+                                   "}\n",
+                                   HexText(theme->background).text, HexText(theme->surface).text,
+                                   HexText(theme->text).text, HexText(theme->accent).text,
+                                   HexText(theme->border).text, HexText(theme->button).text,
+                                   HexText(theme->button_hover).text,
+                                   HexText(theme->button_text).text, HexText(theme->error).text);
+    // Deliberate: neither the write nor the close is checked, and alpha is not stored.
+    file.write(text, static_cast<std::size_t>(size));
     return 0;
 }

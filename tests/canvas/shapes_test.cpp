@@ -92,6 +92,29 @@ TEST(LineTest, StraightAndDiagonalLinesIncludeBothEnds) {
     EXPECT_EQ(line(4, 4, 3, 0, 0, 3), "...#\n..#.\n.#..\n#...\n");
 }
 
+TEST(LineTest, LongVerticalsAndDiagonalsAreTheirPixelsAloneOnCanvasesOfAnyWidth) {
+    constexpr int kHeight = 300, kFirst = 20, kLast = 279;
+    for (const int width : {300, 1023, 1024, 1025, 2048}) {
+        for (const int aside : {-1, 0, 1}) {
+            const int top = 150 - aside * (kLast - kFirst) / 2,
+                      bottom = top + aside * (kLast - kFirst);
+            for (const bool up : {false, true}) {
+                const auto canvas = make_canvas(width, kHeight);
+                orvel_canvas_line(canvas.get(), up ? bottom : top, up ? kLast : kFirst,
+                                  up ? top : bottom, up ? kFirst : kLast, kInk);
+                for (int y = 0; y < kHeight; ++y) {
+                    for (int x = 0; x < width; ++x) {
+                        const bool on =
+                            y >= kFirst && y <= kLast && x == top + aside * (y - kFirst);
+                        ASSERT_EQ(orvel_canvas_pixel_get(canvas.get(), x, y), on ? kInk : kBlack)
+                            << x << ", " << y << " of " << width << ", aside " << aside;
+                    }
+                }
+            }
+        }
+    }
+}
+
 TEST(LineTest, OnlyTheVisiblePartIsDrawn) {
     EXPECT_EQ(line(4, 2, -10, 0, 10, 0), "####\n....\n");
     EXPECT_EQ(line(4, 2, 10, 1, -10, 1), "....\n####\n");
@@ -307,6 +330,21 @@ TEST(TriangleTest, PointsOnALineDrawTheLatticePointsOfTheWholeLineWithinTheirRow
     EXPECT_EQ(triangle(4, 3, 1, 1, 1, 9, 1, 5), "....\n.#..\n.#..\n");
 }
 
+TEST(TriangleTest, FarDownALongEdgeAPixelThatItMeetsIsStillInside) {
+    // In 28086 of 32767 rows the edge moves by 7020 of 8190 columns, from -7015 to 5.
+    constexpr int kRow = 28086 - 16384;
+    const auto canvas = make_canvas(10, kRow + 1);
+    for (const auto& [far, row] :
+         {std::pair(16000, ".....#####"), std::pair(-16000, "######....")}) {
+        orvel_canvas_clear(canvas.get(), kBlack);
+        orvel_canvas_fill_triangle(canvas.get(), -7015, -16384, 1175, 16383, far, 16383, kInk);
+        for (int x = 0; x < 10; ++x) {
+            EXPECT_EQ(orvel_canvas_pixel_get(canvas.get(), x, kRow), row[x] == '#' ? kInk : kBlack)
+                << far << ", " << x;
+        }
+    }
+}
+
 TEST(TriangleTest, EdgeFunctionsWrap) {
     // The long side's edge function is 2^32 - 65536 (x + y), which wraps to a negative number
     // beside two that are not.
@@ -324,6 +362,19 @@ TEST(TriangleTest, ARowIsFilledFromItsFirstInsidePixelToItsLastWhateverIsBetween
     // The edge functions are 65536 x, 32769 y and 2^31 + 65536 - 65536 x - 32769 y, which wraps to
     // a negative number from 2^31 on: at (0, 0), where the others are zero, at (1, 0) and (0, 1).
     EXPECT_EQ(triangle(4, 3, 0, 0, 32769, 0, 0, 65536), "####\n.###\n####\n");
+}
+
+TEST(TriangleTest, WhereAnEdgeFunctionIsOneAlreadyAPixelOfALargeTriangleIsOutside) {
+    // That of the side from (2, 0) to (2, 1) is x - 2; at (3, 0) the others are -20003 and 0.
+    const int points[3][2] = {{2, 0}, {-20000, 0}, {2, 1}};
+    for (int first = 0; first < 3; ++first) {
+        const auto& a = points[first];
+        const auto& b = points[(first + 1) % 3];
+        const auto& c = points[(first + 2) % 3];
+        EXPECT_EQ(triangle(5, 2, a[0], a[1], b[0], b[1], c[0], c[1]),
+                  "###..\n"
+                  "..#..\n");
+    }
 }
 
 TEST(TriangleTest, OnAWideCanvasTheEdgeFunctionsOfNearPointsWrapToo) {

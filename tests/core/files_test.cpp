@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cerrno>
 #include <filesystem>
 #include <string>
 #include <thread>
@@ -38,22 +39,34 @@ protected:
         return machine().opened_as;
     }
 
-    /// How often @p body lets the library open something.
+    /// Draws a picture, and the number that its file had.
+    int read() const {
+        EXPECT_EQ(orvel_icon_draw_bitmap(canvas.get(), "two.bmp", 0, 0), 0);
+        return machine().opened_as;
+    }
+
+    /// The calls that @p body lets the library make, which fail by @p plan.
     template <typename Body>
-    std::ptrdiff_t openings(const Body& body) const {
-        begin_run({});
+    std::vector<Call> calls_of(const Body& body, const Plan& plan = {}) const {
+        begin_run(plan);
         captured([&body] {
             const Armed armed;
             body();
         });
-        const std::vector<Call> made = calls_of_run();
-        return std::count(made.begin(), made.end(), Call::open);
+        return calls_of_run();
+    }
+
+    /// How often @p body lets the library make that call.
+    template <typename Body>
+    std::ptrdiff_t count_of(Call call, const Body& body) const {
+        const std::vector<Call> made = calls_of(body);
+        return std::count(made.begin(), made.end(), call);
     }
 
     /// Plays a track that is always found under a lease; how often it was tried.
     std::ptrdiff_t tries_to_play(const char* name) const {
         always(Call::open, Way::leased);
-        return openings([name] { EXPECT_EQ(orvel_play_music(name), -1); });
+        return count_of(Call::open, [name] { EXPECT_EQ(orvel_play_music(name), -1); });
     }
 
     const TempFolder folder;
@@ -84,6 +97,23 @@ TEST_F(FilesTest, AFileThatIsWrittenGetsTheFirstNumberBehindTheStreamsWhicheverA
     }
 }
 
+TEST_F(FilesTest, AFileThatIsReadKeepsNoNumberOfAStreamWhicheverAreClosed) {
+    write_file(folder / "Icons/two.bmp", BmpHeader{2, 2}.bytes() + kTwoByTwo);
+    for (int closed = 0; closed < 8; ++closed) {
+        const int status = in_child([this, closed] {
+            const int first = fcntl(STDERR_FILENO, F_DUPFD, STDERR_FILENO + 1);
+            close(first);
+            for (const int stream : kStreams) {
+                if (closed >> stream & 1) close(stream);
+            }
+            const int before = open_descriptors();
+            if (read() != first) return 1;
+            return open_descriptors() == before ? 0 : 2;
+        });
+        EXPECT_EQ(status, 0) << closed;
+    }
+}
+
 TEST_F(FilesTest, AFileGetsNoNumberThatTheHostGivesUpWhileItIsOpened) {
     for (const int stream : kStreams) {
         const int status = in_child([this, stream] {
@@ -109,13 +139,45 @@ TEST_F(FilesTest, AStreamThatTheHostOpensWhileItIsHeldStaysTheHosts) {
 TEST_F(FilesTest, APictureIsOpenedOnceUnderEachNameThatIsTried) {
     write_file(folder / "Icons/two.bmp", BmpHeader{2, 2}.bytes() + kTwoByTwo);
     const auto drawn = [this](const char* name, int result) {
-        return openings(
-            [&] { EXPECT_EQ(orvel_icon_draw_bitmap(canvas.get(), name, 0, 0), result); });
+        return count_of(Call::open, [&] {
+            EXPECT_EQ(orvel_icon_draw_bitmap(canvas.get(), name, 0, 0), result);
+        });
     };
     EXPECT_EQ(drawn("two.bmp", 0), 1);
     EXPECT_EQ(drawn("two", 0), 3);       // .wav, .mp3, .bmp
     EXPECT_EQ(drawn("missing", -1), 8);  // seven extensions, and none
     EXPECT_EQ(drawn("missing.bmp", -1), 1);
+}
+
+TEST_F(FilesTest, AnIconOf64By64IsReadTogetherWithItsHeader) {
+    write_file(folder / "Icons/icon.bmp",
+               BmpHeader{64, 64, 32}.bytes() + std::string(64 * 64 * 4, 'x'));
+    const auto draw = [this] { orvel_icon_draw_bitmap(canvas.get(), "icon.bmp", 0, 0); };
+    EXPECT_EQ(count_of(Call::read, draw), 1);
+    EXPECT_EQ(count_of(Call::pread, draw), 0);
+}
+
+TEST_F(FilesTest, AWriteThatIsInterruptedIsMadeAgain) {
+    const std::string path = folder / "saved.bmp";
+    const auto save = [&] {
+        std::filesystem::remove(path);
+        EXPECT_EQ(orvel_canvas_save_bmp(canvas.get(), path.c_str()), 0);
+    };
+    const std::vector<Call> made = calls_of(save);
+    const std::string whole = read_file(path);
+    EXPECT_EQ(std::count(made.begin(), made.end(), Call::write), 2);
+    for (std::size_t i = 0; i < made.size(); ++i) {
+        if (made[i] != Call::write) continue;
+        calls_of(save, {static_cast<int>(i), Way::interrupted});
+        EXPECT_EQ(read_file(path), whole) << i;
+    }
+}
+
+TEST_F(FilesTest, AFileEndsWhereItEndsThoughACallOfTheHostsWasInterrupted) {
+    write_file(folder / "Icons/short.bmp", "BM");
+    errno = EINTR;
+    EXPECT_EQ(orvel_icon_draw_bitmap(canvas.get(), "short.bmp", 0, 0), -1);
+    EXPECT_EQ(errno, EINTR);  // no call of the library's has replaced it
 }
 
 TEST_F(FilesTest, AStreamThatWasHeldIsTheHostsAfterwardsAlsoForAFolder) {

@@ -70,6 +70,16 @@ TEST_F(IconBitmapTest, PixelsStartWhereTheHeaderSays) {
     EXPECT_EQ(drawn(BmpHeader{2, 2, 24, 59}.bytes() + "12345" + kTwoByTwo, 0, 0, 2, 2), "bw\nrg\n");
 }
 
+TEST_F(IconBitmapTest, PixelsOnBothSidesOfWhatIsReadTogetherWithTheHeaderAreDrawnLikeOthers) {
+    constexpr int kTogether = 54 + 64 * 64 * 4;
+    for (int data = kTogether - 20; data <= kTogether + 4; ++data) {
+        const std::string before(static_cast<std::size_t>(data) - 54, 'x');
+        const std::string bytes = BmpHeader{2, 2, 24, data}.bytes() + before + kTwoByTwo;
+        EXPECT_EQ(drawn(bytes, 0, 0, 2, 2), "bw\nrg\n") << data;
+        EXPECT_EQ(drawn(bytes, -1, -1, 1, 1), "g\n") << data;
+    }
+}
+
 TEST_F(IconBitmapTest, PixelsMayOverlapTheHeader) {
     // From byte 51 on: the last three bytes of the header are one pixel, its padding follows.
     const auto canvas = make_canvas(1, 1);

@@ -25,14 +25,14 @@ Display::Display(const std::string& size) {
 }
 
 bool Display::find(const std::string& title) {
-    // A search fails when a window goes while it looks at it.
+    // A window may go while it is looked for, and before it has the focus.
     for (int attempt = 0; attempt < 3; ++attempt) {
         const Finished found = run({"timeout", "10", "xdotool", "search", "--sync", "--onlyvisible",
                                     "--name", "^" + title + "$"});
         window_ = found.output.substr(0, found.output.find('\n'));
         if (found.status != 0) continue;
-        xdotool({"windowfocus", "--sync", window_});
-        return true;
+        if (run({"timeout", "10", "xdotool", "windowfocus", "--sync", window_}).status == 0)
+            return true;
     }
     return false;
 }
@@ -70,7 +70,7 @@ void Display::resize(int width, int height) {
 }
 
 void Display::photograph(const std::string& file) {
-    const Finished done = run({"import", "-window", window_, file});
+    const Finished done = run({"timeout", "30", "import", "-window", window_, file});
     EXPECT_EQ(done.status, 0) << done.error;
 }
 

@@ -17,22 +17,18 @@ namespace {
 struct Description {
     const char* name;
     int error;
-    enum { whole, partial, interrupted, leased } also = whole;
+    enum { whole, partial, interrupted, partial_or_interrupted, leased } also = whole;
 };
 
 constexpr Description kDescriptions[] = {
     {"new", ENOMEM},
-    {"malloc", ENOMEM},
     {"open", EMFILE, Description::leased},
     {"creat", EMFILE},
     {"open /", EMFILE},
-    {"fdopen", ENOMEM},
     {"close", EIO},
-    {"fclose", ENOSPC},
-    {"fread", EIO, Description::partial},
-    {"fseek", EIO},
-    {"ftell", EIO},
-    {"setvbuf", ENOMEM},
+    {"read", EIO, Description::partial_or_interrupted},
+    {"pread", EIO, Description::partial_or_interrupted},
+    {"lseek", EIO},
     {"fwrite", ENOSPC, Description::partial},
     {"write", ENOSPC, Description::partial},
     {"fstat", EIO},
@@ -127,6 +123,8 @@ std::vector<Way> ways_of(Call call) {
     switch (description_of(call).also) {
     case Description::partial: return {Way::fails, Way::first_byte, Way::half, Way::all_but_last};
     case Description::interrupted: return {Way::fails, Way::interrupted};
+    case Description::partial_or_interrupted:
+        return {Way::fails, Way::first_byte, Way::half, Way::all_but_last, Way::interrupted};
     case Description::leased: return {Way::fails, Way::leased};
     case Description::whole: break;
     }

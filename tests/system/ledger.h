@@ -10,17 +10,13 @@ namespace orvel_test {
 /// What the library calls and can be refused.
 enum class Call {
     allocate,
-    malloc,
     open,
     create,
     hold_stream,
-    fdopen,
     close,
-    fclose,
-    fread,
-    fseek,
-    ftell,
-    setvbuf,
+    read,
+    pread,
+    lseek,
     fwrite,  // and fprintf, fputs
     write,
     fstat,
@@ -60,8 +56,8 @@ constexpr int kCalls = static_cast<int>(Call::pa_operation_get_state) + 1;
 
 const char* name_of(Call call);
 
-/// How a call turns out. Reads and writes can also move a part of the bytes, waits be interrupted,
-/// and files be under another process's lease.
+/// How a call turns out. Reads and writes can also move a part of the bytes, reads and waits be
+/// interrupted, and files be under another process's lease.
 enum class Way { succeeds, fails, first_byte, half, all_but_last, interrupted, leased };
 
 /// The ways in which a call can fail.

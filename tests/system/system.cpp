@@ -11,7 +11,6 @@
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <map>
 #include <utility>
@@ -46,29 +45,10 @@ private:
     int count_ = 0;
 };
 
-Lent<std::FILE*> s_files;
-Lent<void*> s_blocks;
 Lent<int> s_descriptors;
 char s_log[4096];
 std::size_t s_log_size = 0;
 std::string s_tone_path;
-
-std::FILE* lend(std::FILE* file) {
-    if (file && is_armed()) s_files.add(file);
-    return file;
-}
-
-void* allocated(std::size_t size) {
-    if (fails(Call::malloc)) return nullptr;
-    void* const block = std::malloc(size);
-    if (is_armed()) s_blocks.add(block);
-    return block;
-}
-
-void released(void* block) {
-    s_blocks.remove(block);
-    std::free(block);
-}
 
 bool is_tone(const char* path) { return std::strcmp(path, "/tmp/orvelsdk_tone.wav") == 0; }
 
@@ -105,22 +85,26 @@ int closed(int descriptor) {
     return failing ? -1 : result;
 }
 
-std::FILE* opened_descriptor(int descriptor, const char* mode) {
-    if (fails(Call::fdopen)) return nullptr;
-    s_descriptors.remove(descriptor);
-    return lend(fdopen(descriptor, mode));
+/// A part is one of what there is to read.
+ssize_t read_on(int descriptor, void* bytes, std::size_t size) {
+    const Way way = way_of(Call::read);
+    if (way == Way::succeeds) return read(descriptor, bytes, size);
+    if (!is_partial(way)) return -1;
+    const ssize_t whole = read(descriptor, bytes, size);
+    if (whole < 0) return whole;
+    const auto came = static_cast<ssize_t>(part(way, static_cast<std::size_t>(whole)));
+    lseek(descriptor, came - whole, SEEK_CUR);
+    return came;
 }
 
-int closed_file(std::FILE* file) {
-    const bool failing = fails(Call::fclose);
-    s_files.remove(file);
-    const int result = std::fclose(file);
-    return failing ? EOF : result;
+ssize_t read_there(int descriptor, void* bytes, std::size_t size, off_t position) {
+    const Way way = way_of(Call::pread);
+    if (way != Way::succeeds && !is_partial(way)) return -1;
+    return pread(descriptor, bytes, part(way, size), position);
 }
 
-std::size_t read_file(void* bytes, std::size_t size, std::size_t count, std::FILE* file) {
-    const Way way = way_of(Call::fread);
-    return way == Way::fails ? 0 : std::fread(bytes, 1, part(way, size * count), file) / size;
+off_t sought(int descriptor, off_t offset, int from) {
+    return fails(Call::lseek) ? -1 : lseek(descriptor, offset, from);
 }
 
 /// Every way of writing to a stream.
@@ -167,24 +151,11 @@ int written_checked_text(std::FILE* file, int, const char* format, ...) {
     return size;
 }
 
-int sought(std::FILE* file, long offset, int from) {
-    return fails(Call::fseek) ? -1 : std::fseek(file, offset, from);
-}
-
-int sought_far(std::FILE* file, off_t offset, int from) {
-    return fails(Call::fseek) ? -1 : fseeko(file, offset, from);
-}
-
-off_t told(std::FILE* file) { return fails(Call::ftell) ? -1 : ftello(file); }
-
-int buffered(std::FILE* file, char* buffer, int mode, std::size_t size) {
-    return fails(Call::setvbuf) ? -1 : std::setvbuf(file, buffer, mode, size);
-}
-
 ssize_t written(int descriptor, const void* bytes, std::size_t size) {
     const Way way = way_of(Call::write);
     note("write %zu", size);
-    return way == Way::fails ? -1 : write(descriptor, bytes, part(way, size));
+    if (way != Way::succeeds && !is_partial(way)) return -1;
+    return write(descriptor, bytes, part(way, size));
 }
 
 int described(int descriptor, struct stat* info) {
@@ -225,21 +196,15 @@ void* address(Function* function) {
 
 const std::map<std::string, void*>& replacements() {
     static const std::map<std::string, void*> functions = {
-        {"malloc", address(allocated)},
-        {"free", address(released)},
         {"open", address(opened)},
         {"close", address(closed)},
-        {"fdopen", address(opened_descriptor)},
-        {"fclose", address(closed_file)},
-        {"fread", address(read_file)},
+        {"read", address(read_on)},
+        {"pread", address(read_there)},
+        {"lseek", address(sought)},
         {"fwrite", address(written_file)},
         {"fputs", address(written_line)},
         {"fprintf", address(written_text)},
         {"__fprintf_chk", address(written_checked_text)},
-        {"fseek", address(sought)},
-        {"fseeko", address(sought_far)},
-        {"ftello", address(told)},
-        {"setvbuf", address(buffered)},
         {"write", address(written)},
         {"fstat", address(described)},
         {"fstatat", address(described_path)},
@@ -304,16 +269,14 @@ std::string taken_log() {
 }
 
 std::string left_behind() {
-    return counted(s_descriptors.count(), "descriptor") + counted(s_files.count(), "file") +
-           counted(s_blocks.count(), "block") + counted(live_sound_objects(), "sound object") +
+    return counted(s_descriptors.count(), "descriptor") +
+           counted(live_sound_objects(), "sound object") +
            counted(loaded_libraries(), loaded_libraries() == 1 ? "library" : "libraries") +
            counted(unreaped_players(), "player");
 }
 
 void clean_up() {
     while (s_descriptors.count() > 0) closed(s_descriptors.last());
-    while (s_files.count() > 0) closed_file(s_files.last());
-    while (s_blocks.count() > 0) released(s_blocks.last());
     end_all_players();
     s_log_size = 0;
 }

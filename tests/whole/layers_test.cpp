@@ -83,7 +83,7 @@ std::string complaint(const Library& library, const std::string& folder, const s
 /// Whether a file's name says that it is of a platform.
 bool is_of_a_platform(const std::string& file) {
     const std::string stem = fs::path(file).stem().string();
-    for (const std::string end : {"_posix", "_linux", "_apple"}) {
+    for (const std::string end : {"_posix", "_linux", "_apple", "_x86"}) {
         if (stem.size() > end.size() && stem.substr(stem.size() - end.size()) == end) return true;
     }
     return false;
@@ -131,7 +131,9 @@ void expect_no_platform(const fs::path& inside, const std::string& source) {
     for (const std::string& name : includes(source, '"', '"')) {
         EXPECT_FALSE(is_of_a_platform(name)) << inside << " includes " << name;
     }
-    EXPECT_EQ(source.find("#if"), std::string::npos) << inside << " differs by platform";
+    for (const std::string words : {"#if", "asm"}) {
+        EXPECT_EQ(source.find(words), std::string::npos) << inside << " differs by platform";
+    }
 }
 
 TEST(LayersTest, OnlyTheFilesOfAPlatformKnowOne) {
@@ -173,6 +175,7 @@ TEST(LayersTest, AnIncludeThatKnowsAPlatformWouldBeSeen) {
     EXPECT_TRUE(is_of_a_platform("core/files_posix.cpp"));
     EXPECT_TRUE(is_of_a_platform("core/descriptors_posix.h"));
     EXPECT_TRUE(is_of_a_platform("sound/system_sound_apple.cpp"));
+    EXPECT_TRUE(is_of_a_platform("canvas/long_run_x86.cpp"));
     EXPECT_FALSE(is_of_a_platform("core/files_none.cpp"));
     EXPECT_FALSE(is_of_a_platform("core/_posix/files.cpp"));
 }

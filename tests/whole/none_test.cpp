@@ -69,6 +69,14 @@ TEST_F(NoneTest, PicturesAreSavedAndDrawnAgain) {
     EXPECT_EQ(status_of("missing"), -1);
 }
 
+TEST_F(NoneTest, PicturesOfSeveralBlocksAreSavedAndDrawnAgain) {
+    const auto canvas = make_canvas(300, 200), copy = make_canvas(300, 200);
+    orvel_draw_icon(canvas.get(), "world", 2, 2, 190, {200, 100, 50, 128});
+    EXPECT_EQ(orvel_canvas_save_bmp_rgba(canvas.get(), path("32.bmp").c_str()), 0);
+    EXPECT_EQ(orvel_icon_draw_bitmap(copy.get(), "32", 0, 0), 0);
+    EXPECT_EQ(checksum(copy.get()), checksum(canvas.get()));
+}
+
 TEST_F(NoneTest, OfABitmapThatEndsEarlyTheWholeRowsAreDrawn) {
     const std::string cut = (BmpHeader{2, -2}.bytes() + kTwoByTwo).substr(0, 54 + 15);
     EXPECT_EQ(drawn(cut, 0, 0, 2, 2), "rg\n..\n");
@@ -90,8 +98,8 @@ TEST_F(NoneTest, ThemesAreSavedAndLoadedAgain) {
 bool is_standard(const std::string& name) {
     constexpr const char* kNames =
         " abs bcmp cos fclose fopen fprintf fputs fread free fseek ftell fwrite getenv malloc"
-        " memchr memcmp memcpy memmove memset round setvbuf sin sincos snprintf sqrt stderr strcmp"
-        " strlen wmemset ";
+        " memchr memcmp memcpy memmove memset round setvbuf sin sincos snprintf sqrt sqrtf stderr"
+        " strcmp strlen wmemset ";
     return name.rfind("_", 0) == 0 || std::strstr(kNames, (" " + name + " ").c_str()) != nullptr;
 }
 

@@ -86,16 +86,16 @@ Observed observe(const Scenario& scenario, const Plan& plan, const std::string& 
                                    : observe_here(scenario, plan, root, memory);
 }
 
-/// "fread 2" for the second call of fread.
+/// "read 2" for the second call of read.
 std::string numbered(const std::vector<Call>& calls, const Plan& plan) {
     const auto here = calls.begin() + plan.first;
     return name_of(*here) + (" " + std::to_string(std::count(calls.begin(), here + 1, *here)));
 }
 
 /// The names by which rules can mean the call that a plan lets fail. A lease that ends is waited
-/// for: no rule is needed.
+/// for, and a call that was interrupted is made again: no rule is needed.
 std::set<std::string> names_of(const std::vector<Call>& calls, const Plan& plan) {
-    if (plan.way == Way::leased && !plan.lasting) return {};
+    if ((plan.way == Way::leased || plan.way == Way::interrupted) && !plan.lasting) return {};
     const auto here = calls.begin() + plan.first;
     const std::string name = name_of(*here);
     std::set<std::string> names = {name, numbered(calls, plan)};

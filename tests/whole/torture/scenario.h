@@ -10,7 +10,7 @@
 namespace orvel_test::torture {
 
 /// What the host tells when one call fails: "open" is every call of open, "open 2" the second,
-/// "fread short" every call of fread that brings a part of the bytes, "fread half" half of them.
+/// "read short" every call of read that brings a part of the bytes, "read half" half of them.
 /// The first rule that fits holds.
 struct Rule {
     std::string call;

@@ -50,12 +50,9 @@ Scenarios other_kinds() {
           {"new 2", "bad_alloc, untouched"},
           {"new", "made, bad_alloc, untouched"},
           {"open", "made, untouched"},
-          {"fdopen", "made, untouched"},
-          {"setvbuf", "made, drawn", "made, untouched"},
-          {"fread 2 all but last", "made, partly drawn"},
-          {"fread", "made, untouched"},
-          {"fseek", "made, untouched"},
-          {"ftell", "made, untouched"}}},
+          {"read short", "made, drawn", "made, untouched"},
+          {"read", "made, untouched"},
+          {"lseek", "made, untouched"}}},
         {"a widget without a canvas",
          [](Host& host) {
              host.draw_and_destroy(
