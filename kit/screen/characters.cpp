@@ -139,6 +139,12 @@ Character character_at(std::string_view text, std::size_t at) {
     return count == 0 ? Character{0xFFFD, 1, false} : Character{code, count + 1, true};
 }
 
+std::size_t whole_characters(std::string_view text, std::size_t most) {
+    std::size_t size = std::min(text.size(), most);
+    while (size > 0 && size < text.size() && is_later_byte(text[size])) --size;
+    return size;
+}
+
 bool is_mark(char32_t code) {
     const bool plain = code >= 0x20 && code < 0x7F;
     return !plain && is_among(kMarks, code);

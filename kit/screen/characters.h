@@ -16,6 +16,14 @@ struct Character {
 /// Unicode Standard 15, section 3.9, table 3-7).
 Character character_at(std::string_view text, std::size_t at);
 
+/// A byte of a character behind its first.
+constexpr bool is_later_byte(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
+
+/// How many of the first bytes of a text, at the most so many, do not cut a character.
+std::size_t whole_characters(std::string_view text, std::size_t most);
+
 constexpr char32_t kJoiner = 0x200D;
 
 /// What is shown with the character before it or not at all: marks, selectors, joiners, tones of

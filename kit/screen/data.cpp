@@ -8,12 +8,6 @@ namespace {
 
 constexpr std::size_t kMostSteps = kMostDepth;
 
-bool in_name(char letter) {
-    const auto byte = static_cast<unsigned char>(letter);
-    return (byte >= '0' && byte <= '9') || (byte >= 'a' && byte <= 'z') ||
-           (byte >= 'A' && byte <= 'Z') || byte == '_' || byte == '-' || byte >= 0x80;
-}
-
 /// The index in `[12]` at the start of @p text, which it is taken from; -1 when there is none.
 int take_index(std::string_view& text) {
     constexpr int kMost = 1000000;
@@ -124,6 +118,12 @@ Value& made(Value& value, const Step& step) {
 }
 
 }  // namespace
+
+bool in_name(char letter) {
+    const auto byte = static_cast<unsigned char>(letter);
+    return (byte >= '0' && byte <= '9') || (byte >= 'a' && byte <= 'z') ||
+           (byte >= 'A' && byte <= 'Z') || byte == '_' || byte == '-' || byte >= 0x80;
+}
 
 bool read_path(std::string_view text, Path& path, std::string& why) {
     path.clear();

@@ -16,8 +16,11 @@ struct Step {
     int index = -1;  // counted from 0
 };
 
-/// `now.temp`, `days[2].name`: names of letters, digits, "_", "-" and anything beyond ASCII.
+/// `now.temp`, `days[2].name`.
 using Path = std::vector<Step>;
+
+/// Names are of letters, digits, "_", "-" and anything beyond ASCII.
+bool in_name(char letter);
 
 /// Names that a template can use: the members of `values` (an object) where `name` is empty, else
 /// the one value under `name`, which hides those further out. Everything is borrowed.

@@ -5,6 +5,8 @@
 #include <numeric>
 #include <utility>
 
+#include "screen/characters.h"
+
 namespace kit {
 namespace {
 
@@ -132,9 +134,7 @@ std::string write_json(const Value& value) {
 }
 
 std::string in_quotes(std::string_view text) {
-    constexpr std::size_t kLongest = 40;
-    std::size_t end = std::min(text.size(), kLongest);
-    while (end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;
+    const std::size_t end = whole_characters(text, 40);
     std::string line;
     write_text(line, text.substr(0, end));
     if (end < text.size()) line.insert(line.size() - 1, "...");

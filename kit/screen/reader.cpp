@@ -24,11 +24,10 @@ public:
 
     Place at(std::size_t offset) {
         for (; at_ < offset; ++at_) {
-            const auto byte = static_cast<unsigned char>(text_[at_]);
-            if (byte == '\n') {
+            if (text_[at_] == '\n') {
                 ++place_.line;
                 place_.column = 1;
-            } else if (byte < 0x80 || byte >= 0xC0) {  // not inside a character
+            } else if (!is_later_byte(text_[at_])) {
                 ++place_.column;
             }
         }

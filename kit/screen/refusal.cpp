@@ -1,6 +1,6 @@
 #include "screen/refusal.h"
 
-#include <algorithm>
+#include "screen/characters.h"
 
 namespace kit {
 
@@ -39,9 +39,7 @@ std::string found(const Value& value) {
 
 void give_reason(std::string_view text, char* why, std::size_t size) {
     if (!why || size == 0) return;
-    std::size_t length = std::min(text.size(), size - 1);
-    const auto is_inside = [text](std::size_t at) { return (text[at] & 0xC0) == 0x80; };
-    while (length > 0 && length < text.size() && is_inside(length)) --length;
+    const std::size_t length = whole_characters(text, size - 1);
     for (std::size_t i = 0; i < length; ++i) {
         const auto byte = static_cast<unsigned char>(text[i]);
         why[i] = byte < ' ' || byte == 0x7F ? '?' : text[i];

@@ -1,6 +1,7 @@
 // Items that are found by the first letters of their words.
 #include <algorithm>
 
+#include "screen/characters.h"
 #include "screen/turn.h"
 
 namespace kit {
@@ -38,9 +39,7 @@ bool begins(const std::string& item, const std::string& with) {
 /// The first letter of a text that is that letter again and again; else empty.
 std::string repeated(const std::string& text) {
     std::size_t length = 1;
-    while (length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80) {
-        ++length;
-    }
+    while (length < text.size() && is_later_byte(text[length])) ++length;
     for (std::size_t i = 0; i < text.size(); i += length) {
         if (text.compare(i, length, text, 0, length) != 0) return "";
     }

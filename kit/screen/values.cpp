@@ -12,11 +12,7 @@ namespace kit {
 namespace {
 
 bool is_name(std::string_view text) {
-    return !text.empty() && std::all_of(text.begin(), text.end(), [](char letter) {
-        const auto byte = static_cast<unsigned char>(letter);
-        return (byte >= '0' && byte <= '9') || (byte >= 'a' && byte <= 'z') ||
-               (byte >= 'A' && byte <= 'Z') || byte == '_' || byte == '-' || byte >= 0x80;
-    });
+    return !text.empty() && std::all_of(text.begin(), text.end(), in_name);
 }
 
 bool is_side(const Value& value) { return whole_between(value, 0, kMostSide); }

@@ -7,10 +7,15 @@
 namespace kit {
 
 Found find_in_ranges(const kit_face& face, char32_t code) {
-    const CodeRange* const end = face.ranges + face.range_count;
     const auto is_below = [code](const CodeRange& range) { return range.last < code; };
-    const CodeRange* const range = std::partition_point(face.ranges, end, is_below);
-    return range == end || code < range->first ? Found{} : found_at(face, *range, code);
+    // What texts are written in is among the first ranges, signs among the others.
+    const std::uint32_t count = face.range_count;
+    std::uint32_t most = 2;
+    while (most < count && is_below(face.ranges[most])) most *= 2;
+    const CodeRange* const range =
+        std::partition_point(face.ranges + most / 2, face.ranges + std::min(most, count), is_below);
+    const bool found = range != face.ranges + count && code >= range->first;
+    return found ? found_at(face, *range, code) : Found{};
 }
 
 Found find_in_chain(const kit_face& chain, char32_t code) {

@@ -4,8 +4,6 @@
 #include <cstring>
 #include <limits>
 
-#include "words/face_data.h"
-
 namespace kit {
 namespace {
 
@@ -25,23 +23,20 @@ char32_t stand_in(char32_t code) {
 
 /// A hollow box: for faces that have not even U+FFFD.
 Glyph frame(const kit_face& face) {
-    const int cap = kit_face_cap(&face);
+    const int cap = face.cap;
     if (cap == 0) return {.left = 1};
     return {1, cap, cap - cap / 3, cap, nullptr, nullptr};
+}
+
+/// What a letter looks like, one that no face has, too.
+Glyph shape_of(const kit_face& face, const Found& letter) {
+    return letter.face ? glyph_of(letter) : frame(face);
 }
 
 /// A letter that looks the same as one that no face has; a null face when there is none.
 Found find_alike(const kit_face& face, char32_t code) {
     const char32_t other = stand_in(code);
     return other != 0 && other != code ? find_glyph(face, other) : Found{};
-}
-
-/// What shows in place of a letter that no face has.
-Found find_instead(const kit_face& face, char32_t code) {
-    Found found = find_alike(face, code);
-    if (!found.face) found = find_glyph(face, kReplacement);
-    if (!found.face) found.advance = frame(face).width + 2;
-    return found;
 }
 
 /// The next character that shows; 0 at the end of the text.
@@ -94,7 +89,7 @@ Gap gap_at(const kit_face& face, const char* text, int offset) {
     for (const char* at = text; *at != '\0';) {
         const char32_t code = next_character(&at);
         if (!pen.step(code) || is_blank(code)) continue;
-        const Glyph glyph = pen.glyph();
+        const Glyph glyph = shape_of(face, pen.letter());
         const Clip ink = ink_of(glyph);
         const std::int64_t corner = pen.start() + glyph.left;
         if (at - text > offset) return {left, corner + ink.left};
@@ -103,25 +98,19 @@ Gap gap_at(const kit_face& face, const char* text, int offset) {
     return {left, kFar};
 }
 
+Found find_instead(const kit_face& face, char32_t code) {
+    Found found = find_alike(face, code);
+    if (!found.face) found = find_glyph(face, kReplacement);
+    if (!found.face) found.advance = frame(face).width + 2;
+    return found;
+}
+
 Part whole(const char* text) { return {text, text + std::strlen(text)}; }
 
 Found find_or_alike(const kit_face& face, char32_t code) {
     const Found found = find_glyph(face, code);
     return found.face ? found : find_alike(face, code);
 }
-
-bool Pen::step(char32_t code) {
-    if (is_hidden(code)) return false;
-    if (is_newline(code)) code = ' ';
-    Found next = find_glyph(face_, code);
-    if (!next.face) next = find_instead(face_, code);
-    start_ = end_ + kerning(last_, next);
-    end_ = start_ + next.advance;
-    last_ = next;
-    return true;
-}
-
-Glyph Pen::glyph() const { return last_.face ? glyph_of(last_) : frame(face_); }
 
 std::int64_t width_of(const kit_face& face, Part part) {
     Pen pen(face);
@@ -139,13 +128,32 @@ Line cut_line(const kit_face& face, Part part, std::int64_t room) {
 }
 
 std::int64_t Ink::write(Part part, std::int64_t x, std::int64_t baseline) const {
-    Pen pen(face);
+    if (clip.empty()) return x + width_of(face, part);
+    Pen pen(face, x);
     for (const char* at = part.begin; at != part.end;) {
-        if (pen.step(next_character(&at)) && !clip.empty()) {
-            draw_glyph(canvas, pen.glyph(), x + pen.start(), baseline, clip, color);
+        if (!pen.step(next_character(&at))) continue;
+        draw(pen.letter().face, pen.letter().index, pen.start(), baseline);
+    }
+    return pen.end();
+}
+
+/// Inlined, or with what is rare in it, it would push the pen out of the registers.
+[[gnu::noinline]] void Ink::draw(const kit_face* from, unsigned index, std::int64_t x,
+                                 std::int64_t baseline) const {
+    if (!kInkIsRows && from) {
+        const Glyph glyph = glyph_of({from, index, 0});
+        const std::int64_t left = x + glyph.left, top = baseline - glyph.top;
+        if (glyph.strokes && clip.holds(left, top, glyph.width, glyph.height)) {
+            return draw_strokes(canvas, glyph.strokes, static_cast<int>(left),
+                                static_cast<int>(top), color);
         }
     }
-    return x + pen.end();
+    draw_rare(from, index, x, baseline);
+}
+
+[[gnu::noinline]] void Ink::draw_rare(const kit_face* from, unsigned index, std::int64_t x,
+                                      std::int64_t baseline) const {
+    draw_glyph(canvas, shape_of(face, {from, index, 0}), x, baseline, clip, color);
 }
 
 void Ink::place(const Line& line, const kit_box& box, kit_align align,

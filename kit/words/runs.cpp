@@ -52,8 +52,10 @@ void each_run(const Glyph& glyph, const Clip& part, Use use) {
 /// ink. What is not in @p part, which is counted from there, too, may be left out.
 template <typename Use>
 void each_box(const Glyph& glyph, const Clip& part, Use use) {
-    if constexpr (!kInkIsRows) {
-        if (glyph.strokes) return each_stroke(glyph.strokes, use);
+    if constexpr (kInkIsRows) {
+        if (glyph.width == 0) return;  // a letter, and no frame, even where no letter has rows
+    } else if (glyph.strokes) {
+        return each_stroke(glyph.strokes, use);
     }
     if (glyph.bits) return each_run(glyph, part, use);
     use(0, 0, glyph.width, 1);
@@ -71,6 +73,26 @@ void fill(orvel_canvas* canvas, int x, int y, int w, int h, orvel_color color) {
     } else {
         orvel_canvas_pixel(canvas, x, y, color);
     }
+}
+
+void draw_whole(orvel_canvas* canvas, const Glyph& glyph, int x, int y, orvel_color color) {
+    each_box(glyph, all_of(glyph), [=](int left, int top, int w, int h) {
+        fill(canvas, x + left, y + top, w, h, color);
+    });
+}
+
+void draw_part(orvel_canvas* canvas, const Glyph& glyph, int64_t x, int64_t y, const Clip& clip,
+               orvel_color color) {
+    const Clip part =
+        common(all_of(glyph), {clip.left - x, clip.top - y, clip.right - x, clip.bottom - y});
+    if (part.empty()) return;
+    each_box(glyph, part, [&](int left, int top, int w, int h) {
+        const int right = left + w, bottom = top + h;
+        const Clip box = common(part, {left, top, right, bottom});
+        if (box.empty()) return;
+        fill(canvas, static_cast<int>(x + box.left), static_cast<int>(y + box.top),
+             static_cast<int>(box.right - box.left), static_cast<int>(box.bottom - box.top), color);
+    });
 }
 
 }  // namespace
@@ -93,24 +115,21 @@ Clip ink_of(const Glyph& glyph) {
     return {ink.left, ink.top, std::max(ink.left, ink.right), std::max(ink.top, ink.bottom)};
 }
 
-void draw_whole(orvel_canvas* canvas, const Glyph& glyph, int x, int y, orvel_color color) {
-    each_box(glyph, all_of(glyph), [=](int left, int top, int w, int h) {
+void draw_strokes(orvel_canvas* canvas, const unsigned char* strokes, int x, int y,
+                  orvel_color color) {
+    each_stroke(strokes, [=](int left, int top, int w, int h) {
         fill(canvas, x + left, y + top, w, h, color);
     });
 }
 
-void draw_part(orvel_canvas* canvas, const Glyph& glyph, int64_t x, int64_t y, const Clip& clip,
-               orvel_color color) {
-    const Clip part =
-        common(all_of(glyph), {clip.left - x, clip.top - y, clip.right - x, clip.bottom - y});
-    if (part.empty()) return;
-    each_box(glyph, part, [&](int left, int top, int w, int h) {
-        const int right = left + w, bottom = top + h;
-        const Clip box = common(part, {left, top, right, bottom});
-        if (box.empty()) return;
-        fill(canvas, static_cast<int>(x + box.left), static_cast<int>(y + box.top),
-             static_cast<int>(box.right - box.left), static_cast<int>(box.bottom - box.top), color);
-    });
+void draw_glyph(orvel_canvas* canvas, const Glyph& glyph, int64_t x, int64_t baseline,
+                const Clip& clip, orvel_color color) {
+    const int64_t left = x + glyph.left, top = baseline - glyph.top;
+    if (clip.holds(left, top, glyph.width, glyph.height)) {
+        draw_whole(canvas, glyph, static_cast<int>(left), static_cast<int>(top), color);
+    } else {
+        draw_part(canvas, glyph, left, top, clip, color);
+    }
 }
 
 }  // namespace kit

@@ -13,6 +13,9 @@ struct Clip {
     std::int64_t left, top, right, bottom;
 
     bool empty() const { return left >= right || top >= bottom; }
+    bool holds(std::int64_t x, std::int64_t y, int w, int h) const {
+        return x >= left && x + w <= right && y >= top && y + h <= bottom;
+    }
 };
 
 Clip clip_of(const orvel_canvas* canvas);
@@ -22,21 +25,13 @@ Clip clip_of(const orvel_canvas* canvas, const kit_box& box);  // what of the bo
 /// Without any they are none, behind its last ones.
 Clip ink_of(const Glyph& glyph);
 
-/// Draws a letter whose corner is at (x, y).
-void draw_whole(orvel_canvas* canvas, const Glyph& glyph, int x, int y, orvel_color color);
+/// Draws the letter of these strokes whose corner is at (x, y).
+void draw_strokes(orvel_canvas* canvas, const unsigned char* strokes, int x, int y,
+                  orvel_color color);
 
-/// The same as far as it is in @p clip, which lies on the canvas.
-void draw_part(orvel_canvas* canvas, const Glyph& glyph, std::int64_t x, std::int64_t y,
-               const Clip& clip, orvel_color color);
-
-/// The same of a letter whose origin is at (x, baseline).
-inline void draw_glyph(orvel_canvas* canvas, const Glyph& glyph, std::int64_t x,
-                       std::int64_t baseline, const Clip& clip, orvel_color color) {
-    const std::int64_t left = x + glyph.left, top = baseline - glyph.top;
-    const bool whole = left >= clip.left && left + glyph.width <= clip.right && top >= clip.top &&
-                       top + glyph.height <= clip.bottom;
-    if (!whole) return draw_part(canvas, glyph, left, top, clip, color);
-    draw_whole(canvas, glyph, static_cast<int>(left), static_cast<int>(top), color);
-}
+/// Draws a letter whose origin is at (x, baseline) as far as it is in @p clip, which lies on the
+/// canvas.
+void draw_glyph(orvel_canvas* canvas, const Glyph& glyph, std::int64_t x, std::int64_t baseline,
+                const Clip& clip, orvel_color color);
 
 }  // namespace kit

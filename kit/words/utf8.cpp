@@ -1,8 +1,5 @@
 #include "words/utf8.h"
 
-#include <algorithm>
-#include <iterator>
-
 namespace kit {
 namespace {
 
@@ -11,7 +8,8 @@ struct Codes {
 };
 
 constexpr Codes kHidden[] = {
-    {0x0000, 0x001F},    // controls
+    {0x0000, 0x0009},    // controls
+    {0x000B, 0x001F},    // others, but no newline
     {0x007F, 0x009F},    // delete and the other controls
     {0x00AD, 0x00AD},    // soft hyphen
     {0x034F, 0x034F},    // grapheme joiner
@@ -45,26 +43,27 @@ constexpr Following following(unsigned char first) {
 
 }  // namespace
 
-char32_t longer_character(unsigned char first, const char** rest) {
+Decoded longer_character(unsigned char first, const char* rest) {
     auto [count, low, high] = following(first);
-    if (count == 0) return kReplacement;
+    if (count == 0) return {kReplacement, rest};
     char32_t code = first & (0x3Fu >> count);
     for (; count > 0; --count) {
-        const auto next = static_cast<unsigned char>(**rest);
-        if (next < low || next > high) return kReplacement;
+        const auto next = static_cast<unsigned char>(*rest);
+        if (next < low || next > high) return {kReplacement, rest};
         code = code << 6 | (next & 0x3Fu);
-        ++*rest;
+        ++rest;
         low = 0x80;
         high = 0xBF;
     }
-    return code;
+    return {code, rest};
 }
 
 bool is_hidden_mark(char32_t code) {
-    const Codes* const range =
-        std::lower_bound(std::begin(kHidden), std::end(kHidden), code,
-                         [](const Codes& r, char32_t value) { return r.last < value; });
-    return range != std::end(kHidden) && range->first <= code;
+    // Most characters are among the first ranges, or between them.
+    for (const Codes& range : kHidden) {
+        if (code <= range.last) return code >= range.first;
+    }
+    return false;
 }
 
 }  // namespace kit

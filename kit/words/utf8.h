@@ -5,14 +5,23 @@ namespace kit {
 
 constexpr char32_t kReplacement = 0xFFFD;
 
-/// The character that begins with @p first, which is none by itself; steps over the rest of it.
-char32_t longer_character(unsigned char first, const char** rest);
+/// A character, and what follows it.
+struct Decoded {
+    char32_t code;
+    const char* next;
+};
+
+/// The character that begins with @p first, which is none by itself.
+Decoded longer_character(unsigned char first, const char* rest);
 
 /// Steps over one character of a zero-terminated text, which must not be at its end. A maximal
 /// ill-formed part is one U+FFFD (The Unicode Standard 15, section 3.9, table 3-7).
 inline char32_t next_character(const char** text) {
     const auto first = static_cast<unsigned char>(*(*text)++);
-    return first < 0x80 ? first : longer_character(first, text);
+    if (first < 0x80) return first;
+    const Decoded decoded = longer_character(first, *text);
+    *text = decoded.next;
+    return decoded.code;
 }
 
 constexpr char32_t kSoftHyphen = 0xAD;
@@ -47,7 +56,7 @@ bool is_hidden_mark(char32_t code);
 
 /// A control character, or a mark for layout or for the shape of a letter: it takes no room.
 inline bool is_hidden(char32_t code) {
-    return (code < 0x20 || code >= 0x7F) && !is_newline(code) && is_hidden_mark(code);
+    return (code < 0x20 || code >= 0x7F) && is_hidden_mark(code);
 }
 
 }  // namespace kit

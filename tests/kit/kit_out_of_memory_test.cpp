@@ -2,8 +2,6 @@
 // then says so, raises nothing, leaks nothing, and does its work when it is made again.
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <functional>
 #include <set>
 #include <string>
 #include <vector>
@@ -11,7 +9,7 @@
 #include "orvel_kit.h"
 #include "support/files.h"
 #include "support/picture.h"
-#include "system/allocations.h"
+#include "system/out_of_memory.h"
 
 namespace {
 
@@ -46,10 +44,7 @@ constexpr const char* kFace =
     "STARTFONT 2.1\nFONT a\nSIZE 8 75 75\nFONTBOUNDINGBOX 2 2 0 0\nCHARS 1\nSTARTCHAR A\n"
     "ENCODING 65\nSWIDTH 500 0\nDWIDTH 3 0\nBBX 2 2 0 0\nBITMAP\n80\n40\nENDCHAR\nENDFONT\n";
 
-struct Row {
-    const char* functions;  // that are called, each followed by a blank
-    int (*act)(Stage&);     // 0, or less for a failure
-};
+using Row = FailingRow<Stage>;
 
 int pixels_of(Stage& stage, kit_dither dither) {
     const orvel_color palette[] = {kBlack, kInk};
@@ -144,62 +139,47 @@ const Row kRows[] = {
      }},
 };
 
-struct Result {
-    int status;
-    std::uint64_t pixels;
-    bool raised;
-};
-
-Result made(const Row& row, long failing, bool (*later)() = nullptr) {
-    Stage stage;
-    Result result = {0, 0, false};
-    {
-        const FailingAllocation failure(failing);
-        ask_before_allocating(later);
-        try {
-            result.status = row.act(stage);
-        } catch (...) {
-            result.raised = true;
-        }
-        ask_before_allocating(nullptr);
-    }
-    result.pixels = checksum(stage.canvas.get());
-    for (const unsigned byte : stage.bytes) result.pixels = (result.pixels ^ byte) * 1099511628211u;
-    return result;
+/// The pixels, and the bytes made of them, as one number.
+std::uint64_t checksum_of(const Stage& stage) {
+    std::uint64_t sum = checksum(stage.canvas.get());
+    for (const unsigned byte : stage.bytes) sum = (sum ^ byte) * 1099511628211u;
+    return sum;
 }
 
-long s_left = 0;  // allocations that succeed before all others fail
+/// That number where the row succeeds on a stage of its own.
+std::uint64_t made(const Row& row) {
+    Stage stage;
+    EXPECT_EQ(row.act(stage), 0);
+    return checksum_of(stage);
+}
 
 class KitOutOfMemoryTest : public testing::TestWithParam<Row> {};
 
-INSTANTIATE_TEST_SUITE_P(, KitOutOfMemoryTest, testing::ValuesIn(kRows), [](const auto& row) {
-    std::string name = row.param.functions;
-    std::replace(name.begin(), name.end(), ' ', '_');
-    return name + std::to_string(row.index);
-});
+INSTANTIATE_TEST_SUITE_P(, KitOutOfMemoryTest, testing::ValuesIn(kRows), name_of_row<Row>);
 
 TEST_P(KitOutOfMemoryTest, EveryAllocationThatFailsIsToldAndDoesNoHarm) {
     const Row& row = GetParam();
-    const Result usual = made(row, 0);
-    ASSERT_EQ(usual.status, 0);
-    const long before = allocations_made();
-    { const Stage stage; }
-    const long of_stage = allocations_made() - before;
-    made(row, 0);
-    const long count = allocations_made() - before - 2 * of_stage;
+    const std::uint64_t usual = made(row);
+    long count = 0;
+    {
+        Stage stage;
+        const long before = allocations_made();
+        row.act(stage);
+        count = allocations_made() - before;
+    }
     RecordProperty("allocations", static_cast<int>(count));
     for (long failing = 1; failing <= count; ++failing) {
         for (const bool alone : {true, false}) {
             const long live = allocations_live();
-            s_left = failing - 1;
-            const Result failed =
-                alone ? made(row, failing) : made(row, 0, [] { return s_left-- <= 0; });
-            EXPECT_FALSE(failed.raised) << failing << " of " << count;
-            EXPECT_LT(failed.status, 0) << failing << " of " << count;
+            {
+                Stage stage;
+                const Outcome failed =
+                    while_failing(failing, alone, [&] { return row.act(stage); });
+                EXPECT_FALSE(failed.raised) << failing << " of " << count;
+                EXPECT_LT(failed.status, 0) << failing << " of " << count;
+            }
             EXPECT_EQ(allocations_live(), live) << failing << " of " << count;
-            const Result again = made(row, 0);
-            EXPECT_EQ(again.status, 0);
-            EXPECT_EQ(again.pixels, usual.pixels) << failing << " of " << count;
+            EXPECT_EQ(made(row), usual) << failing << " of " << count;
         }
     }
 }
@@ -212,16 +192,11 @@ TEST(KitOutOfMemoryTableTest, CallsEveryFunctionThatCanAllocate) {
         "kit_play_tone",     "kit_version",       "kit_face_open",  "kit_face_named",
         "kit_face_ascent",   "kit_face_descent",  "kit_face_line",  "kit_face_cap",
         "kit_face_has",      "kit_text_missing"};
-    std::string called;
-    for (const Row& row : kRows) called += row.functions;
-    std::ifstream names(ORVEL_SOURCE_DIR "/tests/kit/exports.txt");
-    int count = 0;
-    for (std::string name; std::getline(names, name); ++count) {
+    const auto needs_none = [&](const std::string& name) {
         const bool baked = name.find_first_of("0123456789") != std::string::npos;
-        const bool is_called = called.find(name + " ") != std::string::npos;
-        EXPECT_TRUE(baked || is_called || others.count(name)) << name << " needs a row";
-    }
-    EXPECT_GT(count, 50);
+        return baked || others.count(name) == 1;
+    };
+    EXPECT_GT(expect_rows_for(ORVEL_SOURCE_DIR "/tests/kit/exports.txt", kRows, needs_none), 50);
 }
 
 }  // namespace

@@ -123,21 +123,17 @@ TEST(EditingTest, WithoutAnIdTheSceneItselfIsMeant) {
 }
 
 TEST(EditingTest, AnIncludeThatWasRefusedIsReadAgain) {
-    static std::string s_text;
-    kit_screen_host host = {};
-    host.include = [](void*, const char*, size_t* length) {
-        *length = s_text.size();
-        return s_text.c_str();
-    };
+    Files files;
+    const kit_screen_host host = including(files);
     const ScreenPtr screen = opened(kEmpty, nullptr, &host);
     char why[200] = "";
     for (const char* wrong : {R"({"orvel": 1, "root": {"tixt": "A"}})", "{"}) {
-        s_text = wrong;
+        files["a"] = wrong;
         EXPECT_EQ(kit_screen_add(screen.get(), "root", 0, R"({"include": "a"})", why, sizeof why),
                   -1);
         EXPECT_EQ(std::string(why).substr(0, 4), "a:1:") << why;
     }
-    s_text = scene(R"({"text": "A"})");
+    files["a"] = scene(R"({"text": "A"})");
     EXPECT_EQ(kit_screen_add(screen.get(), "root", 0, R"({"include": "a"})", why, sizeof why), 0);
 }
 

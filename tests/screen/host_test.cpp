@@ -1,8 +1,6 @@
 // What a screen asks its host for, and the files beside a scene.
 #include <sys/stat.h>
 
-#include <map>
-
 #include "screens.h"
 #include "support/files.h"
 
@@ -10,21 +8,8 @@ namespace {
 
 using namespace orvel_test;
 
-using Files = std::map<std::string, std::string>;
-
-/// Scenes in memory, by name.
-const char* from_memory(void* self, const char* name, size_t* length) {
-    const auto& files = *static_cast<const Files*>(self);
-    const auto at = files.find(name);
-    if (at == files.end()) return nullptr;
-    *length = at->second.size();
-    return at->second.data();
-}
-
 std::string refused_with(Files files, const std::string& root) {
-    kit_screen_host host = {};
-    host.self = &files;
-    host.include = from_memory;
+    const kit_screen_host host = including(files);
     return refusal(scene(root), nullptr, &host);
 }
 
@@ -80,9 +65,7 @@ TEST(HostTest, GivesPicturesWhichNeedNotBeThere) {
 TEST(HostTest, IncludesSeeOnlyWhatTheyAreGiven) {
     Files files = {{"a.json", scene(R"({"text": "${x} ${y|none}", "id": "inner"})",
                                     "\"theme\": \"light\", ")}};
-    kit_screen_host host = {};
-    host.self = &files;
-    host.include = from_memory;
+    const kit_screen_host host = including(files);
     const std::string root = R"({"column": [{"include": "a.json", "with": {"x": "${y}", "z": [1]},
         "width": 90, "id": "outer"}, {"include": "a.json", "with": {"x": 2}}]})";
     const ScreenPtr screen = opened(scene(root, "\"size\": [99, 40], "), R"({"y": 7})", &host);

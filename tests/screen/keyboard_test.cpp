@@ -206,116 +206,6 @@ TEST(KeyboardTest, WhatIsTypedOtherwiseAfterAShortcutIsTyped) {
     EXPECT_EQ(used.value("q"), "\"/\"");
 }
 
-TEST(KeyboardTest, ArrowsGoThroughRadioButtons) {
-    const std::string radios =
-        R"({"row": [{"radio": "A", "id": "a", "selected": "${m}", "value": 1},
-        {"column": [{"radio": "B", "id": "b", "selected": "${m}", "value": 2}]},
-        {"radio": "Other", "id": "o", "on": "${t}"},
-        {"radio": "C", "id": "c", "selected": "${m}", "value": 3, "disabled": true}]})";
-    const Used used(scene(radios, R"("size": [300, 40], "sample": {"m": 1, "t": false}, )"));
-    used.focus("a");
-    used.key(KIT_KEY_RIGHT);
-    EXPECT_EQ(used.focused(), " b");
-    EXPECT_EQ(used.changes(), "value #b m=2\n");
-    used.key(KIT_KEY_DOWN);
-    EXPECT_EQ(used.focused(), " a");
-    EXPECT_EQ(used.changes(), "value #a m=1\n");
-    used.key(KIT_KEY_UP);
-    EXPECT_EQ(used.changes(), "value #b m=2\n");
-    used.key(KIT_KEY_HOME);
-    EXPECT_EQ(used.focused(), " b");
-    EXPECT_EQ(used.changes(), "");
-}
-
-const std::string kRows = scene(
-    R"({"column": [{"column": [{"each": "rows", "list_item": "${item}", "id": "row", "height": 20}],
-                    "scroll": true, "height": 60}, {"button": "End", "id": "end"}]})",
-    R"("size": [100, 100], "sample": {"rows": ["Adam", "Äpfel", "Berta", "Bertram", "Anna",
-                                               "Ärger", "Zoë"]}, )");
-
-TEST(KeyboardTest, ArrowsAndPagesGoThroughListItemsAndScrollThem) {
-    const Used used(kRows);
-    used.focus("row[0]");
-    used.key(KIT_KEY_DOWN, 0, 3);
-    EXPECT_EQ(used.focused(), " row[3]");
-    EXPECT_EQ(used.box("row[3]"), (kit_box{0, 40, 100, 20}));
-    used.key(KIT_KEY_PAGE_DOWN);
-    EXPECT_EQ(used.focused(), " row[6]");
-    used.key(KIT_KEY_DOWN);
-    EXPECT_EQ(used.focused(), " row[6]");
-    used.key(KIT_KEY_PAGE_UP);
-    EXPECT_EQ(used.focused(), " row[3]");
-    EXPECT_EQ(used.box("row[3]"), (kit_box{0, 0, 100, 20}));
-    used.key(KIT_KEY_HOME);
-    EXPECT_EQ(used.focused(), " row[0]");
-    used.key(KIT_KEY_END);
-    EXPECT_EQ(used.focused(), " row[6]");
-    used.key(KIT_KEY_LEFT);
-    EXPECT_EQ(used.focused(), " row[6]");
-    EXPECT_EQ(used.changes(), "");
-    used.key(KIT_KEY_ENTER);
-    EXPECT_EQ(used.changes(), "press #row[6]\n");
-    used.key(KIT_KEY_TAB);
-    EXPECT_EQ(used.focused(), " end");
-    used.key(KIT_KEY_TAB);
-    EXPECT_EQ(used.focused(), " row[0]");
-    EXPECT_EQ(used.box("row[0]"), (kit_box{0, 0, 100, 20}));
-}
-
-TEST(KeyboardTest, OtherKeysStayOnAListItem) {
-    const Used used(kRows);
-    used.focus("row[1]");
-    used.key(KIT_KEY_LEFT);
-    used.key(KIT_KEY_RIGHT);
-    used.key(KIT_KEY_DOWN, KIT_MOD_CONTROL);
-    used.key(KIT_KEY_END, KIT_MOD_SHIFT);
-    EXPECT_EQ(used.focused(), " row[1]");
-    EXPECT_EQ(used.changes(), "");
-}
-
-TEST(KeyboardTest, APageOfWhatDoesNotScrollIsTenRows) {
-    const Used used(scene(R"({"column": [{"each": "rows", "list_item": "A", "id": "row"}]})",
-                          R"("sample": {"rows": [1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12]}, )"));
-    used.focus("row[0]");
-    used.key(KIT_KEY_PAGE_DOWN);
-    EXPECT_EQ(used.focused(), " row[10]");
-}
-
-TEST(KeyboardTest, TypedLettersFindAListItem) {
-    Used used(kRows);
-    used.focus("row[0]");
-    used.type("b");
-    EXPECT_EQ(used.focused(), " row[2]");
-    used.type("ERTR");
-    EXPECT_EQ(used.focused(), " row[3]");
-    used.type(" ");  // part of what is looked for
-    used.key(' ');
-    EXPECT_EQ(used.changes(), "");
-    used.wait(1000);
-    used.type("ä");
-    EXPECT_EQ(used.focused(), " row[5]");
-    used.type("Ä");  // the next one
-    EXPECT_EQ(used.focused(), " row[1]");
-    used.wait(1000);
-    used.type(" ");
-    used.type("nobody");
-    EXPECT_EQ(used.focused(), " row[1]");
-    used.wait(1000);
-    used.type("an");
-    EXPECT_EQ(used.focused(), " row[4]");
-    used.wait(1000);
-    used.type("zOË");
-    EXPECT_EQ(used.focused(), " row[6]");
-    used.type(std::string(1000, 'x').c_str());
-    used.plain(KIT_EVENT_TEXT, nullptr);
-    used.wait(1000);
-    used.type("\xC3");
-    EXPECT_EQ(used.focused(), " row[1]");
-    used.focus("end");
-    used.type("a");
-    EXPECT_EQ(used.focused(), " end");
-}
-
 TEST(KeyboardTest, KeysThatNobodyWantsScroll) {
     const std::string text = R"({"row": [{"column": [{"button": "A", "id": "a", "height": 300}],
             "scroll": true, "width": 50, "id": "left"},
@@ -379,17 +269,6 @@ TEST(KeyboardTest, EscapeEndsADrag) {
     EXPECT_EQ(used.changes(), "");
 }
 
-TEST(KeyboardTest, FocusIsGivenByAnId) {
-    const Used used(kRows);
-    EXPECT_EQ(used.focus("row[6]"), 0);
-    EXPECT_EQ(used.box("row[6]"), (kit_box{0, 40, 100, 20}));
-    EXPECT_EQ(used.focus("nobody"), -1);
-    EXPECT_EQ(used.focused(), " row[6]");
-    EXPECT_EQ(used.focus(""), 0);
-    EXPECT_EQ(used.focused(), "");
-    EXPECT_EQ(used.focus(nullptr), 0);
-}
-
 TEST(KeyboardTest, WhatGoesLetsGo) {
     const Used used(scene(R"({"column": [{"button": "A", "id": "a", "if": "there", "height": 30},
                                          {"button": "B", "id": "b", "disabled": "${off}"}]})",
@@ -416,22 +295,6 @@ TEST(KeyboardTest, WhatIsOutOfSightAndCannotBeScrolledIsLeftOut) {
     EXPECT_EQ(used.focused(), " a");
 }
 
-TEST(KeyboardTest, CapitalsOfOtherAlphabetsAreFound) {
-    Used used(scene(R"({"column": [{"each": "rows", "list_item": "${item}", "id": "row"}]})",
-                    R"("sample": {"rows": ["A", "Жук", "Ωμέγα", "×", "÷", "ÿ", "日本"]}, )"));
-    for (const auto& [typed, row] : {std::pair{"ж", " row[1]"},
-                                     {"ω", " row[2]"},
-                                     {"×", " row[3]"},
-                                     {"ÿ", " row[5]"},
-                                     {"日", " row[6]"},
-                                     {"Ж", " row[1]"}}) {
-        used.focus("row[0]");
-        used.wait(1000);
-        used.type(typed);
-        EXPECT_EQ(used.focused(), row) << typed;
-    }
-}
-
 TEST(KeyboardTest, AShortcutOpensADropdown) {
     const Used used(scene(R"({"column": [{"dropdown": "A", "items": ["A", "B"], "id": "d",
                                           "key": "f4"}]})",
@@ -443,37 +306,6 @@ TEST(KeyboardTest, AShortcutOpensADropdown) {
     used.key(KIT_KEY_ENTER);
     EXPECT_EQ(used.changes(), "value #d=\"B\"\n");
     EXPECT_EQ(used.line("d"), "dropdown =\"A\" focus");
-}
-
-TEST(KeyboardTest, RadioButtonsWithoutAValueOfTheirOwnGoWithTheirNeighbours) {
-    const Used used(scene(R"({"column": [
-        {"row": [{"radio": "A", "id": "a", "on": "${a}"}, {"radio": "B", "id": "b", "on": "${b}"},
-                 {"radio": "C", "id": "c", "selected": 1, "value": 1},
-                 {"radio": "D", "id": "d", "selected": 1, "value": 2}]},
-        {"radio": "E", "id": "e", "on": "${a}"}]})",
-                          R"("size": [300, 60], "sample": {"a": false, "b": false}, )"));
-    used.focus("a");
-    used.key(KIT_KEY_RIGHT, KIT_MOD_SHIFT);
-    EXPECT_EQ(used.focused(), " a");
-    used.key(KIT_KEY_RIGHT);
-    EXPECT_EQ(used.focused(), " b");
-    used.key(KIT_KEY_RIGHT);
-    EXPECT_EQ(used.focused(), " a");
-    used.focus("c");
-    used.key(KIT_KEY_RIGHT);
-    EXPECT_EQ(used.focused(), " d");
-    EXPECT_EQ(used.changes(), "value #b b=true\nvalue #a a=true\nvalue #d=2\n");
-}
-
-TEST(KeyboardTest, APageOfRowsWithoutAHeightIsTenRows) {
-    const Used used(scene(R"({"column": [{"rect": "accent", "height": 200},
-        {"each": "rows", "list_item": "A", "id": "row", "height": 0}], "scroll": true})",
-                          R"("size": [50, 100],
-                             "sample": {"rows": [1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12]}, )"));
-    used.focus("row[0]");
-    used.key(KIT_KEY_PAGE_DOWN);
-    used.key(KIT_KEY_ENTER);
-    EXPECT_EQ(used.changes(), "press #row[10]\n");
 }
 
 TEST(KeyboardTest, WhatIsOutOfSightIsNotScrolled) {
@@ -491,6 +323,32 @@ TEST(KeyboardTest, ARowScrollsToWhatGetsTheKeyboard) {
                           R"("size": [100, 40], )"));
     used.focus("a");
     EXPECT_EQ(used.box("a"), (kit_box{50, 0, 50, 40}));
+}
+
+TEST(KeyboardTest, ShortcutsAreWrittenInOneWay) {
+    const auto said = [](const std::string& key) {
+        return refusal(scene(R"({"button": "A", "key": ")" + key + "\"}"));
+    };
+    for (const char* good : {"a", "space", "f12", "ctrl+alt+shift+enter", "shift++", "ä", "+"}) {
+        EXPECT_EQ(said(good), "") << good;
+    }
+    EXPECT_EQ(said("ctrl+S"),
+              "scene:1:45: root.key: found \"ctrl+S\", expected a key, as f5, ctrl+s or "
+              "ctrl+alt+shift+pageup");
+    for (const char* bad :
+         {"", " ", "A", "Z", "f13", "\x7F", "ctrl+", "alt+ctrl+a", "ab", "Enter"}) {
+        EXPECT_NE(said(bad), "") << bad;
+    }
+}
+
+TEST(KeyboardTest, ASharedShortcutIsTold) {
+    const ScreenPtr screen = opened(scene(R"({"column": [{"button": "A", "id": "a", "key": "f1"},
+            {"button": "B", "id": "b", "key": "f1"}, {"button": "C", "key": "f1"}]})"));
+    const std::string report = kit_screen_report(screen.get());
+    EXPECT_NE(report.find("root.column[1]: key: it is that of root.column[0], too"),
+              std::string::npos)
+        << report;
+    EXPECT_EQ(report.find("root.column[2]"), std::string::npos) << report;
 }
 
 }  // namespace

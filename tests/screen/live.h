@@ -7,8 +7,9 @@ namespace orvel_test {
 
 /// A screen, and a hand on it.
 struct Used {
-    explicit Used(const std::string& text, const char* data = nullptr)
-        : screen(opened(text, data)) {}
+    explicit Used(const std::string& text, const char* data = nullptr,
+                  const kit_screen_host* host = nullptr)
+        : screen(opened(text, data, host)) {}
 
     int send(const kit_screen_event& event) const {
         return kit_screen_send(screen.get(), &event, now);
@@ -108,5 +109,11 @@ struct Used {
     ScreenPtr screen;
     long long now = 0;
 };
+
+/// A screen of one control that is 100 pixels wide and 30 high, at the top left.
+inline std::string one(const std::string& control, const std::string& sample) {
+    return scene(R"({"column": [{)" + control + R"(, "id": "it", "width": 100, "height": 30}]})",
+                 R"("size": [200, 200], "sample": )" + sample + ", ");
+}
 
 }  // namespace orvel_test

@@ -1,12 +1,10 @@
 // Every allocation of every call of a screen fails, one by one and with all later ones: the call
 // then says so, raises nothing, leaks nothing, leaves the screen as it was, and does its work when
 // it is made again.
-#include <algorithm>
-#include <fstream>
 #include <set>
 
 #include "screens.h"
-#include "system/allocations.h"
+#include "system/out_of_memory.h"
 
 namespace {
 
@@ -68,10 +66,7 @@ struct Stage {
     char why[200] = "";
 };
 
-struct Row {
-    const char* functions;  // that are called, each followed by a blank
-    int (*act)(Stage&);     // 0, or less for a failure
-};
+using Row = FailingRow<Stage>;
 
 /// What kit_screen_send() says of an event in the middle of a node.
 int sent(Stage& stage, const char* id, int kind) {
@@ -193,31 +188,6 @@ const Row kRows[] = {
      }},
 };
 
-struct Result {
-    int status;
-    bool raised, same;
-    std::string why;
-};
-
-/// Runs a row with one allocation failing, or all from there on.
-Result made(const Row& row, Stage& stage, long failing, bool (*later)()) {
-    const std::string before = described(stage.screen.get());
-    Result result = {0, false, false, ""};
-    {
-        const FailingAllocation failure(failing);
-        ask_before_allocating(later);
-        try {
-            result.status = row.act(stage);
-        } catch (...) {
-            result.raised = true;
-        }
-        ask_before_allocating(nullptr);
-    }
-    result.why = stage.why;
-    result.same = described(stage.screen.get()) == before;
-    return result;
-}
-
 long allocations_of(const Row& row) {
     Stage stage;
     const long before = allocations_made();
@@ -225,15 +195,9 @@ long allocations_of(const Row& row) {
     return allocations_made() - before;
 }
 
-long s_left = 0;  // allocations that succeed before all others fail
-
 class ScreenOutOfMemoryTest : public testing::TestWithParam<Row> {};
 
-INSTANTIATE_TEST_SUITE_P(, ScreenOutOfMemoryTest, testing::ValuesIn(kRows), [](const auto& row) {
-    std::string name = row.param.functions;
-    std::replace(name.begin(), name.end(), ' ', '_');
-    return name + std::to_string(row.index);
-});
+INSTANTIATE_TEST_SUITE_P(, ScreenOutOfMemoryTest, testing::ValuesIn(kRows), name_of_row<Row>);
 
 TEST_P(ScreenOutOfMemoryTest, EveryAllocationThatFailsIsToldAndDoesNoHarm) {
     const Row& row = GetParam();
@@ -245,14 +209,14 @@ TEST_P(ScreenOutOfMemoryTest, EveryAllocationThatFailsIsToldAndDoesNoHarm) {
             const long live = allocations_live();
             {
                 Stage stage;
-                s_left = failing - 1;
-                bool (*const later)() = [] { return s_left-- <= 0; };
-                const Result failed =
-                    alone ? made(row, stage, failing, nullptr) : made(row, stage, 0, later);
+                const std::string before = described(stage.screen.get());
+                const Outcome failed =
+                    while_failing(failing, alone, [&] { return row.act(stage); });
                 EXPECT_FALSE(failed.raised) << failing << " of " << count;
                 EXPECT_LT(failed.status, 0) << failing << " of " << count;
-                EXPECT_TRUE(failed.same) << failing << " of " << count;
-                EXPECT_TRUE(failed.why.empty() || failed.why == "out of memory") << failed.why;
+                const std::string why = stage.why;
+                EXPECT_TRUE(why.empty() || why == "out of memory") << why;
+                EXPECT_EQ(described(stage.screen.get()), before) << failing << " of " << count;
                 EXPECT_EQ(row.act(stage), 0) << stage.why;
             }
             EXPECT_EQ(allocations_live(), live) << failing << " of " << count;
@@ -265,15 +229,8 @@ TEST(ScreenOutOfMemoryTableTest, CallsEveryFunctionThatCanAllocate) {
     const std::set<std::string> others = {
         "kit_screen_version", "kit_screen_size",  "kit_screen_box",    "kit_screen_next",
         "kit_screen_wait",    "kit_screen_caret", "kit_screen_pointer"};
-    std::string called;
-    for (const Row& row : kRows) called += row.functions;
-    std::ifstream names(ORVEL_SOURCE_DIR "/tests/screen/exports.txt");
-    int count = 0;
-    for (std::string name; std::getline(names, name); ++count) {
-        const bool is_called = called.find(name + " ") != std::string::npos;
-        EXPECT_TRUE(is_called || others.count(name)) << name << " needs a row";
-    }
-    EXPECT_GT(count, 10);
+    const auto needs_none = [&](const std::string& name) { return others.count(name) == 1; };
+    EXPECT_GT(expect_rows_for(ORVEL_SOURCE_DIR "/tests/screen/exports.txt", kRows, needs_none), 10);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <memory>
 #include <string>
 
@@ -19,6 +20,21 @@ using ScreenPtr = std::unique_ptr<kit_screen, CloseScreen>;
 /// The scene with this root; @p head are further keys, each with a comma behind it.
 inline std::string scene(const std::string& root, const std::string& head = "") {
     return "{\"orvel\": 1, " + head + "\"root\": " + root + "}";
+}
+
+/// Scenes in memory, by name, and a host that has them included.
+using Files = std::map<std::string, std::string>;
+inline kit_screen_host including(Files& files) {
+    kit_screen_host host = {};
+    host.self = &files;
+    host.include = [](void* self, const char* name, size_t* length) -> const char* {
+        const Files& all = *static_cast<const Files*>(self);
+        const auto at = all.find(name);
+        if (at == all.end()) return nullptr;
+        *length = at->second.size();
+        return at->second.data();
+    };
+    return host;
 }
 
 /// The reason why a scene is refused; empty when it is not.

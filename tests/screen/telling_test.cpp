@@ -96,12 +96,8 @@ TEST(ReportTest, NumbersOutsideTheirRangeAreTold) {
 }
 
 TEST(ReportTest, IdsThatTwoNodesHaveAreTold) {
-    kit_screen_host host = {};
-    host.include = [](void*, const char*, size_t* length) -> const char* {
-        static const std::string text = scene(R"({"row": [{"space": 1, "id": "a"}]})");
-        *length = text.size();
-        return text.data();
-    };
+    Files files = {{"x", scene(R"({"row": [{"space": 1, "id": "a"}]})")}};
+    const kit_screen_host host = including(files);
     const ScreenPtr screen =
         opened(scene(R"({"column": [{"space": 1, "id": "a"}, {"include": "x"}, {"include": "x"},
 {"stack": [{"space": 1}, {"space": 1, "id": "a"}], "show": 0, "height": 5},

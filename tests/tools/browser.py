@@ -3,13 +3,14 @@ import base64
 import json
 import os
 import pathlib
+import shutil
 import subprocess
 import tempfile
 
 
 class Browser:
     def __init__(self, program):
-        self.profile = tempfile.TemporaryDirectory()
+        self.profile = tempfile.mkdtemp()
         to_browser, self.to = os.pipe()
         self.answers, from_browser = os.pipe()
         # The browser reads from 3 and writes to 4.
@@ -18,10 +19,10 @@ class Browser:
             ["sh", "-c", script, program, "--headless=new", "--no-sandbox", "--disable-gpu",
              "--disable-dev-shm-usage", "--remote-debugging-pipe", "--no-first-run",
              "--disable-background-networking", "--disable-component-update",
-             f"--user-data-dir={self.profile.name}"],
+             f"--user-data-dir={self.profile}"],
             pass_fds=(to_browser, from_browser), stdin=subprocess.DEVNULL,
             stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
-            env=os.environ | {"HOME": self.profile.name})
+            env=os.environ | {"HOME": self.profile})
         os.close(to_browser)
         os.close(from_browser)
         self.buffer, self.number, self.session = b"", 0, None
@@ -37,7 +38,8 @@ class Browser:
         self.process.wait(timeout=30)
         os.close(self.to)
         os.close(self.answers)
-        self.profile.cleanup()
+        # Its last children may still write there.
+        shutil.rmtree(self.profile, ignore_errors=True)
 
     def message(self):
         while b"\0" not in self.buffer:
@@ -66,12 +68,16 @@ class Browser:
                     raise RuntimeError(f"{method}: {answer['error']}")
                 return answer["result"]
 
-    def open(self, path, width, height, scheme="light", motion="no-preference"):
+    def look(self, width, height, scheme="light", motion="no-preference"):
+        """At the page that is open."""
         self.call("Emulation.setDeviceMetricsOverride", width=width, height=height,
                   deviceScaleFactor=1, mobile=width < 600)
         self.call("Emulation.setEmulatedMedia",
                   features=[{"name": "prefers-color-scheme", "value": scheme},
                             {"name": "prefers-reduced-motion", "value": motion}])
+
+    def open(self, path, width, height, scheme="light", motion="no-preference"):
+        self.look(width, height, scheme, motion)
         self.call("Page.navigate", url=pathlib.Path(path).resolve().as_uri())
         while self.message().get("method") != "Page.loadEventFired":
             pass

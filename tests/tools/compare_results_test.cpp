@@ -103,8 +103,9 @@ TEST_F(CompareResults, ThePageIsBoundedHoweverMuchFails) {
         noise.pixels.push_back({byte(24), byte(16), byte(8), 255});
     }
     std::string error;
-    for (const char* name : {"/a.png", "/b.png", "/c.png", "/d.png", "/e.png"}) {
-        ASSERT_TRUE(orvel_tools::write_png(noise, actual + name, error));
+    ASSERT_TRUE(orvel_tools::write_png(noise, actual + "/a.png", error));
+    for (const char* name : {"/b.png", "/c.png", "/d.png", "/e.png"}) {
+        std::filesystem::copy_file(actual + "/a.png", actual + name);
     }
     EXPECT_EQ(compare({"--report", folder / "out"}).status, 1);
     const std::string page = read_file(folder / "out");

@@ -3,7 +3,7 @@
 import assert from "node:assert/strict";
 import { readFileSync } from "node:fs";
 import { test } from "node:test";
-import { Canvas, Chart, Theme, Widget } from "orvelsdk";
+import { Canvas, Chart, Face, Theme, Widget } from "orvelsdk";
 import { built, pageProgram, SOURCES } from "./project.mjs";
 
 function same(expected, canvas) {
@@ -64,4 +64,18 @@ test("a theme", () => {
                   { value: 0.5, theme: theme.copy({ accent: [255, 0, 0] }) });
     const themed = readFileSync(`${SOURCES}/bindings/tests/themed.c`, "utf8");
     same(built(themed, "themed.bmp", { "resources/UI/forest.json": file }), canvas);
+});
+
+// The module for pages has the ink of letters in another form than the libraries.
+test("letters without ink", () => {
+    const letter = (code) => `STARTCHAR ${code}\nENCODING ${code}\nSWIDTH 500 0\nDWIDTH 4 0\nBBX 0 0 0 0\n` +
+        "BITMAP\nENDCHAR\n";
+    const face = Face.read(Buffer.from(
+        "STARTFONT 2.1\nFONT blank\nSIZE 8 75 75\nFONTBOUNDINGBOX 4 4 0 0\nSTARTPROPERTIES 2\n" +
+        "FONT_ASCENT 4\nFONT_DESCENT 0\nENDPROPERTIES\nCHARS 2\n" +
+        letter(97) + letter(98) + "ENDFONT\n"));
+    const canvas = new Canvas(60, 20);
+    const blank = canvas.bmp();
+    canvas.text("ab", 4, 12, { face, color: "#ffffff" });
+    same(blank, canvas);
 });

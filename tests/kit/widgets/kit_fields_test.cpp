@@ -2,9 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <cstdlib>
 #include <string>
 
 #include "kit/widgets/kit_samples.h"
+#include "kit/words/tiny_face.h"
 #include "widgets/distinct_theme.h"
 
 namespace {
@@ -45,6 +47,17 @@ std::string written(const kit_box& box) {
            std::to_string(box.h);
 }
 
+/// The field alone on a canvas.
+CanvasPtr drawn(const kit_widget& widget, int w = 80, int h = 50) {
+    CanvasPtr canvas = make_canvas(w, h);
+    EXPECT_EQ(kit_draw(canvas.get(), distinct_theme(), widget), 0);
+    return canvas;
+}
+
+bool has_ink(const CanvasPtr& canvas, int x, int y) {
+    return orvel_canvas_pixel_get(canvas.get(), x, y) == distinct_theme().text;
+}
+
 TEST(KitFieldsTest, TheRoomIsBehindTheFrameAndTheMagnifier) {
     kit_widget widget = field("");
     EXPECT_EQ(written(room_of(widget)), "16,10 48x24");
@@ -57,44 +70,35 @@ TEST(KitFieldsTest, TheRoomIsBehindTheFrameAndTheMagnifier) {
 }
 
 TEST(KitFieldsTest, TheCaretIsWhereItIsDrawn) {
-    const orvel_theme theme = distinct_theme();
-    const CanvasPtr canvas = make_canvas(80, 50);
     for (int caret = 0; caret <= 200; caret += 5) {
         for (const int scroll : {0, 1, 400, 5000}) {
             const kit_widget widget = field(kLong.c_str(), caret, scroll);
-            orvel_canvas_clear(canvas.get(), theme.background);
-            ASSERT_EQ(kit_draw(canvas.get(), theme, widget), 0);
+            const CanvasPtr canvas = drawn(widget);
             const kit_box box = caret_of(widget);
             ASSERT_EQ(box.w, 1);
             for (int y = box.y; y < box.y + box.h; ++y) {
-                ASSERT_EQ(orvel_canvas_pixel_get(canvas.get(), box.x, y), theme.text) << caret;
+                ASSERT_TRUE(has_ink(canvas, box.x, y)) << caret;
             }
             // Above the letters, nothing else has the colour of text.
             int found = 0;
-            for (int x = 12; x < 68; ++x) {
-                found += orvel_canvas_pixel_get(canvas.get(), x, box.y + 1) == theme.text ? 1 : 0;
-            }
+            for (int x = 12; x < 68; ++x) found += has_ink(canvas, x, box.y + 1) ? 1 : 0;
             ASSERT_EQ(found, 1) << caret;
         }
     }
 }
 
 TEST(KitFieldsTest, LettersAreWhereTheReturnedWidthSays) {
-    const orvel_theme theme = distinct_theme();
     for (const int scroll : {0, 1, 3, 150}) {
         const kit_widget widget = field("|.|..|...|....|.....||", 9, scroll);
-        const CanvasPtr canvas = make_canvas(80, 50);
-        kit_draw(canvas.get(), theme, widget);
+        const CanvasPtr canvas = drawn(widget);
         const kit_box room = room_of(widget), caret = caret_of(widget);
         const int start = room.x - scroll_of(widget);
         // The same line, drawn there.
         const CanvasPtr line = make_canvas(80, 50);
-        kit_text_draw(line.get(), nullptr, widget.text, start, 26, theme.text);
+        kit_text_draw(line.get(), nullptr, widget.text, start, 26, distinct_theme().text);
         for (int x = room.x; x < room.x + room.w; ++x) {
             if (x == caret.x) continue;
-            EXPECT_EQ(orvel_canvas_pixel_get(canvas.get(), x, 24) == theme.text,
-                      orvel_canvas_pixel_get(line.get(), x, 24) == theme.text)
-                << scroll << ' ' << x;
+            EXPECT_EQ(has_ink(canvas, x, 24), has_ink(line, x, 24)) << scroll << ' ' << x;
         }
     }
 }
@@ -206,6 +210,84 @@ TEST(KitFieldsTest, WhatLiesBeyondIntIsToldAsItsEnd) {
     EXPECT_EQ(scroll_of(widget), 0);
     EXPECT_EQ(caret_of(widget).y, INT_MAX);
     EXPECT_EQ(caret_of(widget).h, 0);
+}
+
+TEST(KitFieldsTest, ACaretIsSeenWhereverItIs) {
+    for (const int caret : {-5, 0, 1, 50, 100, 199, 200, INT_MAX}) {
+        const CanvasPtr canvas = drawn(field(kLong.c_str(), caret));
+        // Nothing else stands as high above the letters.
+        int found = 0;
+        for (int x = 13; x < 67; ++x) found += has_ink(canvas, x, 15) ? 1 : 0;
+        EXPECT_EQ(found, 1) << caret;
+    }
+}
+
+TEST(KitFieldsTest, ACaretHasAColumnOfAirOnBothSidesWhereThereIsRoom) {
+    constexpr int kWidth = 420, kMiddle = 20;
+    const auto has_letter = [](const CanvasPtr& canvas, int x) {
+        for (int y = 4; y < 2 * kMiddle - 4; ++y) {
+            if (has_ink(canvas, x, y)) return true;
+        }
+        return false;
+    };
+    const std::string text = "Will jV,d A";
+    const int count = static_cast<int>(text.size());
+    for (const kit_face* face : {kit_sans_11(), kit_sans_12(), kit_bold_14(), kit_mono_12()}) {
+        kit_widget widget = {.kind = ORVEL_WIDGET_TEXTBOX,
+                             .box = {0, 0, kWidth, 2 * kMiddle},
+                             .text = text.c_str(),
+                             .face = face};
+        const CanvasPtr plain = drawn(widget, kWidth, 2 * kMiddle);
+        widget.state = KIT_FOCUS;
+        for (int caret = 0; caret <= count; ++caret) {
+            widget.caret = widget.anchor = caret;
+            const CanvasPtr canvas = drawn(widget, kWidth, 2 * kMiddle);
+            int at = 3;  // the only ink in the caret's first row
+            const int top = kMiddle - kit_face_cap(face) / 2 - 3;
+            while (at < kWidth && !has_ink(canvas, at, top)) ++at;
+            const int place = 3 + kit_face_cap(face) / 3 + kit_text_x(face, text.c_str(), caret);
+            ASSERT_LE(std::abs(at - place), 3) << caret;
+            int left = place, right = place;  // what is free around the place
+            while (left > place - 4 && !has_letter(plain, left - 1)) --left;
+            while (right < place + 4 && !has_letter(plain, right)) ++right;
+            if (right == left) continue;
+            EXPECT_GE(at, left + (right - left > 2 ? 1 : 0)) << caret;
+            EXPECT_LT(at, right - (right - left > 1 ? 1 : 0)) << caret;
+        }
+    }
+}
+
+TEST(KitFieldsTest, ACaretKeepsFromTheHollowBoxOfWhatIsMissing) {
+    kit_widget widget = field("Z", 1);
+    widget.box = {0, 0, 60, 30};
+    widget.face = bare_face();
+    const CanvasPtr canvas = drawn(widget);
+    std::string row;  // of the box's sides and the caret
+    for (int x = 4; x < 14; ++x) row += has_ink(canvas, x, 15) ? '#' : '.';
+    EXPECT_EQ(row, ".#..#.#...");
+}
+
+TEST(KitFieldsTest, WithoutFocusThereIsNoCaretOrSelection) {
+    const auto shown = [](unsigned state, int caret) {
+        kit_widget widget = field("abc");
+        widget.state = state;
+        widget.caret = caret;
+        return checksum(drawn(widget).get());
+    };
+    EXPECT_EQ(shown(0, 2), shown(0, 0));
+    EXPECT_NE(shown(KIT_FOCUS, 2), shown(0, 2));
+    EXPECT_NE(shown(KIT_FOCUS | KIT_DISABLED, 2), shown(KIT_FOCUS, 2));
+}
+
+TEST(KitFieldsTest, OfASelectionOutOfSightNothingShows) {
+    // The caret is at the left end of what shows.
+    kit_widget widget = field(kLong.c_str(), 20, 1 + kit_text_width(nullptr, &kLong[180]));
+    const auto shown = [&](int anchor) {
+        widget.anchor = anchor;
+        return checksum(drawn(widget).get());
+    };
+    EXPECT_EQ(shown(0), shown(20));
+    EXPECT_NE(shown(40), shown(20));
 }
 
 }  // namespace

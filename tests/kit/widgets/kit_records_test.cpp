@@ -3,12 +3,10 @@
 
 #include <climits>
 #include <cmath>
-#include <cstdlib>
 #include <string>
 #include <utility>
 
 #include "kit/widgets/kit_samples.h"
-#include "kit/words/tiny_face.h"
 #include "system/allocations.h"
 #include "widgets/distinct_theme.h"
 
@@ -240,97 +238,6 @@ TEST_F(KitRecordsTest, OfADisabledTitleBarTheDotsAreMixedToo) {
               kit_mix({0xF3, 0x8B, 0xA8, 255}, theme_.background, 50));
 }
 
-TEST_F(KitRecordsTest, ACaretIsSeenWhereverItIs) {
-    const std::string text(200, 'x');
-    for (const int caret : {-5, 0, 1, 50, 100, 199, 200, INT_MAX}) {
-        orvel_canvas_clear(canvas_.get(), theme_.background);
-        ASSERT_EQ(draw({.kind = ORVEL_WIDGET_TEXTBOX,
-                        .box = {10, 10, 60, 24},
-                        .text = text.c_str(),
-                        .state = KIT_FOCUS,
-                        .caret = caret,
-                        .anchor = caret}),
-                  0);
-        // Nothing else stands as high above the letters.
-        int found = 0;
-        for (int x = 13; x < 67; ++x) {
-            found += orvel_canvas_pixel_get(canvas_.get(), x, 15) == theme_.text ? 1 : 0;
-        }
-        EXPECT_EQ(found, 1) << caret;
-    }
-}
-
-TEST_F(KitRecordsTest, ACaretHasAColumnOfAirOnBothSidesWhereThereIsRoom) {
-    constexpr int kWidth = 420, kMiddle = 20;
-    const auto has_ink = [&](const orvel_canvas* canvas, int x) {
-        for (int y = 4; y < 2 * kMiddle - 4; ++y) {
-            if (orvel_canvas_pixel_get(canvas, x, y) == theme_.text) return true;
-        }
-        return false;
-    };
-    const std::string text = "Will jV,d A";
-    const int count = static_cast<int>(text.size());
-    for (const kit_face* face : {kit_sans_11(), kit_sans_12(), kit_bold_14(), kit_mono_12()}) {
-        const CanvasPtr plain = make_canvas(kWidth, 2 * kMiddle);
-        kit_widget widget = {.kind = ORVEL_WIDGET_TEXTBOX,
-                             .box = {0, 0, kWidth, 2 * kMiddle},
-                             .text = text.c_str(),
-                             .face = face};
-        kit_draw(plain.get(), theme_, widget);
-        for (int caret = 0; caret <= count; ++caret) {
-            const CanvasPtr canvas = make_canvas(kWidth, 2 * kMiddle);
-            widget.state = KIT_FOCUS;
-            widget.caret = widget.anchor = caret;
-            kit_draw(canvas.get(), theme_, widget);
-            int at = 3;  // the only ink in the caret's first row
-            const int top = kMiddle - kit_face_cap(face) / 2 - 3;
-            while (at < kWidth && !(orvel_canvas_pixel_get(canvas.get(), at, top) == theme_.text)) {
-                ++at;
-            }
-            const int place = 3 + kit_face_cap(face) / 3 + kit_text_x(face, text.c_str(), caret);
-            ASSERT_LE(std::abs(at - place), 3) << caret;
-            int left = place, right = place;  // what is free around the place
-            while (left > place - 4 && !has_ink(plain.get(), left - 1)) --left;
-            while (right < place + 4 && !has_ink(plain.get(), right)) ++right;
-            if (right == left) continue;
-            EXPECT_GE(at, left + (right - left > 2 ? 1 : 0)) << caret;
-            EXPECT_LT(at, right - (right - left > 1 ? 1 : 0)) << caret;
-        }
-    }
-}
-
-TEST_F(KitRecordsTest, ACaretKeepsFromTheHollowBoxOfWhatIsMissing) {
-    kit_widget widget = {.kind = ORVEL_WIDGET_TEXTBOX,
-                         .box = {0, 0, 60, 30},
-                         .text = "Z",
-                         .face = bare_face(),
-                         .state = KIT_FOCUS,
-                         .caret = 1,
-                         .anchor = 1};
-    EXPECT_EQ(draw(widget), 0);
-    std::string row;  // of the box's sides and the caret
-    for (int x = 4; x < 14; ++x) {
-        row += orvel_canvas_pixel_get(canvas_.get(), x, 15) == theme_.text ? '#' : '.';
-    }
-    EXPECT_EQ(row, ".#..#.#...");
-}
-
-TEST_F(KitRecordsTest, WithoutFocusThereIsNoCaretOrSelection) {
-    kit_widget widget = {.kind = ORVEL_WIDGET_TEXTBOX, .box = {10, 10, 60, 24}, .text = "abc"};
-    draw(widget);
-    const auto plain = checksum(canvas_.get());
-    widget.caret = 2;
-    draw(widget);
-    EXPECT_EQ(checksum(canvas_.get()), plain);
-    widget.state = KIT_FOCUS;
-    draw(widget);
-    const auto focused = checksum(canvas_.get());
-    EXPECT_NE(focused, plain);
-    widget.state = KIT_FOCUS | KIT_DISABLED;
-    draw(widget);
-    EXPECT_NE(checksum(canvas_.get()), focused);
-}
-
 TEST_F(KitRecordsTest, TheRingOfAButtonShowsOnTheAccent) {
     theme_.button = theme_.button_hover = theme_.accent;
     kit_widget widget = {.kind = ORVEL_WIDGET_BUTTON, .box = {10, 10, 60, 24}, .text = "Save"};
@@ -339,24 +246,6 @@ TEST_F(KitRecordsTest, TheRingOfAButtonShowsOnTheAccent) {
     widget.state = KIT_FOCUS;
     draw(widget);
     EXPECT_NE(checksum(canvas_.get()), plain);
-}
-
-TEST_F(KitRecordsTest, OfASelectionOutOfSightNothingShows) {
-    const std::string words(40, 'x');
-    kit_widget widget = {
-        .kind = ORVEL_WIDGET_TEXTBOX, .box = {10, 10, 60, 24}, .text = words.c_str()};
-    widget.state = KIT_FOCUS;
-    widget.caret = widget.anchor = 20;
-    const int before = kit_text_width(nullptr, std::string(20, 'x').c_str());
-    widget.scroll = 1 + before;  // the caret is at the left end of what shows
-    draw(widget);
-    const auto unchosen = checksum(canvas_.get());
-    widget.anchor = 0;
-    draw(widget);
-    EXPECT_EQ(checksum(canvas_.get()), unchosen);
-    widget.anchor = 40;
-    draw(widget);
-    EXPECT_NE(checksum(canvas_.get()), unchosen);
 }
 
 TEST_F(KitRecordsTest, DisabledWidgetsShowNeitherHoverNorFocus) {
