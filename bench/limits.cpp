@@ -180,7 +180,8 @@ std::function<void(int)> creating(const Workload& work) {
     const std::size_t count = Memory(work).words.size();
     return [count](int times) {
         while (times-- > 0) {
-            Word* const words = static_cast<Word*>(std::malloc(count * sizeof(Word)));
+            Word* words = static_cast<Word*>(std::malloc(count * sizeof(Word)));
+            asm volatile("" : "+r"(words));  // lest it become calloc, which skips fresh memory
             fill(words, count, 0xFF000000u);
             asm volatile("" : : "r"(words) : "memory");
             std::free(words);

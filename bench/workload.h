@@ -59,7 +59,8 @@ struct Workload {
 constexpr orvel_color kPaper = {30, 30, 30, 255};
 constexpr orvel_color kInk = {200, 120, 40, 255};
 
-/// All workloads. Their picture files are made in @p folder, which becomes the resource root.
+/// All workloads. What they save goes to @p folder; the resource root becomes where those are that
+/// they read.
 std::vector<Workload> workloads(const std::string& folder);
 
 }  // namespace bench

@@ -180,6 +180,7 @@ function facts() {
         events: valuesOf("kit_event_kind"),
         changes: valuesOf("kit_change_kind"),
         keys: valuesOf("kit_key"),
+        modifiers: valuesOf("kit_modifier"),
     };
 }
 

@@ -3,19 +3,13 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "picture.h"
+#include "names.h"
+#include "picture_file.h"
 
 namespace manual {
 
 void Output::save(const orvel_canvas* canvas, const std::string& name, int scale) const {
-    const orvel_tools::Picture small = orvel_tools::picture_of(canvas);
-    orvel_tools::Picture large;
-    large.width = small.width * scale;
-    large.height = small.height * scale;
-    for (int y = 0; y < large.height; ++y) {
-        for (int x = 0; x < large.width; ++x)
-            large.pixels.push_back(small.at(x / scale, y / scale));
-    }
+    const orvel_tools::Picture large = orvel_tools::scaled(orvel_tools::picture_of(canvas), scale);
     std::string error;
     if (orvel_tools::write_png(large, folder + "/" + name + ".png", error)) return;
     std::fprintf(stderr, "orvel-manual-pictures: %s\n", error.c_str());
@@ -58,21 +52,8 @@ std::string picture_element(const std::string& name, const std::string& alt, int
         "width=\"" + std::to_string(width) + "\" height=\"" + std::to_string(height) + "\"";
     return "<picture><source srcset=\"pictures/" + name +
            "-dark.png\" media=\"(prefers-color-scheme: dark)\"><img src=\"pictures/" + name +
-           "-light.png\" alt=\"" + escaped(alt) + "\" " + size + " loading=\"lazy\"></picture>";
-}
-
-std::string escaped(const std::string& text) {
-    std::string out;
-    for (const char letter : text) {
-        switch (letter) {
-        case '&': out += "&amp;"; break;
-        case '<': out += "&lt;"; break;
-        case '>': out += "&gt;"; break;
-        case '"': out += "&quot;"; break;
-        default: out += letter;
-        }
-    }
-    return out;
+           "-light.png\" alt=\"" + orvel_tools::escaped_markup(alt) + "\" " + size +
+           " loading=\"lazy\"></picture>";
 }
 
 }  // namespace manual

@@ -37,9 +37,6 @@ void save_both(const Output& out, const std::string& name, int width, int height
 /// The element that shows the picture of save_both() which suits the reader's own theme.
 std::string picture_element(const std::string& name, const std::string& alt, int width, int height);
 
-/// @p text with the characters that HTML gives a meaning replaced.
-std::string escaped(const std::string& text);
-
 void write_charts(const Output& out);
 void write_glyphs(const Output& out);
 void write_icons(const Output& out);

@@ -1,5 +1,6 @@
 // The shapes of the 95 characters, each in its cell of 5 x 7 pixels.
 #include "files.h"
+#include "names.h"
 
 namespace manual {
 
@@ -15,7 +16,7 @@ void write_glyphs(const Output& out) {
                       orvel_canvas_clear(canvas, theme.surface);
                       orvel_text_draw(canvas, text.c_str(), kMargin, kMargin, theme.text);
                   });
-        const std::string shown = code == 32 ? "space" : escaped(text);
+        const std::string shown = code == 32 ? "space" : orvel_tools::escaped_markup(text);
         list << "<figure>"
              << picture_element(name, "what is drawn for " + (code == 32 ? shown : text),
                                 (5 + 2 * kMargin) * kScale, (7 + 2 * kMargin) * kScale)

@@ -4,7 +4,7 @@ import { facts } from "./facts.js";
 import { focusedNode, isField, lay, patch, pixelAt } from "./stage.js";
 import { makeTyping } from "./typing.js";
 
-const { events: KIND, changes: CHANGE, keys: KEYS } = facts;
+const { events: KIND, changes: CHANGE, keys: KEYS, modifiers: HELD } = facts;
 const FIRST_KEY = KEYS.enter; // of those without a character
 const BY_KEYS = [KIND.key, KIND.text, KIND.compose, KIND.paste];
 const POINTERS = ["default", "pointer", "text"];
@@ -20,10 +20,9 @@ function keyOf({ key }) {
     return KEYS[key.replace(/^Arrow/, "").toLowerCase()];
 }
 
-function modifiersOf(event) {
-    return (
-        (event.shiftKey ? 1 : 0) | (event.ctrlKey || event.metaKey ? 2 : 0) | (event.altKey ? 4 : 0)
-    );
+function modifiersOf({ shiftKey, ctrlKey, metaKey, altKey }) {
+    const control = ctrlKey || metaKey;
+    return (shiftKey && HELD.shift) | (control && HELD.control) | (altKey && HELD.alt);
 }
 
 /**
@@ -38,7 +37,7 @@ export function makeLive({ engine, told, failed }) {
     let timer = 0;
     const typing = makeTyping({
         key(name, control = false) {
-            send({ kind: KIND.key, key: keyOf({ key: name }), modifiers: control ? 2 : 0 });
+            send({ kind: KIND.key, key: keyOf({ key: name }), modifiers: control ? HELD.control : 0 });
         },
         text: (text) => send({ kind: KIND.text, text }),
         compose: (text) => send({ kind: KIND.compose, text, caret: encoder.encode(text).length }),
@@ -154,7 +153,8 @@ export function makeLive({ engine, told, failed }) {
         if (event.metaKey || (event.ctrlKey && "rtwn".includes(event.key))) return;
         event.preventDefault();
         send({ kind: KIND.key, key, modifiers });
-        if (key < FIRST_KEY && (modifiers & 6) === 0) send({ kind: KIND.text, text: event.key });
+        const isTyped = key < FIRST_KEY && (modifiers & ~HELD.shift) === 0;
+        if (isTyped) send({ kind: KIND.text, text: event.key });
     });
 
     return {
