@@ -62,7 +62,8 @@ test("no message of a program's stands for what it drew", async () => {
 
 test("a program cannot close what it runs in, nor begin anew", async () => {
     const { page, faults } = await open();
-    await toProgram(page, "");
+    await toProgram(page, "kit_canvas(3, 2);");
+    await said(page, /3 × 2/);
     for (const [code, told] of [
         ["kit_canvas(9, 7);\n}); orvelPlay(async () => {", /^Line 2: SyntaxError/],
         ["kit_canvas(9, 7);\n}, self.mine = 1, async () => {", /^Line 2: SyntaxError/],
