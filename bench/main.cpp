@@ -208,9 +208,9 @@ void time_all(const std::vector<Workload>& table, const Options& options) {
     std::printf(
         "\nGeometric mean of the %zu rows with a peer: it needs %s of the fastest peer's time, ",
         summary.peer_ratios.size(),
-        ratio_text(Summary::geometric_mean(summary.peer_ratios), 0.4).c_str());
+        ratio_text(Summary::geometric_mean(summary.peer_ratios), 0.36).c_str());
     std::printf("%s of the limit's.\nGoals missed: %d.\n\nCompared: ",
-                ratio_text(Summary::geometric_mean(summary.limit_ratios), 1.7).c_str(),
+                ratio_text(Summary::geometric_mean(summary.limit_ratios), 1.5).c_str(),
                 summary.missed);
     const char* separator = "";
     for (const Implementation& implementation : implementations()) {
