@@ -1,6 +1,7 @@
 #include "screen/kinds.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "orvel_kit.h"
 #include "screen/document.h"
@@ -162,10 +163,16 @@ std::vector<std::string_view> key_names(unsigned keys) {
 }
 
 std::vector<std::string_view> choices_of(Type type) {
-    if (type == Type::Align) return {"start", "center", "end", "stretch"};
-    if (type == Type::Side3) return {"left", "center", "right"};
-    if (type == Type::Justify) return {"start", "center", "end", "between"};
-    if (type == Type::Shape) return {"line", "area", "spark", "bars", "stacked", "gauge"};
+    // Not lists in braces: g++ 12 loses those where it optimises for 32-bit x86 while it links.
+    static constexpr std::string_view kAligns[] = {"start", "center", "end", "stretch"};
+    static constexpr std::string_view kSides[] = {"left", "center", "right"};
+    static constexpr std::string_view kJustified[] = {"start", "center", "end", "between"};
+    static constexpr std::string_view kShapes[] = {"line", "area",    "spark",
+                                                   "bars", "stacked", "gauge"};
+    if (type == Type::Align) return {std::begin(kAligns), std::end(kAligns)};
+    if (type == Type::Side3) return {std::begin(kSides), std::end(kSides)};
+    if (type == Type::Justify) return {std::begin(kJustified), std::end(kJustified)};
+    if (type == Type::Shape) return {std::begin(kShapes), std::end(kShapes)};
     return {};
 }
 

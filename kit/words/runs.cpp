@@ -53,7 +53,8 @@ void each_run(const Glyph& glyph, const Clip& part, Use use) {
 template <typename Use>
 void each_box(const Glyph& glyph, const Clip& part, Use use) {
     if constexpr (kInkIsRows) {
-        if (glyph.width == 0) return;  // a letter, and no frame, even where no letter has rows
+        // A letter, and no frame, even where no letter has rows.
+        if (glyph.width == 0 || glyph.height == 0) return;
     } else if (glyph.strokes) {
         return each_stroke(glyph.strokes, use);
     }

@@ -1,7 +1,7 @@
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
 
@@ -16,6 +16,11 @@ constexpr std::size_t kHeaderSize = 54;
 constexpr std::size_t kBlockSize = 65536;
 
 using Header = std::array<unsigned char, kHeaderSize>;
+
+struct Free {
+    void operator()(unsigned char* bytes) const { std::free(bytes); }
+};
+using Block = std::unique_ptr<unsigned char[], Free>;
 
 Header make_header(const orvel_canvas& canvas, std::uint32_t stride, std::uint32_t depth,
                    std::uint32_t compression) {
@@ -54,20 +59,28 @@ int save(const orvel_canvas& canvas, const char* path, const Header& header, std
     File file;
     if (!file.open_for_writing(path)) return -1;
     file.write(header.data(), header.size());
-    const auto height = static_cast<std::size_t>(canvas.height);
-    const std::size_t rows_a_block = std::clamp<std::size_t>(kBlockSize / stride, 1, height);
-    file.stay_open(true);  // Deliberate, with its header, if there is no memory for rows.
+    file.stay_open(true);  // Deliberate, with its header, if there is no memory for a row.
     // Zeroed, so that what fills rows up is 0.
-    const std::unique_ptr<unsigned char[]> block(new unsigned char[rows_a_block * stride]());
+    const std::unique_ptr<unsigned char[]> row(new unsigned char[stride]());
     file.stay_open(false);
-    for (std::size_t left = height; left > 0;) {
-        const std::size_t rows = std::min(left, rows_a_block);
-        for (std::size_t i = 0; i < rows; ++i) {
-            const auto y = static_cast<std::int64_t>(--left);
-            store(pixel_at(canvas, 0, y), canvas.width, block.get() + i * stride);
+    // Rows are written together, where there is memory for that.
+    const Block block(static_cast<unsigned char*>(std::malloc(kBlockSize)));
+    const std::size_t size = block ? kBlockSize : 0;
+    std::size_t used = 0;
+    for (std::int64_t y = canvas.height - 1; y >= 0; --y) {
+        store(pixel_at(canvas, 0, y), canvas.width, row.get());
+        if (used + stride > size) {
+            file.write(block.get(), used);
+            used = 0;
         }
-        file.write(block.get(), rows * stride);
+        if (stride > size) {
+            file.write(row.get(), stride);
+        } else {
+            std::memcpy(block.get() + used, row.get(), stride);
+            used += stride;
+        }
     }
+    file.write(block.get(), used);
     return 0;
 }
 

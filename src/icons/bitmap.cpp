@@ -50,12 +50,6 @@ struct Header {
     int64_t image_row(int64_t stored) const { return top_first() ? stored : rows() - 1 - stored; }
 };
 
-/// The beginning of a file, which is read at once: an icon of 64 × 64 as a whole.
-struct Beginning {
-    unsigned char bytes[Header::kBytes + 64 * 64 * 4];
-    int64_t count;
-};
-
 /// Deliberate: a row of so many bytes cannot be had, and the container says so to the host.
 void raise_length_error(int32_t stride) {
     std::vector<unsigned char> row(static_cast<std::size_t>(stride));  // GCOVR_EXCL_BR_LINE: throws
@@ -132,9 +126,8 @@ void draw(const orvel_canvas& canvas, const Header& header, const unsigned char*
     }
 }
 
-/// Draws the bitmap, whose header is in @p beginning, reading as many rows at once as fit a block.
-void draw_rows(const orvel_canvas& canvas, File& file, const Header& header,
-               const Beginning& beginning, int x, int y) {
+/// Draws the bitmap, reading as many rows at once as fit a block.
+void draw_rows(const orvel_canvas& canvas, File& file, const Header& header, int x, int y) {
     const int64_t stride = header.stride();
     if (header.width < 1 || stride == 0 || header.data < 0) return;
     const auto [columns, stored] = drawn_of(canvas, header, file.size(), x, y);
@@ -143,10 +136,6 @@ void draw_rows(const orvel_canvas& canvas, File& file, const Header& header,
     const int64_t left_bytes = columns.first * header.pixel_bytes();    // of a row, not read
     const int64_t last_bytes = columns.count() * header.pixel_bytes();  // of a block's last row
     const int64_t first_byte = header.data + left_bytes;                // of the first stored row
-    if (first_byte + (stored.end - 1) * stride + last_bytes <= beginning.count) {
-        const unsigned char* const from = beginning.bytes + first_byte + stored.first * stride;
-        return draw(canvas, header, from, {columns, stored}, x, y);
-    }
     const int64_t rows_a_block =
         std::min(stored.count(), std::max<int64_t>(1, kBlockBytes / stride));
     const auto block_bytes = static_cast<std::size_t>((rows_a_block - 1) * stride + last_bytes);
@@ -171,14 +160,12 @@ int orvel_icon_draw_bitmap(orvel_canvas* canvas, const char* name, int x, int y)
     if (!canvas || !name) return -1;
     File file;
     if (!open_resource(file, "Icons", name)) return -1;
-    const std::unique_ptr<Beginning> beginning(new Beginning);  // more than small stacks have
-    unsigned char* const bytes = beginning->bytes;
-    beginning->count =
-        static_cast<int64_t>(file.read(bytes, Header::kBytes, sizeof beginning->bytes));
-    if (beginning->count < Header::kBytes || bytes[0] != 'B' || bytes[1] != 'M') return -1;
+    unsigned char bytes[Header::kBytes];
+    if (file.read(bytes, sizeof bytes, sizeof bytes) != sizeof bytes) return -1;
+    if (bytes[0] != 'B' || bytes[1] != 'M') return -1;
     const Header header(bytes);
     if (header.bits != 24 && header.bits != 32) return -1;
     if (header.stride() < 0) raise_length_error(header.stride());  // GCOVR_EXCL_BR_LINE: throws
-    draw_rows(*canvas, file, header, *beginning, x, y);
+    draw_rows(*canvas, file, header, x, y);
     return 0;
 }

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -39,9 +40,9 @@ TEST(LongRunTest, FillsNothingWhereItHasNoPixels) {
 }
 
 TEST(LongRunTest, FillsRunsThatNoCacheHolds) {
-    constexpr std::int64_t kBefore = 8, kBehind = 8;
-    for (const std::int64_t aside : {0, 1, 2, 3}) {
-        const std::int64_t first = kBefore + aside, count = (6 << 20) + 5 * aside;
+    constexpr std::ptrdiff_t kBefore = 8, kBehind = 8;
+    for (const std::ptrdiff_t aside : {0, 1, 2, 3}) {
+        const std::ptrdiff_t first = kBefore + aside, count = (6 << 20) + 5 * aside;
         const auto pixels = filled(first, count, first + count + kBehind);
         const auto end = pixels.end() - kBehind;
         EXPECT_EQ(std::count(pixels.begin() + first, end, kColor), count) << aside;

@@ -22,6 +22,7 @@ struct Description {
 
 constexpr Description kDescriptions[] = {
     {"new", ENOMEM},
+    {"malloc", ENOMEM},
     {"open", EMFILE, Description::leased},
     {"creat", EMFILE},
     {"open /", EMFILE},

@@ -10,6 +10,7 @@ namespace orvel_test {
 /// What the library calls and can be refused.
 enum class Call {
     allocate,
+    malloc,
     open,
     create,
     hold_stream,

@@ -11,6 +11,7 @@
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <map>
 #include <utility>
@@ -46,9 +47,22 @@ private:
 };
 
 Lent<int> s_descriptors;
+Lent<void*> s_blocks;
 char s_log[4096];
 std::size_t s_log_size = 0;
 std::string s_tone_path;
+
+void* allocated(std::size_t size) {
+    if (fails(Call::malloc)) return nullptr;
+    void* const block = std::malloc(size);
+    if (is_armed()) s_blocks.add(block);
+    return block;
+}
+
+void released(void* block) {
+    s_blocks.remove(block);
+    std::free(block);
+}
 
 bool is_tone(const char* path) { return std::strcmp(path, "/tmp/orvelsdk_tone.wav") == 0; }
 
@@ -196,6 +210,8 @@ void* address(Function* function) {
 
 const std::map<std::string, void*>& replacements() {
     static const std::map<std::string, void*> functions = {
+        {"malloc", address(allocated)},
+        {"free", address(released)},
         {"open", address(opened)},
         {"close", address(closed)},
         {"read", address(read_on)},
@@ -269,7 +285,7 @@ std::string taken_log() {
 }
 
 std::string left_behind() {
-    return counted(s_descriptors.count(), "descriptor") +
+    return counted(s_descriptors.count(), "descriptor") + counted(s_blocks.count(), "block") +
            counted(live_sound_objects(), "sound object") +
            counted(loaded_libraries(), loaded_libraries() == 1 ? "library" : "libraries") +
            counted(unreaped_players(), "player");
@@ -277,6 +293,7 @@ std::string left_behind() {
 
 void clean_up() {
     while (s_descriptors.count() > 0) closed(s_descriptors.last());
+    while (s_blocks.count() > 0) released(s_blocks.last());
     end_all_players();
     s_log_size = 0;
 }

@@ -68,12 +68,12 @@ test("a theme", () => {
 
 // The module for pages has the ink of letters in another form than the libraries.
 test("letters without ink", () => {
-    const letter = (code) => `STARTCHAR ${code}\nENCODING ${code}\nSWIDTH 500 0\nDWIDTH 4 0\nBBX 0 0 0 0\n` +
-        "BITMAP\nENDCHAR\n";
+    const letter = (code, width) =>
+        `STARTCHAR ${code}\nENCODING ${code}\nSWIDTH 500 0\nDWIDTH 4 0\nBBX ${width} 0 0 0\nBITMAP\nENDCHAR\n`;
     const face = Face.read(Buffer.from(
         "STARTFONT 2.1\nFONT blank\nSIZE 8 75 75\nFONTBOUNDINGBOX 4 4 0 0\nSTARTPROPERTIES 2\n" +
         "FONT_ASCENT 4\nFONT_DESCENT 0\nENDPROPERTIES\nCHARS 2\n" +
-        letter(97) + letter(98) + "ENDFONT\n"));
+        letter(97, 0) + letter(98, 1) + "ENDFONT\n"));
     const canvas = new Canvas(60, 20);
     const blank = canvas.bmp();
     canvas.text("ab", 4, 12, { face, color: "#ffffff" });

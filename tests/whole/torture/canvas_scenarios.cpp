@@ -105,6 +105,7 @@ std::vector<Rule> rules_of_saving(const std::string& before, int row) {
         {"creat", "-1, " + before},
         {"fstat", "-1, " + emptied},
         {"new", lost(54)},
+        {"malloc", "0, whole", told("0", 54)},  // then row by row
         {"write 1 first byte", "0, whole", lost(1)},
         {"write 1 half", "0, whole", lost(27)},
         {"write 1 all but last", "0, whole", lost(53)},
@@ -141,7 +142,8 @@ Scenarios files() {
          {{"creat", "-1"},
           {"fstat", "-1"},
           {"write 1", "0", "bad_alloc; 1 descriptor left"},
-          {"new", "bad_alloc; 1 descriptor left"}}},
+          {"new", "bad_alloc; 1 descriptor left"},
+          {"malloc", "0"}}},
         {"no picture is saved",
          [](Host& host) {
              host.call(orvel_canvas_save_bmp, nullptr, "picture.bmp");

@@ -52,7 +52,10 @@ Scenarios other_kinds() {
           {"open", "made, untouched"},
           {"read short", "made, drawn", "made, untouched"},
           {"read", "made, untouched"},
-          {"lseek", "made, untouched"}}},
+          {"lseek", "made, untouched"},
+          {"pread all but last", "made, drawn", "made, partly drawn"},
+          {"pread short", "made, drawn", "made, untouched"},
+          {"pread", "made, untouched"}}},
         {"a widget without a canvas",
          [](Host& host) {
              host.draw_and_destroy(
