@@ -89,7 +89,9 @@ void check_beside(const Trail& trail, const Value& node) {
                "found " + in_quotes(key) + how + in_quotes(other));
     };
     using Two = std::pair<const char*, const char*>;
-    std::vector<Two> pairs = {{"as", "each"}, {"lines", "wrap"}, {"value", "selected"}};
+    // Not a list in braces, as in choices_of().
+    static constexpr Two kPairs[] = {{"as", "each"}, {"lines", "wrap"}, {"value", "selected"}};
+    std::vector<Two> pairs(std::begin(kPairs), std::end(kPairs));
     if (node.find("dropdown")) pairs.emplace_back("selected", "items");
     if (node.find("radio") || node.find("list_item")) pairs.emplace_back("selected", "value");
     for (const auto& [key, needed] : pairs) {
